@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#include "QorLib/Exceptions.h"
+
+#include <cstdio>
+
+#include "QorLib/Format.h"
+
+namespace qor::win {
+namespace {
+
+std::string Described(const std::string& description) {
+  return description.empty() ? "Cannot obtain error description." : description;
+}
+
+std::string BoxText(std::uint32_t code, const std::string& description) {
+  char hex[16];
+  std::snprintf(hex, sizeof hex, "0x%08X", static_cast<unsigned>(code));
+  return Format("\nWin32 API Error.\nError Code: {1} ({2})\nDescription: {3}",
+                {code, static_cast<const char*>(hex), Described(description)});
+}
+
+}  // namespace
+
+xsystem::xsystem(std::uint32_t code, const std::string& description)
+    : std::runtime_error(BoxText(code, description)), code_(code), description_(Described(description)) {}
+
+void ThrowSystemFailure(FailureKind kind, std::uint32_t code, const std::string& description) {
+  switch (kind) {
+    case FailureKind::AccessDenied: throw xaccess_denied(code, description);
+    case FailureKind::WriteProtected: throw xwrite_protected(code, description);
+    case FailureKind::SharingViolation: throw xsharing_violation(code, description);
+    case FailureKind::DiskFull: throw xdisk_full(code, description);
+    case FailureKind::WriteFault: throw xwrite_fault(code, description);
+    case FailureKind::ReadFault: throw xread_fault(code, description);
+    case FailureKind::Other: break;
+  }
+  throw xsystem(code, description);
+}
+
+}  // namespace qor::win

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <concepts>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace qor {
+
+/// One argument of Format: a text as it is, or an integer in decimal.
+class FormatArgument {
+ public:
+  FormatArgument(std::string_view text) : text_(text) {}
+  FormatArgument(const char* text) : text_(text) {}
+  FormatArgument(std::string text) : text_(std::move(text)) {}
+  template <std::integral Integer>
+  FormatArgument(Integer number) : text_(std::to_string(number)) {}
+
+  const std::string& Text() const { return text_; }
+
+ private:
+  std::string text_;
+};
+
+/// `number` in decimal with at least `width` digits, filled with zeros behind the sign: (7, 2) is "07".
+std::string ZeroFilled(long long number, std::size_t width);
+
+/// Replaces the placeholders "{1}", "{2}", … of `text` by the arguments of those numbers. One pass: what an
+/// argument brings in is never looked at again. A placeholder without an argument stays as it stands.
+std::string Format(std::string_view text, std::initializer_list<FormatArgument> arguments);
+
+}  // namespace qor

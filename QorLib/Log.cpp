@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#include "QorLib/Log.h"
+
+#include <utility>
+
+#include "QorLib/HexDump.h"
+
+namespace qor {
+
+Log::Log(std::function<TimeOfDay()> timeOfDay) : timeOfDay_(std::move(timeOfDay)) {}
+
+void Log::SetTracing(bool on) {
+  const std::lock_guard lock(mutex_);
+  isTracing_ = on;
+}
+
+bool Log::IsTracing() {
+  const std::lock_guard lock(mutex_);
+  return isTracing_;
+}
+
+void Log::Message(std::string_view english, std::initializer_list<FormatArgument> arguments) {
+  Write(Kind::Message, Format(translate_(english), arguments));
+}
+
+void Log::Trace(std::string_view text) {
+  if (!IsTracing()) return;
+  const TimeOfDay time = timeOfDay_();
+  Write(Kind::Trace,
+        Format("{1}:{2}:{3}:{4} {5}", {time.hour, ZeroFilled(time.minute, 2), ZeroFilled(time.second, 2),
+                                       ZeroFilled(time.millisecond, 3), text}));
+}
+
+void Log::TraceDump(std::string_view bytes) {
+  if (IsTracing()) Write(Kind::Trace, HexDump(bytes));
+}
+
+std::vector<Log::Line> Log::TakeLines() {
+  const std::lock_guard lock(mutex_);
+  return std::exchange(lines_, {});
+}
+
+void Log::Write(Kind kind, std::string text) {
+  {
+    const std::lock_guard lock(mutex_);
+    lines_.push_back({kind, std::move(text)});
+  }
+  if (onLine_) onLine_();
+}
+
+std::string TextOf(const std::vector<Log::Line>& lines) {
+  std::string text;
+  for (const Log::Line& line : lines) {
+    text += line.text;
+    if (!line.text.ends_with('\n')) text += "\r\n";
+  }
+  return text;
+}
+
+}  // namespace qor

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <initializer_list>
+#include <mutex>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "QorLib/Format.h"
+#include "QorLib/Translate.h"
+
+namespace qor {
+
+/// The local time of day that stands before a trace line.
+struct TimeOfDay {
+  unsigned hour, minute, second, millisecond;
+};
+
+/// The one line sink of a program: jobs and devices write into it from any thread, the front end takes the
+/// collected lines out. Two kinds of lines: messages to the user, and the trace of the communication with the
+/// controllers, which is kept only while tracing is switched on.
+class Log {
+ public:
+  enum class Kind { Message, Trace };
+  struct Line {
+    Kind kind;
+    std::string text;  // without the line end; a hex dump stands as rows that end with a line feed each
+
+    bool operator==(const Line&) const = default;
+  };
+
+  /// `timeOfDay` is asked at each trace line, on the thread that writes it.
+  explicit Log(std::function<TimeOfDay()> timeOfDay);
+
+  /// Set once, before other threads write. `onLine` is called after each line, on the writing thread and
+  /// outside the sink's lock; it may take the lines.
+  void OnLine(std::function<void()> onLine) { onLine_ = std::move(onLine); }
+  void SetTranslation(Translate translate) { translate_ = std::move(translate); }
+  void SetTracing(bool on);
+
+  /// Writes a message: `english` translated, then its placeholders replaced.
+  void Message(std::string_view english, std::initializer_list<FormatArgument> arguments = {});
+
+  /// Writes a trace line: the local time as hour:minute:second:millisecond, the hour not filled with zeros, a
+  /// blank and the text.
+  void Trace(std::string_view text);
+
+  /// Writes the rows of a hex dump, which follow their trace line and carry no time.
+  void TraceDump(std::string_view bytes);
+
+  /// Takes what has been collected.
+  std::vector<Line> TakeLines();
+
+ private:
+  bool IsTracing();
+  void Write(Kind kind, std::string text);
+
+  std::function<TimeOfDay()> timeOfDay_;
+  std::function<void()> onLine_;
+  Translate translate_ = InEnglish;
+  std::mutex mutex_;  // guards the members below
+  std::vector<Line> lines_;
+  bool isTracing_ = false;
+};
+
+/// The lines as one text for a log pane, each ending in CR LF; the rows of a dump keep their line feeds.
+std::string TextOf(const std::vector<Log::Line>& lines);
+
+}  // namespace qor

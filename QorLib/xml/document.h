@@ -1,0 +1,146 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "QorLib/xml/reader.h"
+
+namespace qor::xml {
+
+class document;
+
+/// An integer as attributes hold it: decimal with an optional leading "-", saturating at the 32-bit limits;
+/// reading ends at the first other character. 0 when there is no digit.
+std::int32_t ParseInteger(std::string_view text);
+
+/// A handle to an element of a document, or to none; copied freely, valid as long as its document. Views that
+/// it gives hold until the document is changed.
+class element {
+ public:
+  element() = default;
+
+  explicit operator bool() const { return index_ != 0; }
+
+  std::string_view Name() const;
+  /// The value, decoded; empty when the attribute is missing.
+  std::string_view Attribute(std::string_view name) const;
+  std::int32_t IntAttribute(std::string_view name) const { return ParseInteger(Attribute(name)); }
+  std::string_view Text() const;
+
+  element FirstChild() const;
+  /// The next child of the same parent.
+  element NextSibling() const;
+  std::size_t ChildCount() const;
+  element FindChild(std::string_view name) const;
+  /// The first child of that name whose attribute "id" is `id`.
+  element FindChild(std::string_view name, std::string_view id) const;
+
+  /// Appends an empty child.
+  element CreateChild(std::string_view name);
+  /// Replaces the attribute's value, or appends the attribute.
+  void SetAttribute(std::string_view name, std::string_view value);
+  void SetText(std::string_view text);
+
+ private:
+  friend class document;
+  friend class tree_builder;
+  element(document& owner, std::uint32_t index, std::uint32_t parent)
+      : owner_(&owner), index_(index), parent_(parent) {}
+
+  document* owner_ = nullptr;
+  std::uint32_t index_ = 0;
+  std::uint32_t parent_ = 0;
+};
+
+/// A tree of elements with name, attributes in order, text and children. An element and an attribute take 20
+/// bytes each; texts that stand in the parsed bytes are not copied.
+class document {
+ public:
+  /// An empty tree with a root of that name.
+  explicit document(std::string_view rootName = {});
+  document(const document&) = delete;
+  document& operator=(const document&) = delete;
+
+  element Root() { return {*this, RootIndex, 0}; }
+
+  /// Replaces the tree by the one in `bytes`. After an error the tree holds what was read before it.
+  /// Throws xout_of_memory.
+  std::optional<error> Parse(std::string bytes);
+
+  /// Where the element stands in the parsed bytes: the place of its "<".
+  place PlaceOf(const element& parsed) const;
+
+  /// The text of the whole tree: each element on a line of its own, indented by two blanks a level, lines
+  /// ending in CR LF.
+  std::string Write() const;
+
+ private:
+  friend class element;
+  friend class tree_builder;
+  friend class writer;
+  friend std::optional<error> ParseByChild(std::string bytes, document& target,
+                                           std::function<void(element)> onRootChild);
+
+  static constexpr std::uint32_t RootIndex = 1;
+
+  /// A stretch of source_ or, behind its end, of added_.
+  struct text_range {
+    std::uint32_t offset = 0;
+    std::uint32_t length = 0;
+  };
+  /// Siblings form a ring: the last one's `next` is the first. An index of 0 is none.
+  struct node {
+    text_range name;
+    std::uint32_t lastChild = 0;
+    std::uint32_t lastAttribute = 0;
+    std::uint32_t next = 0;
+  };
+  /// An attribute; an element's text stands among its attributes as the one without a name.
+  struct attribute {
+    text_range name;
+    text_range value;
+    std::uint32_t next = 0;
+  };
+
+  /// A vector that never moves its elements, so that it never holds them twice.
+  template <typename T>
+  class pool {
+   public:
+    T& operator[](std::uint32_t index) { return blocks_[index / BlockSize][index % BlockSize]; }
+    const T& operator[](std::uint32_t index) const { return blocks_[index / BlockSize][index % BlockSize]; }
+    std::uint32_t Size() const { return size_; }
+    std::uint32_t Add(const T& value) {
+      if (size_ == blocks_.size() * BlockSize) blocks_.push_back(std::make_unique<T[]>(BlockSize));
+      (*this)[size_] = value;
+      return size_++;
+    }
+    void Truncate(std::uint32_t size) { size_ = size; }
+
+   private:
+    static constexpr std::uint32_t BlockSize = 4096;
+    std::vector<std::unique_ptr<T[]>> blocks_;
+    std::uint32_t size_ = 0;
+  };
+
+  void Clear(std::string source);
+  std::string_view View(text_range range) const;
+  text_range Store(std::string_view text);
+  std::uint32_t AddChild(std::uint32_t parent, std::string_view name);
+  std::uint32_t AddAttribute(std::uint32_t owner, std::string_view name, std::string_view value);
+  std::uint32_t FindAttribute(std::uint32_t owner, std::string_view name) const;
+  void Set(std::uint32_t owner, std::string_view name, std::string_view value);
+
+  std::string source_;
+  std::string added_;
+  pool<node> nodes_;
+  pool<attribute> attributes_;
+};
+
+}  // namespace qor::xml

@@ -1,0 +1,356 @@
+// SPDX-License-Identifier: MIT
+#include "QorLib/xml/reader.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstring>
+
+#include "QorLib/Format.h"
+#include "QorLib/qor_win_str_utils.h"
+
+namespace qor::xml {
+namespace {
+
+enum CharClass : unsigned char { Other = 0, Blank = 1, NameStart = 2, NamePart = 4 };
+
+constexpr std::array<unsigned char, 256> MakeCharClasses() {
+  std::array<unsigned char, 256> classes{};
+  for (std::size_t c = 0; c < 256; ++c) {
+    const bool isLetter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c >= 0x80;
+    if (c == ' ' || c == '\t' || c == '\r' || c == '\n') classes[c] = Blank;
+    if (isLetter || c == '_' || c == ':') classes[c] = NameStart | NamePart;
+    if ((c >= '0' && c <= '9') || c == '-' || c == '.') classes[c] = NamePart;
+  }
+  return classes;
+}
+
+constexpr auto CharClasses = MakeCharClasses();
+
+bool Is(char c, CharClass charClass) {
+  return (CharClasses[static_cast<unsigned char>(c)] & charClass) != 0;
+}
+
+struct Entity {
+  std::string_view name;
+  char character;
+};
+constexpr Entity Entities[] = {{"amp", '&'}, {"apos", '\''}, {"quot", '"'}, {"lt", '<'}, {"gt", '>'}};
+
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::size_t LongestShownName = 40;
+
+/// A name as it stands in a message: a broken file can hold names of any length.
+std::string Shown(std::string_view name) {
+  if (name.size() <= LongestShownName) return std::string(name);
+  std::size_t length = LongestShownName;
+  while (length > 0 && (name[length] & 0xC0) == 0x80) --length;
+  return std::string(name.substr(0, length)) + "…";
+}
+
+}  // namespace
+
+struct reader::failure {
+  const char* where;
+  std::string reason;
+};
+
+place PlaceAt(std::string_view text, std::size_t offset) {
+  const std::size_t start = text.starts_with(ByteOrderMark) ? ByteOrderMark.size() : 0;
+  const std::string_view before = text.substr(0, std::min(offset, text.size()));
+  place where;
+  where.line += static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n'));
+  const std::size_t lineStart = where.line > 1 ? before.rfind('\n') + 1 : std::min(start, before.size());
+  for (const char c : before.substr(lineStart)) where.column += (c & 0xC0) != 0x80 ? 1 : 0;
+  return where;
+}
+
+std::string error::Text() const {
+  return Format("line {1}, column {2}: {3}", {where.line, where.column, reason});
+}
+
+reader::reader(std::string_view text, observer& target)
+    : text_(text), target_(target), at_(text.data()), end_(text.data() + text.size()) {}
+
+std::optional<error> reader::Read() {
+  try {
+    CheckBytes();
+    ReadDocument();
+    return std::nullopt;
+  } catch (const failure& failed) {
+    return error{PlaceAt(text_, static_cast<std::size_t>(failed.where - text_.data())), failed.reason};
+  }
+}
+
+void reader::Fail(const char* where, std::string reason) const {
+  throw failure{where, std::move(reason)};
+}
+
+void reader::FailAtEnd() const {
+  Fail(end_, open_.empty()
+                 ? "the file ends before its first element is complete"
+                 : Format("the file ends inside <{1}>; it may have been cut off", {Shown(open_.back())}));
+}
+
+void reader::CheckBytes() const {
+  if (text_.empty()) Fail(at_, "the file is empty");
+  if (text_.size() > MaxBytes) Fail(at_, "the file is larger than 64 MiB");
+  const std::size_t broken = win::FindBrokenUtf8(text_);
+  if (broken != std::string_view::npos) Fail(at_ + broken, "this is not UTF-8 text");
+  if (const void* zero = std::memchr(at_, '\0', text_.size())) {
+    Fail(static_cast<const char*>(zero), "there is a zero byte, which no text file holds");
+  }
+}
+
+void reader::ReadDocument() {
+  if (StartsWith(ByteOrderMark)) at_ += ByteOrderMark.size();
+  SkipMisc(true);
+  if (at_ == end_) Fail(at_, "there is no XML element in the file");
+  if (*at_ != '<') Fail(at_, "this is not XML: an element was expected here");
+  ReadStartTag();
+  ReadContent();
+  SkipMisc(false);
+  if (at_ != end_) Fail(at_, "there is text after the end of the root element");
+}
+
+bool reader::StartsWith(std::string_view word) const {
+  return static_cast<std::size_t>(end_ - at_) >= word.size() &&
+         std::memcmp(at_, word.data(), word.size()) == 0;
+}
+
+bool reader::SkipBlanks() {
+  const char* start = at_;
+  while (at_ != end_ && Is(*at_, Blank)) ++at_;
+  return at_ != start;
+}
+
+/// What may stand before and after the root element.
+void reader::SkipMisc(bool allowDoctype) {
+  while (true) {
+    SkipBlanks();
+    if (StartsWith("<!--")) {
+      SkipThrough("-->", "comment");
+    } else if (StartsWith("<?")) {
+      SkipThrough("?>", "processing instruction");
+    } else if (allowDoctype && StartsWith("<!DOCTYPE")) {
+      SkipDoctype();
+      allowDoctype = false;
+    } else {
+      return;
+    }
+  }
+}
+
+void reader::SkipDoctype() {
+  const char* start = at_;
+  char quote = 0;
+  for (; at_ != end_; ++at_) {
+    if (quote != 0) {
+      if (*at_ == quote) quote = 0;
+    } else if (*at_ == '"' || *at_ == '\'') {
+      quote = *at_;
+    } else if (*at_ == '[') {
+      Fail(at_, "a DOCTYPE with declarations of its own is not accepted");
+    } else if (*at_ == '>') {
+      ++at_;
+      return;
+    }
+  }
+  Fail(start, "this DOCTYPE does not end");
+}
+
+void reader::SkipThrough(std::string_view terminator, const char* what) {
+  const char* start = at_;
+  const std::string_view rest(at_, static_cast<std::size_t>(end_ - at_));
+  // "<!-->" is no whole comment: the end is looked for behind the four or two characters of the beginning.
+  const std::size_t found = rest.find(terminator, terminator.size() == 3 ? 4 : 2);
+  if (found == std::string_view::npos) Fail(start, Format("this {1} does not end", {what}));
+  at_ += found + terminator.size();
+}
+
+void reader::ReadContent() {
+  while (!open_.empty()) {
+    const void* next = std::memchr(at_, '<', static_cast<std::size_t>(end_ - at_));
+    if (next == nullptr) {
+      ReadText(end_);
+      FailAtEnd();
+    }
+    if (next != at_) ReadText(static_cast<const char*>(next));
+    if (end_ - at_ < 2) FailAtEnd();
+    switch (at_[1]) {
+      case '/': ReadEndTag(); break;
+      case '?': SkipThrough("?>", "processing instruction"); break;
+      case '!':
+        if (StartsWith("<!--")) {
+          SkipThrough("-->", "comment");
+        } else {
+          ReadCData();
+        }
+        break;
+      default: ReadStartTag();
+    }
+  }
+}
+
+void reader::ReadStartTag() {
+  const char* start = at_++;
+  const std::string_view name = ReadName("an element's name");
+  if (open_.size() == MaxDepth) Fail(start, Format("elements are nested more than {1} deep", {MaxDepth}));
+  open_.push_back(name);
+  target_.StartElement(name);
+  const bool isClosed = ReadAttributes();
+  if (isClosed) {
+    target_.EndElement();
+    open_.pop_back();
+  }
+}
+
+/// Reads up to and with the tag's end; returns whether the tag closes its element ("/>").
+bool reader::ReadAttributes() {
+  attributeNames_.clear();
+  while (true) {
+    const bool isSeparated = SkipBlanks();
+    if (at_ == end_) FailAtEnd();
+    if (*at_ == '>' || StartsWith("/>")) break;
+    if (*at_ == '/' && at_ + 1 == end_) FailAtEnd();
+    if (!isSeparated) Fail(at_, "a blank, '>' or '/>' was expected here");
+    ReadAttribute();
+  }
+  CheckAttributeNames();
+  const bool isClosed = *at_ == '/';
+  at_ += isClosed ? 2 : 1;
+  return isClosed;
+}
+
+void reader::ReadAttribute() {
+  const std::string_view name = ReadName("an attribute's name");
+  attributeNames_.push_back(name);
+  SkipBlanks();
+  if (at_ == end_) FailAtEnd();
+  if (*at_ != '=') Fail(at_, Format("'=' and a value were expected after '{1}'", {Shown(name)}));
+  ++at_;
+  SkipBlanks();
+  if (at_ == end_) FailAtEnd();
+  const char quote = *at_;
+  if (quote != '\'' && quote != '"')
+    Fail(at_, Format("the value of '{1}' must stand in quotes", {Shown(name)}));
+
+  const char* start = ++at_;
+  bool hasReference = false;
+  for (; at_ != end_ && *at_ != quote; ++at_) {
+    if (*at_ == '<')
+      Fail(at_, Format("'<' inside the value of '{1}': its closing quote is missing", {Shown(name)}));
+    hasReference |= *at_ == '&';
+  }
+  if (at_ == end_) FailAtEnd();
+  const std::string_view raw(start, static_cast<std::size_t>(at_ - start));
+  ++at_;
+  target_.Attribute(name, hasReference ? Decode(raw) : raw);
+}
+
+/// Refuses a name that stands twice in a tag.
+void reader::CheckAttributeNames() const {
+  constexpr std::size_t Few = 16;
+  const auto refuse = [this](std::string_view second) {
+    Fail(second.data(), Format("the attribute '{1}' stands here for the second time", {Shown(second)}));
+  };
+  if (attributeNames_.size() <= Few) {
+    for (std::size_t i = 1; i < attributeNames_.size(); ++i) {
+      for (std::size_t j = 0; j < i; ++j) {
+        if (attributeNames_[i] == attributeNames_[j]) refuse(attributeNames_[i]);
+      }
+    }
+    return;
+  }
+  std::vector<std::string_view> sorted = attributeNames_;
+  std::stable_sort(sorted.begin(), sorted.end());
+  const auto twice = std::adjacent_find(sorted.begin(), sorted.end());
+  if (twice != sorted.end()) refuse(*std::next(twice));
+}
+
+void reader::ReadEndTag() {
+  const char* start = at_;
+  at_ += 2;
+  if (at_ == end_) FailAtEnd();
+  const std::string_view name = ReadName("an element's name");
+  SkipBlanks();
+  if (at_ == end_) FailAtEnd();
+  if (*at_ != '>') Fail(at_, Format("'>' was expected after '</{1}'", {Shown(name)}));
+  if (name != open_.back()) {
+    Fail(start, Format("</{1}> does not close <{2}>", {Shown(name), Shown(open_.back())}));
+  }
+  ++at_;
+  target_.EndElement();
+  open_.pop_back();
+}
+
+void reader::ReadCData() {
+  constexpr std::string_view Open = "<![CDATA[";
+  if (!StartsWith(Open)) Fail(at_, "'<!' is followed by neither a comment nor a CDATA section");
+  const char* start = at_ + Open.size();
+  SkipThrough("]]>", "CDATA section");
+  target_.Text(std::string_view(start, static_cast<std::size_t>(at_ - 3 - start)));
+}
+
+void reader::ReadText(const char* textEnd) {
+  const std::string_view raw(at_, static_cast<std::size_t>(textEnd - at_));
+  if (!raw.empty()) {
+    const bool hasReference = std::memchr(raw.data(), '&', raw.size()) != nullptr;
+    target_.Text(hasReference ? Decode(raw) : raw);
+  }
+  at_ = textEnd;
+}
+
+std::string_view reader::ReadName(const char* what) {
+  const char* start = at_;
+  if (at_ == end_) FailAtEnd();
+  if (!Is(*at_, NameStart)) Fail(at_, Format("{1} was expected here", {what}));
+  while (at_ != end_ && Is(*at_, NamePart)) ++at_;
+  return {start, static_cast<std::size_t>(at_ - start)};
+}
+
+std::string_view reader::Decode(std::string_view raw) {
+  decoded_.clear();
+  const char* from = raw.data();
+  const char* rawEnd = from + raw.size();
+  while (from != rawEnd) {
+    const void* found = std::memchr(from, '&', static_cast<std::size_t>(rawEnd - from));
+    const char* ampersand = found != nullptr ? static_cast<const char*>(found) : rawEnd;
+    decoded_.append(from, ampersand);
+    from = ampersand == rawEnd ? rawEnd : DecodeReference(ampersand, rawEnd);
+  }
+  return decoded_;
+}
+
+/// Appends the character that the reference at `ampersand` stands for; returns the place behind it.
+const char* reader::DecodeReference(const char* ampersand, const char* rawEnd) {
+  constexpr std::ptrdiff_t Longest = 16;
+  const char* limit = ampersand + std::min(rawEnd - ampersand, Longest);
+  const char* semicolon = std::find(ampersand, limit, ';');
+  if (semicolon == limit) Fail(ampersand, "'&' begins no entity here; a plain one is written '&amp;'");
+  const std::string_view name(ampersand + 1, static_cast<std::size_t>(semicolon - ampersand - 1));
+  if (name.starts_with('#')) {
+    win::AppendUtf8(CharacterReference(name.substr(1), ampersand), decoded_);
+    return semicolon + 1;
+  }
+  const auto entity = std::find_if(std::begin(Entities), std::end(Entities),
+                                   [&](const Entity& candidate) { return candidate.name == name; });
+  if (entity == std::end(Entities)) Fail(ampersand, Format("the entity '&{1};' is not known", {name}));
+  decoded_ += entity->character;
+  return semicolon + 1;
+}
+
+char32_t reader::CharacterReference(std::string_view digits, const char* ampersand) const {
+  const bool isHex = digits.starts_with('x');
+  if (isHex) digits.remove_prefix(1);
+  std::uint32_t number = 0;
+  const char* digitsEnd = digits.data() + digits.size();
+  const auto [next, failed] = std::from_chars(digits.data(), digitsEnd, number, isHex ? 16 : 10);
+  const bool isSurrogate = number >= 0xD800 && number <= 0xDFFF;
+  if (failed != std::errc{} || next != digitsEnd || number == 0 || number > 0x10FFFF || isSurrogate) {
+    Fail(ampersand, "this reference stands for no character");
+  }
+  return number;
+}
+
+}  // namespace qor::xml

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <span>
+
+#include "cli/Environment.h"
+#include "cli/ExitStatus.h"
+
+namespace cli {
+
+/// Runs a command with the options that it was given; returns an exit status or throws.
+using Runner = std::function<ExitStatus(Invocation&)>;
+
+/// A command of the program: `define` adds its arguments to the parser and gives what runs it.
+struct Command {
+  const char* name;
+  const char* summary;
+  Runner (*define)(CLI::App& parser);
+};
+
+/// All commands, in the order of the help.
+std::span<const Command> Commands();
+
+// What they do
+Runner DefineNew(CLI::App& parser);
+Runner DefineInfo(CLI::App& parser);
+Runner DefineSample(CLI::App& parser);
+Runner DefineConvert(CLI::App& parser);
+Runner DefinePackets(CLI::App& parser);
+Runner DefineUpload(CLI::App& parser);
+Runner DefineDevices(CLI::App& parser);
+Runner DefineMonitor(CLI::App& parser);
+
+}  // namespace cli

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <fstream>
+#include <mutex>
+
+#include "QorLib/Log.h"
+#include "cli/Environment.h"
+
+namespace cli {
+
+/// The program's log, printed line by line as it comes: messages on standard output, the trace on standard
+/// error, both in the log file.
+class LogPrinter {
+ public:
+  /// Throws CommandError when the log file cannot be opened.
+  explicit LogPrinter(const Invocation& invocation);
+
+  qor::Log& Log() { return log_; }
+  /// Prints a complaint on standard error, in the log file as well.
+  void Complain(const std::string& sentence);
+
+ private:
+  void OpenFile(const std::string& path);
+  void Print();
+
+  Invocation invocation_;
+  std::mutex mutex_;  // one line at a time, in the order in which the sink got them
+  std::ofstream file_;
+  qor::Log log_;
+};
+
+}  // namespace cli

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#include "cli/Run.h"
+
+#include <algorithm>
+#include <new>
+#include <ostream>
+
+#include "QorLib/Exceptions.h"
+#include "cli/Commands.h"
+
+namespace cli {
+namespace {
+
+constexpr const char* Version = HALVEX_VERSION;
+
+constexpr const char* Footer =
+    "Devices: emulator, tc420. Modes and channels count from 1.\n"
+    "Exit status: 0 done; 1 a device refused or could not be reached; 2 wrong usage; 3 a file could not be\n"
+    "read or written; 4 nothing found; 5 more than one device fits; 6 no permission, or in use by another\n"
+    "program; 130 interrupted after the device was left in order.";
+
+/// A parser for all commands; the chosen command's runner is stored in `chosen`.
+void Define(CLI::App& parser, CommonOptions& options, Runner& chosen) {
+  parser.name("halvex");
+  parser.set_version_flag("--version", std::string("halvex ") + Version, "Print the version and exit");
+  parser.require_subcommand(1);
+  parser.fallthrough();
+  parser.footer(Footer);
+  parser.get_formatter()->column_width(34);
+  parser.add_flag("--quiet", options.quiet, "No log lines on standard output");
+  parser.add_flag("--trace", options.trace, "The communication trace on standard error");
+  parser.add_option("--log", options.logFile, "Append all log lines to a file")->type_name("FILE");
+  for (const Command& command : Commands()) {
+    CLI::App& subcommand = *parser.add_subcommand(command.name, command.summary);
+    subcommand.fallthrough();
+    subcommand.parse_complete_callback([runner = command.define(subcommand), &chosen] { chosen = runner; });
+  }
+}
+
+int Complain(Environment& environment, const std::string& sentence, ExitStatus status) {
+  environment.err << "halvex: " << sentence << std::endl;
+  return status;
+}
+
+}  // namespace
+
+int Run(const std::vector<std::string>& arguments, Environment& environment) {
+  CLI::App parser("Edit and upload the light programs of TC420 and TC421 LED controllers.");
+  CommonOptions options;
+  Runner chosen;
+  Define(parser, options, chosen);
+  try {
+    parser.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+  } catch (const CLI::Success& asked) {
+    parser.exit(asked, environment.out, environment.err);
+    return Done;
+  } catch (const CLI::ParseError& failed) {
+    return Complain(environment, std::string(failed.what()) + " (see halvex --help)", WrongUsage);
+  }
+  try {
+    Invocation invocation{environment, options};
+    return chosen(invocation);
+  } catch (const CommandError& failed) {
+    return Complain(environment, failed.what(), failed.Status());
+  } catch (const qor::xout_of_memory& failed) {
+    return Complain(environment, failed.what(), FileFailed);
+  } catch (const std::bad_alloc&) {
+    return Complain(environment, qor::xout_of_memory().what(), FileFailed);
+  }
+}
+
+}  // namespace cli

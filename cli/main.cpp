@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#include <hidapi.h>
+
+#include <cerrno>
+#include <iostream>
+
+#include "cli/ExitStatus.h"
+#include "cli/Run.h"
+#include "platform/Console.h"
+#include "platform/SystemError.h"
+
+int main(int argc, char** argv) {
+  const std::vector<std::string> arguments = platform::StartConsole(argc, argv);
+  cli::Environment environment{std::cout, std::cerr, platform::SystemClock(), platform::WatchInterrupts,
+                               platform::IsInterrupted};
+  int status = cli::Run(arguments, environment);
+  hid_exit();
+  std::cout.flush();
+  if (!std::cout && status == cli::Done) {
+    std::cerr << "halvex: standard output could not be written" << std::endl;
+    status = cli::FileFailed;
+  }
+  return status;
+}

@@ -1,0 +1,21 @@
+# SPDX-License-Identifier: MIT
+# The target hidapi: the distribution's hidraw back end on Linux; on Windows built from the source package of
+# the same version, which scripts/lib/hidapi-source.sh puts into HALVEX_DEPS.
+add_library(hidapi INTERFACE)
+if(WIN32)
+  set(hidapiSource ${HALVEX_DEPS}/hidapi)
+  if(NOT EXISTS ${hidapiSource}/windows/hid.c)
+    message(FATAL_ERROR "No hidapi source in ${hidapiSource}: run scripts/lib/hidapi-source.sh first.")
+  endif()
+  add_library(hidapi_windows STATIC EXCLUDE_FROM_ALL ${hidapiSource}/windows/hid.c)
+  target_include_directories(hidapi_windows SYSTEM PRIVATE ${hidapiSource}/hidapi ${hidapiSource}/windows)
+  target_link_libraries(hidapi INTERFACE hidapi_windows)
+  add_library(hidapi_headers INTERFACE)
+  target_include_directories(hidapi_headers SYSTEM INTERFACE ${hidapiSource}/hidapi)
+else()
+  find_package(PkgConfig REQUIRED)
+  pkg_check_modules(HIDRAW REQUIRED IMPORTED_TARGET hidapi-hidraw=0.13.1)
+  target_link_libraries(hidapi INTERFACE PkgConfig::HIDRAW)
+  add_library(hidapi_headers INTERFACE)
+  target_include_directories(hidapi_headers SYSTEM INTERFACE ${HIDRAW_INCLUDE_DIRS})
+endif()

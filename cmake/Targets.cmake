@@ -1,0 +1,31 @@
+# SPDX-License-Identifier: MIT
+
+# The project's own compiler options. Contraction to fused multiply-add is off: sampled curves must come out
+# the same on every processor.
+add_library(halvex_options INTERFACE)
+target_compile_options(halvex_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion
+                                                -Wnon-virtual-dtor -ffp-contract=off)
+if(HALVEX_WERROR)
+  target_compile_options(halvex_options INTERFACE -Werror)
+endif()
+if(HALVEX_SANITIZERS)
+  target_compile_options(halvex_options INTERFACE -fsanitize=${HALVEX_SANITIZERS} -fno-omit-frame-pointer
+                                                  -fno-sanitize-recover=all)
+  target_link_options(halvex_options INTERFACE -fsanitize=${HALVEX_SANITIZERS})
+endif()
+if(WIN32)
+  target_compile_definitions(halvex_options INTERFACE UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX
+                                                      _WIN32_WINNT=0x0A00)
+endif()
+
+# halvex_library(NAME SOURCES file... LINKS library...): one folder's static library. It sees the headers of
+# the whole tree by their paths from the root; scripts/check-levels holds the includes to the levels.
+function(halvex_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR})
+  target_link_libraries(${name} PUBLIC ${arg_LINKS} Threads::Threads PRIVATE halvex_options)
+  if(HALVEX_SANITIZERS)
+    target_link_options(${name} PUBLIC -fsanitize=${HALVEX_SANITIZERS})
+  endif()
+endfunction()

@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#include "device/DeviceBase.h"
+
+namespace TCBase {
+
+bool DeviceBase::CheckReply(const std::string&, int) {
+  return true;
+}
+
+bool DeviceBase::WritePacket(const PacketBase& packet) {
+  Log().Trace("WritePacket: " + packet.Text());
+  std::string image;
+  packet.Serialize(image);
+  return Write(image);
+}
+
+bool DeviceBase::ClearAll() {
+  Log().Trace("ClearAll");
+  return DoClearAll();
+}
+
+bool DeviceBase::TimeSync(const SYSTEMTIME& time) {
+  Log().Trace("TimeSync");
+  return DoTimeSync(time);
+}
+
+bool DeviceBase::UploadStart() {
+  Log().Trace("UploadStart");
+  return DoUploadStart();
+}
+
+bool DeviceBase::UploadMode(int bank, const std::string& name, const std::vector<ModeSample>& samples) {
+  Log().Trace("UploadMode");
+  return DoUploadMode(bank, name, samples);
+}
+
+bool DeviceBase::UploadFinish() {
+  Log().Trace("UploadFinish");
+  return DoUploadFinish();
+}
+
+bool DeviceBase::DemoStart(const std::string& name) {
+  Log().Trace("DemoStart");
+  return DoDemoStart(name);
+}
+
+bool DeviceBase::DemoSetChannels(const int (&channels)[ChannelCount]) {
+  Log().Trace("DemoSetChannels");
+  return DoDemoSetChannels(channels);
+}
+
+bool DeviceBase::DemoFinish() {
+  Log().Trace("DemoFinish");
+  return DoDemoFinish();
+}
+
+bool DeviceBase::Counted(bool succeeded) {
+  failedTransactions_ += succeeded ? 0 : 1;
+  return succeeded;
+}
+
+}  // namespace TCBase

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "QorLib/Log.h"
+#include "device/PacketBase.h"
+#include "model/ModeSample.h"
+#include "platform/Clock.h"
+
+namespace TCBase {
+
+using platform::SYSTEMTIME;
+
+/// What devices use of the program; both outlive them.
+struct DeviceContext {
+  platform::Clock& clock;
+  qor::Log& log;
+};
+
+/// A controller: opened once, used for one job's operations, closed by its destructor. Every operation
+/// blocks, reports failure by false and writes the communication trace; none throws. One thread at a time.
+class DeviceBase {
+ public:
+  explicit DeviceBase(const DeviceContext& context) : context_(context) {}
+  virtual ~DeviceBase() = default;
+  DeviceBase(const DeviceBase&) = delete;
+  DeviceBase& operator=(const DeviceBase&) = delete;
+
+  // The transport
+  virtual bool Open() = 0;
+  /// Sends one serialized packet.
+  virtual bool Write(const std::string& image) = 0;
+  /// Collects the controller's reply, which may be empty.
+  virtual bool Read(std::string& reply) = 0;
+  /// Sends a packet, waits for the reply and has it checked.
+  virtual bool Transact(const PacketBase& packet, int expected) = 0;
+  virtual bool CheckReply(const std::string& reply, int expected);
+  virtual bool WritePacket(const PacketBase& packet);
+
+  // What jobs do with a controller
+  virtual bool ClearAll();
+  virtual bool TimeSync(const SYSTEMTIME& time);
+  virtual bool UploadStart();
+  virtual bool UploadMode(int bank, const std::string& name, const std::vector<ModeSample>& samples);
+  virtual bool UploadFinish();
+  virtual bool DemoStart(const std::string& name);
+  virtual bool DemoSetChannels(const int (&channels)[ChannelCount]);
+  virtual bool DemoFinish();
+
+  /// The system's words for why `Open` failed; empty when there are none.
+  const std::string& OpenFailure() const { return openFailure_; }
+  /// How many transactions have failed since the device was made. Some operations go on after a failed packet
+  /// and do not report it; this tells whether everything got through.
+  int FailedTransactions() const { return failedTransactions_; }
+
+ protected:
+  // The models' part of each operation
+  virtual bool DoClearAll() = 0;
+  virtual bool DoTimeSync(const SYSTEMTIME& time) = 0;
+  virtual bool DoUploadStart() = 0;
+  virtual bool DoUploadMode(int bank, const std::string& name, const std::vector<ModeSample>& samples) = 0;
+  virtual bool DoUploadFinish() = 0;
+  virtual bool DoDemoStart(const std::string& name) = 0;
+  virtual bool DoDemoSetChannels(const int (&channels)[ChannelCount]) = 0;
+  virtual bool DoDemoFinish() = 0;
+
+  qor::Log& Log() { return context_.log; }
+  platform::Clock& Clock() { return context_.clock; }
+  void SetOpenFailure(std::string text) { openFailure_ = std::move(text); }
+  /// Counts a transaction that failed; returns its result.
+  bool Counted(bool succeeded);
+
+ private:
+  DeviceContext context_;
+  std::string openFailure_;
+  int failedTransactions_ = 0;
+};
+
+}  // namespace TCBase

@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: MIT
+#include "device/DeviceInfo.h"
+
+#include <algorithm>
+
+namespace TCBase {
+
+DeviceInfo DeviceOfKind(DeviceKind kind) {
+  DeviceInfo info;
+  info.kind = kind;
+  switch (kind) {
+    case DeviceKind::TC420: info.name = TC420DisplayName; break;
+    case DeviceKind::TC421Usb:
+    case DeviceKind::TC421Network: info.name = TC421DisplayName; break;
+    case DeviceKind::Emulator: info.name = EmulatorDisplayName; break;
+  }
+  return info;
+}
+
+bool HasTC420(const std::vector<DeviceInfo>& devices) {
+  return std::any_of(devices.begin(), devices.end(), [](const DeviceInfo& info) {
+    return info.kind == DeviceKind::TC420 || info.kind == DeviceKind::Emulator;
+  });
+}
+
+}  // namespace TCBase

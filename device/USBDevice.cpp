@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "device/USBDevice.h"
+
+#include <hidapi.h>
+
+#include <array>
+
+#include "QorLib/qor_win_str_utils.h"
+
+namespace TCBase {
+namespace {
+
+constexpr unsigned char ReportId = 0;
+constexpr std::size_t ReportBytes = 1 + PacketBytes;
+constexpr std::uint32_t IdlePollMilliseconds = 20;
+constexpr int MaxIdlePolls = 40;
+
+/// hidapi's text for the last error of a device; without one, of the last opening.
+std::string LastErrorText(hid_device* handle) {
+  const wchar_t* text = hid_error(handle);
+  return text != nullptr ? qor::win::Utf8FromWide(text) : "Success";
+}
+
+}  // namespace
+
+USBDevice::~USBDevice() {
+  if (handle_ != nullptr) hid_close(handle_);
+}
+
+bool USBDevice::Open() {
+  handle_ = hid_open(id_.vendor, id_.product, nullptr);
+  if (handle_ == nullptr) {
+    SetOpenFailure(LastErrorText(nullptr));
+    return false;
+  }
+  hid_set_nonblocking(handle_, 1);
+  return true;
+}
+
+bool USBDevice::Write(const std::string& image) {
+  if (image.size() != PacketBytes) return false;
+  std::array<unsigned char, ReportBytes> report{ReportId};
+  std::copy(image.begin(), image.end(), report.begin() + 1);
+  Log().Trace("hid_write:");
+  Log().TraceDump(image);
+  const int written = hid_write(handle_, report.data(), report.size());
+  if (written < 0) TraceError("hid_write");
+  return written == static_cast<int>(ReportBytes);
+}
+
+bool USBDevice::Read(std::string& reply) {
+  reply.clear();
+  for (int idlePolls = 0; idlePolls < MaxIdlePolls;) {
+    std::array<unsigned char, PacketBytes> report;
+    const int count = hid_read_timeout(handle_, report.data(), report.size(), 0);
+    if (count < 0) {
+      TraceError("hid_read");
+      return false;
+    }
+    if (count > 0) {
+      const std::string part(report.begin(), report.begin() + count);
+      Log().Trace("hid_read:");
+      Log().TraceDump(part);
+      reply += part;
+    } else if (!reply.empty()) {
+      return true;
+    } else {
+      Clock().Sleep(IdlePollMilliseconds);
+      ++idlePolls;
+    }
+  }
+  return true;
+}
+
+bool USBDevice::Transact(const PacketBase& packet, int expected) {
+  std::string reply;
+  return Counted(WritePacket(packet) && Read(reply) && CheckReply(reply, expected));
+}
+
+void USBDevice::TraceError(const char* call) {
+  Log().Trace(call + (" error: " + LastErrorText(handle_)));
+}
+
+}  // namespace TCBase

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "model/Step.h"
+
+namespace TCBase {
+
+/// One channel's curve over the day: steps by ascending time, at most one a minute. The curve runs on across
+/// midnight from the last step to the first. What a file brings may be unsorted until `Sort` and
+/// `RemoveDuplicateTimes` have run; sampling is defined for it all the same.
+class Channel {
+ public:
+  std::vector<Step> steps;
+
+  /// Inserts the step, under a new id, before the first one that is not earlier.
+  void Add(Step step);
+  /// Sorts by time; steps of equal time keep their order.
+  void Sort();
+  /// Keeps the first step of each run of equal times.
+  void RemoveDuplicateTimes();
+  /// Divides all values by `divisor` and clamps the steps.
+  void Normalize(float divisor);
+
+  /// The percentage at a second of the day, which may lie outside 0…86399: negative ones count as 0, others
+  /// modulo a day. 0 for a channel without steps.
+  float ValueAt(std::int64_t second) const;
+
+  bool operator==(const Channel&) const = default;
+};
+
+/// The curve at `second` between two steps that follow each other, if need be across midnight.
+float ValueBetween(const Step& previous, const Step& next, std::int64_t second);
+
+/// Samples a channel at ascending seconds 0…86399; the whole day costs one walk over its steps.
+class ChannelCursor {
+ public:
+  explicit ChannelCursor(const Channel& channel) : steps_(channel.steps) {}
+
+  /// The same result as Channel::ValueAt. `second` is never less than at the call before.
+  float ValueAt(std::int64_t second);
+
+ private:
+  const std::vector<Step>& steps_;
+  std::size_t next_ = 0;  // the first step at the second asked for or later
+};
+
+}  // namespace TCBase

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "model/Mode.h"
+
+namespace TCBase {
+
+inline constexpr int MaxModeSteps = 48;         // what a controller takes in one mode
+inline constexpr int MaxModeStepsEarlier = 20;  // what the earlier TC420 in the blue case takes
+
+/// A light program: the five channels' names and colours, and the modes in the order in which they are shown,
+/// filed and uploaded. A plain value; copying it is how undo and jobs work.
+class Program {
+ public:
+  using Step = TCBase::Step;
+  using Channel = TCBase::Channel;
+  using Mode = TCBase::Mode;
+
+  struct ChannelInfo {
+    std::string name;
+    std::string description;
+    std::uint32_t colour = 0xFFFFFFFF;  // 0xAARRGGBB, alpha always 0xFF
+
+    bool operator==(const ChannelInfo&) const = default;
+  };
+
+  class ModeListView;
+
+  std::array<ChannelInfo, ChannelCount> channelInfos;
+  std::vector<Mode> modes;
+
+  /// Equal in all that a user sees; steps' ids do not count.
+  bool operator==(const Program&) const = default;
+};
+
+/// The modes that a job works on: a copy of its own, which later edits of the program do not reach.
+class Program::ModeListView {
+ public:
+  explicit ModeListView(const Program& program) : modes_(program.modes) {}
+  /// The modes at those indices, in that order; each must be less than the number of modes.
+  ModeListView(const Program& program, const std::vector<std::size_t>& indices);
+
+  std::size_t Size() const { return modes_.size(); }
+  const Mode& operator[](std::size_t index) const { return modes_[index]; }
+  auto begin() const { return modes_.begin(); }
+  auto end() const { return modes_.end(); }
+
+ private:
+  std::vector<Mode> modes_;
+};
+
+}  // namespace TCBase

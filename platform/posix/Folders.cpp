@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#include "platform/Folders.h"
+
+#include <cstdlib>
+
+namespace platform {
+namespace {
+
+std::string Variable(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr ? value : "";
+}
+
+}  // namespace
+
+std::string SettingsFolder() {
+  if (const std::string own = Variable("HALVEX_HOME"); !own.empty()) return own;
+  // The XDG base directory rules say to pass over a path that is not absolute.
+  if (const std::string config = Variable("XDG_CONFIG_HOME"); config.starts_with('/'))
+    return config + "/halvex";
+  if (const std::string home = Variable("HOME"); !home.empty()) return home + "/.config/halvex";
+  return {};
+}
+
+}  // namespace platform

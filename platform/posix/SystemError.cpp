@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#include "platform/SystemError.h"
+
+#include <cerrno>
+#include <system_error>
+
+namespace platform {
+namespace {
+
+ErrorKind KindOf(std::uint32_t code) {
+  switch (code) {
+    case EACCES:
+    case EPERM: return ErrorKind::AccessDenied;
+    case EROFS: return ErrorKind::WriteProtected;
+    case EBUSY:
+    case ETXTBSY: return ErrorKind::SharingViolation;
+    case ENOSPC:
+    case EDQUOT: return ErrorKind::DiskFull;
+    case EIO: return ErrorKind::WriteFault;
+    default: return ErrorKind::Other;
+  }
+}
+
+}  // namespace
+
+std::string ErrorText(std::uint32_t code) {
+  return RuntimeErrorText(static_cast<int>(code));
+}
+
+SystemError ErrorOf(std::uint32_t code) {
+  return {code, KindOf(code), ErrorText(code)};
+}
+
+std::string RuntimeErrorText(int code) {
+  return std::generic_category().message(code);
+}
+
+bool SaysAccessDenied(const std::string& message) {
+  return message.find(ErrorText(EACCES)) != std::string::npos;
+}
+
+}  // namespace platform

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include "platform/Files.h"
+
+#include <windows.h>
+
+#include <algorithm>
+
+#include "platform/win32/Strings.h"
+
+namespace platform {
+namespace {
+
+SystemError LastError() {
+  return ErrorOf(GetLastError());
+}
+
+/// An open file; closed at the end of its life.
+class Handle {
+ public:
+  explicit Handle(HANDLE handle) : handle_(handle) {}
+  ~Handle() { Close(); }
+  Handle(const Handle&) = delete;
+  Handle& operator=(const Handle&) = delete;
+  explicit operator bool() const { return handle_ != INVALID_HANDLE_VALUE; }
+  HANDLE Get() const { return handle_; }
+  void Close() {
+    if (handle_ != INVALID_HANDLE_VALUE) CloseHandle(handle_);
+    handle_ = INVALID_HANDLE_VALUE;
+  }
+
+ private:
+  HANDLE handle_;
+};
+
+constexpr std::size_t LargestTransfer = std::size_t{1} << 30;
+
+bool WriteAll(HANDLE file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const auto part = static_cast<DWORD>(std::min(bytes.size(), LargestTransfer));
+    DWORD written = 0;
+    if (!WriteFile(file, bytes.data(), part, &written, nullptr)) return false;
+    bytes.remove_prefix(written);
+  }
+  return true;
+}
+
+bool IsRegular(const std::wstring& path) {
+  const Handle file(CreateFileW(path.c_str(), 0, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+                                nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+  return !file || GetFileType(file.Get()) == FILE_TYPE_DISK;
+}
+
+SystemError WriteInPlace(const std::wstring& path, std::string_view bytes) {
+  const Handle file(CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
+                                OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  if (!file || !WriteAll(file.Get(), bytes)) return LastError();
+  return {};
+}
+
+std::wstring FolderOf(const std::wstring& path) {
+  const std::size_t separator = path.find_last_of(L"\\/:");
+  return separator == std::wstring::npos ? L"." : path.substr(0, separator + 1);
+}
+
+}  // namespace
+
+SystemError ReadFile(const std::string& path, std::size_t limit, std::string& bytes) {
+  bytes.clear();
+  const Handle file(CreateFileW(Widen(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE,
+                                nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  if (!file) return LastError();
+
+  const std::size_t most = limit + 1;
+  LARGE_INTEGER size{};
+  GetFileSizeEx(file.Get(), &size);
+  std::size_t length = 0;
+  bytes.resize(std::clamp<std::size_t>(static_cast<std::size_t>(size.QuadPart) + 1, 4096, most));
+  while (true) {
+    if (length == bytes.size()) {
+      if (length == most) break;
+      bytes.resize(std::min(2 * length, most));
+    }
+    const auto part = static_cast<DWORD>(std::min(bytes.size() - length, LargestTransfer));
+    DWORD got = 0;
+    if (!::ReadFile(file.Get(), bytes.data() + length, part, &got, nullptr)) {
+      if (GetLastError() == ERROR_BROKEN_PIPE) break;
+      const SystemError failed = LastError();
+      bytes.clear();
+      return failed;
+    }
+    if (got == 0) break;
+    length += got;
+  }
+  bytes.resize(length);
+  return {};
+}
+
+SystemError ReplaceFile(const std::string& path, std::string_view bytes) {
+  const std::wstring target = Widen(path);
+  if (!IsRegular(target)) return WriteInPlace(target, bytes);
+
+  wchar_t temporary[MAX_PATH];
+  if (GetTempFileNameW(FolderOf(target).c_str(), L"hvx", 0, temporary) == 0) return LastError();
+  Handle file(
+      CreateFileW(temporary, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+  bool isDone = file && WriteAll(file.Get(), bytes) && FlushFileBuffers(file.Get());
+  SystemError failed = isDone ? SystemError{} : LastError();
+  file.Close();
+  if (isDone && !MoveFileExW(temporary, target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+    failed = LastError();
+    isDone = false;
+  }
+  if (!isDone) DeleteFileW(temporary);
+  return failed;
+}
+
+}  // namespace platform

@@ -1,0 +1,87 @@
+// SPDX-License-Identifier: MIT
+#include "worker/UploadJob.h"
+
+#include "QorLib/Format.h"
+#include "model/StepLimit.h"
+
+namespace TCBase {
+namespace {
+
+using Stage = DeviceOutcome::Stage;
+
+constexpr std::uint32_t ModePauseMilliseconds = 500;  // in which the controller stores a mode
+
+/// The samples to send: a TC421 takes no more than the step limit.
+std::vector<ModeSample> SamplesFor(const DeviceInfo& info, const Mode& mode, qor::Log& log) {
+  const bool isTC421 = info.kind == DeviceKind::TC421Usb || info.kind == DeviceKind::TC421Network;
+  if (!isTC421) return SampleTable(mode);
+  Mode optimised = mode;
+  OptimiseMode(optimised, log);
+  return SampleTable(optimised);
+}
+
+struct ModesResult {
+  std::string refused;  // numbers of the modes that the device did not take, from 1, with commas
+  bool isCancelled = false;
+};
+
+ModesResult UploadModes(DeviceBase& device, const DeviceInfo& info, const Program::ModeListView& modes,
+                        const JobContext& job) {
+  qor::Log& log = job.device.log;
+  ModesResult result;
+  for (std::size_t index = 0; index < modes.Size(); ++index) {
+    const Mode& mode = modes[index];
+    const std::vector<ModeSample> samples = SamplesFor(info, mode, log);
+    log.Message("Uploading mode: {1}", {mode.name});
+    if (!device.UploadMode(static_cast<int>(index), mode.name, samples)) {
+      log.Message("Upload error");
+      result.refused += (result.refused.empty() ? "" : ", ") + std::to_string(index + 1);
+    }
+    job.device.clock.Sleep(ModePauseMilliseconds);
+    if (job.control.TakeStop()) {
+      job.control.Post(JobControl::Stop);  // for the loop over the devices
+      result.isCancelled = index + 1 < modes.Size();
+      break;
+    }
+  }
+  return result;
+}
+
+DeviceOutcome OutcomeOf(const DeviceBase& device, const DeviceInfo& info, const ModesResult& modes) {
+  if (!modes.refused.empty()) {
+    return {info, Stage::Refused, qor::Format("mode {1} was not taken", {modes.refused})};
+  }
+  if (device.FailedTransactions() > 0) {
+    return {info, Stage::Incomplete,
+            qor::Format("{1} packets did not get through", {device.FailedTransactions()})};
+  }
+  return {info, modes.isCancelled ? Stage::Cancelled : Stage::Done, {}};
+}
+
+}  // namespace
+
+DeviceOutcome UploadDevice(const DeviceInfo& info, const Program::ModeListView& modes,
+                           const JobContext& job) {
+  const std::unique_ptr<DeviceBase> device = CreateDevice(info, job.device);
+  return Upload(*device, info, modes, job);
+}
+
+DeviceOutcome Upload(DeviceBase& device, const DeviceInfo& info, const Program::ModeListView& modes,
+                     const JobContext& job) {
+  qor::Log& log = job.device.log;
+  if (!device.Open()) {
+    log.Message("Connect error");
+    return {info, Stage::NotConnected, device.OpenFailure()};
+  }
+  log.Message("Uploading started");
+  job.control.Take();  // a command that was meant for an earlier job
+  job.control.demoState = JobControl::NoDemo;
+  job.control.demoSecond = JobControl::NoSecond;
+  device.UploadStart();
+  const ModesResult modesResult = UploadModes(device, info, modes, job);
+  device.UploadFinish();
+  log.Message("Uploading finished");
+  return OutcomeOf(device, info, modesResult);
+}
+
+}  // namespace TCBase

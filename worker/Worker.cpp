@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#include "worker/Worker.h"
+
+#include <exception>
+
+#include "platform/WindowMessage.h"
+
+namespace TCBase {
+namespace {
+
+constexpr std::uint32_t PassPauseMilliseconds = 100;
+
+}  // namespace
+
+Worker::Worker(const DeviceContext& context, UsbWatch usbWatch)
+    : context_(context),
+      usbWatch_(usbWatch),
+      tc420Monitor_(DeviceKind::TC420, context,
+                    [this](bool isConnected) { ReportPresence(DeviceKind::TC420, isConnected); }),
+      tc421Monitor_(DeviceKind::TC421Usb, context,
+                    [this](bool isConnected) { ReportPresence(DeviceKind::TC421Usb, isConnected); }),
+      thread_([this] { Run(); }) {}
+
+Worker::~Worker() {
+  if (running_.exchange(false)) thread_.join();
+}
+
+void Worker::Enqueue(std::function<void()> job) {
+  ++unfinishedJobs_;
+  const std::lock_guard lock(queueMutex_);
+  jobs_.push_back(std::move(job));
+}
+
+void Worker::StartUpload(std::vector<DeviceInfo> devices, Program::ModeListView modes) {
+  Enqueue([this, devices = std::move(devices), modes = std::move(modes)] {
+    ForEachSelectedDevice(devices, [&](const DeviceInfo& device) {
+      return UploadDevice(device, modes, {context_, control_});
+    });
+  });
+}
+
+void Worker::SetNotification(void* window, std::uint32_t message) {
+  notifyWindow_ = window;
+  notifyMessage_ = message;
+}
+
+std::vector<DeviceOutcome> Worker::Outcomes() {
+  const std::lock_guard lock(outcomesMutex_);
+  return outcomes_;
+}
+
+void Worker::Run() {
+  while (running_) {
+    RunNextJob();
+    if (usbWatch_ == UsbWatch::On) {
+      tc420Monitor_.Tick();
+      tc421Monitor_.Tick();
+    }
+    context_.clock.Sleep(PassPauseMilliseconds);
+  }
+}
+
+void Worker::RunNextJob() {
+  std::function<void()> job;
+  {
+    const std::lock_guard lock(queueMutex_);
+    if (jobs_.empty()) return;
+    job = std::move(jobs_.front());
+    jobs_.pop_front();
+  }
+  try {
+    job();
+  } catch (const std::exception& failed) {
+    context_.log.Message("{1}", {failed.what()});  // the job's outcomes tell which devices were not reached
+  }
+  --unfinishedJobs_;
+}
+
+void Worker::ForEachSelectedDevice(const std::vector<DeviceInfo>& devices,
+                                   const std::function<DeviceOutcome(const DeviceInfo&)>& job) {
+  std::vector<DeviceOutcome> unreached;
+  for (const DeviceInfo& device : devices) {
+    if (device.selected) unreached.push_back({device, DeviceOutcome::Stage::NotReached, {}});
+  }
+  {
+    const std::lock_guard lock(outcomesMutex_);
+    outcomes_ = unreached;
+  }
+
+  control_.Take();  // a command that was meant for an earlier job
+  for (std::size_t i = 0; i < unreached.size(); ++i) {
+    const DeviceInfo& device = unreached[i].device;
+    context_.log.Message("Configuring device {1}", {device.name});
+    SetOutcome(i, job(device));
+    if (control_.TakeStop()) {
+      context_.log.Message("Cancelled!");
+      return;
+    }
+    context_.log.Message("Finished configuring device {1}", {device.name});
+  }
+}
+
+void Worker::SetOutcome(std::size_t index, DeviceOutcome outcome) {
+  const std::lock_guard lock(outcomesMutex_);
+  outcomes_[index] = std::move(outcome);
+}
+
+void Worker::ReportPresence(DeviceKind kind, bool isConnected) {
+  context_.log.Message(isConnected ? "{1} Device connected" : "{1} Device disconnected",
+                       {DeviceOfKind(kind).name});
+  const std::uint32_t message = notifyMessage_;
+  if (message != 0) platform::PostWindowMessage(notifyWindow_, message, 0, isConnected ? 1 : 0);
+}
+
+}  // namespace TCBase

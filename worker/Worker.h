@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <atomic>
+#include <cstdint>
+#include <deque>
+#include <functional>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+#include "device/DeviceInfo.h"
+#include "model/Program.h"
+#include "worker/DeviceOutcome.h"
+#include "worker/JobControl.h"
+#include "worker/UploadJob.h"
+#include "worker/UsbPresenceMonitor.h"
+
+namespace TCBase {
+
+/// The one background thread that talks to devices. It runs jobs one after another in the order in which they
+/// were handed in, and between them watches for controllers on the USB. All public operations may be called
+/// from any thread and never wait for a running job.
+class Worker {
+ public:
+  enum class UsbWatch { Off, On };
+
+  /// Starts the thread. What the context names outlives the worker.
+  Worker(const DeviceContext& context, UsbWatch usbWatch);
+  /// Waits for the running job; the jobs still queued are dropped.
+  ~Worker();
+  Worker(const Worker&) = delete;
+  Worker& operator=(const Worker&) = delete;
+
+  void Enqueue(std::function<void()> job);
+
+  /// Uploads the modes to the selected devices in turn.
+  void StartUpload(std::vector<DeviceInfo> devices, Program::ModeListView modes);
+
+  /// Where to post that a controller was plugged in (lParam 1) or out (0); before, nothing is posted.
+  void SetNotification(void* window, std::uint32_t message);
+
+  JobControl& Control() { return control_; }
+  /// Whether a job is queued or running.
+  bool IsBusy() const { return unfinishedJobs_ > 0; }
+  /// How the last device job ended for each device that it was to visit.
+  std::vector<DeviceOutcome> Outcomes();
+
+ private:
+  void Run();
+  void RunNextJob();
+  void ForEachSelectedDevice(const std::vector<DeviceInfo>& devices,
+                             const std::function<DeviceOutcome(const DeviceInfo&)>& job);
+  void SetOutcome(std::size_t index, DeviceOutcome outcome);
+  void ReportPresence(DeviceKind kind, bool isConnected);
+
+  DeviceContext context_;
+  UsbWatch usbWatch_;
+  std::atomic<bool> running_ = true;
+  std::mutex queueMutex_;
+  std::deque<std::function<void()>> jobs_;
+  std::atomic<int> unfinishedJobs_ = 0;
+  UsbPresenceMonitor tc420Monitor_;
+  UsbPresenceMonitor tc421Monitor_;
+  std::atomic<void*> notifyWindow_ = nullptr;
+  std::atomic<std::uint32_t> notifyMessage_ = 0;  // 0: none yet
+  JobControl control_;
+  std::mutex outcomesMutex_;
+  std::vector<DeviceOutcome> outcomes_;
+  std::thread thread_;  // last: it uses all the others
+};
+
+}  // namespace TCBase
