@@ -45,6 +45,17 @@ TCBase::DeviceInfo DeviceOf(const std::string& argument) {
                      qor::Format("there is no device '{1}'; devices are emulator and tc420", {argument}));
 }
 
+std::vector<TCBase::DeviceInfo> DevicesOf(const std::vector<std::string>& arguments) {
+  std::vector<TCBase::DeviceInfo> devices;
+  for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
+    if (std::find(arguments.begin(), argument, *argument) != argument) {
+      throw CommandError(WrongUsage, qor::Format("the device {1} is named twice", {*argument}));
+    }
+    devices.push_back(DeviceOf(*argument));
+  }
+  return devices;
+}
+
 // upload
 
 std::string_view StageText(Stage stage) {
@@ -52,8 +63,8 @@ std::string_view StageText(Stage stage) {
     case Stage::Done: return "done";
     case Stage::NotReached: return "not reached";
     case Stage::NotConnected: return "could not be opened";
-    case Stage::Refused: return "refused the upload in part";
-    case Stage::Incomplete: return "did not get everything";
+    case Stage::Refused: return "modes not taken";
+    case Stage::Incomplete: return "incomplete";
     case Stage::Cancelled: return "stopped before all modes were sent";
   }
   return "";
@@ -100,8 +111,7 @@ struct UploadOptions {
 };
 
 ExitStatus RunUpload(const UploadOptions& options, Invocation& invocation) {
-  std::vector<TCBase::DeviceInfo> devices;
-  for (const std::string& argument : options.devices) devices.push_back(DeviceOf(argument));
+  const std::vector<TCBase::DeviceInfo> devices = DevicesOf(options.devices);
   const TCBase::Program program = Load(options.path);
   const TCBase::Program::ModeListView modes = ModesOf(program, options.modes, options.path);
 

@@ -6,6 +6,7 @@
 #include <ostream>
 
 #include "QorLib/Exceptions.h"
+#include "QorLib/Format.h"
 #include "cli/Commands.h"
 
 namespace cli {
@@ -42,6 +43,15 @@ int Complain(Environment& environment, const std::string& sentence, ExitStatus s
   return status;
 }
 
+/// The first argument where a command belongs, if it is none.
+std::string UnknownCommand(const std::vector<std::string>& arguments) {
+  if (arguments.empty() || arguments[0].starts_with('-')) return {};
+  const std::span<const Command> commands = Commands();
+  const bool isKnown = std::any_of(commands.begin(), commands.end(),
+                                   [&](const Command& command) { return command.name == arguments[0]; });
+  return isKnown ? "" : arguments[0];
+}
+
 }  // namespace
 
 int Run(const std::vector<std::string>& arguments, Environment& environment) {
@@ -49,6 +59,10 @@ int Run(const std::vector<std::string>& arguments, Environment& environment) {
   CommonOptions options;
   Runner chosen;
   Define(parser, options, chosen);
+  if (const std::string unknown = UnknownCommand(arguments); !unknown.empty()) {
+    return Complain(environment, qor::Format("there is no command '{1}' (see halvex --help)", {unknown}),
+                    WrongUsage);
+  }
   try {
     parser.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
   } catch (const CLI::Success& asked) {

@@ -124,13 +124,14 @@ Json SampleJson(const TCBase::ModeSample& sample, const std::string& time) {
 }
 
 void PrintSample(const TCBase::ModeSample& sample, const std::string& time, std::ostream& out) {
-  out << time;
+  std::string line = time;
   for (std::size_t i = 0; i < sample.values.size(); ++i) {
     const std::string value = std::to_string(sample.values[i]);
-    out << std::string(value.size() < 5 ? 5 - value.size() : 1, ' ') << value
-        << (sample.jumps[i] != 0 ? 'J' : ' ');
+    line += std::string(value.size() < 5 ? 5 - value.size() : 1, ' ') + value +
+            (sample.jumps[i] != 0 ? "J" : " ");
   }
-  out << '\n';
+  while (line.ends_with(' ')) line.pop_back();
+  out << line << '\n';
 }
 
 struct SampleOptions {

@@ -1,11 +1,11 @@
 # SPDX-License-Identifier: MIT
 # The target hidapi: the distribution's hidraw back end on Linux; on Windows built from the source package of
-# the same version, which scripts/lib/hidapi-source.sh puts into HALVEX_DEPS.
+# the same version, which scripts/lib/windows-deps.sh puts into HALVEX_DEPS.
 add_library(hidapi INTERFACE)
 if(WIN32)
   set(hidapiSource ${HALVEX_DEPS}/hidapi)
   if(NOT EXISTS ${hidapiSource}/windows/hid.c)
-    message(FATAL_ERROR "No hidapi source in ${hidapiSource}: run scripts/lib/hidapi-source.sh first.")
+    message(FATAL_ERROR "No hidapi source in ${hidapiSource}: run scripts/lib/windows-deps.sh first.")
   endif()
   add_library(hidapi_windows STATIC EXCLUDE_FROM_ALL ${hidapiSource}/windows/hid.c)
   target_include_directories(hidapi_windows SYSTEM PRIVATE ${hidapiSource}/hidapi ${hidapiSource}/windows)

@@ -28,12 +28,12 @@ void ThrowIfFailed(const platform::SystemError& error) {
 
 std::string ReadFileBytes(const std::string& path, std::size_t limit) {
   std::string bytes;
-  ThrowIfFailed(platform::ReadFile(path, limit, bytes));
+  ThrowIfFailed(platform::ReadWholeFile(path, limit, bytes));
   return bytes;
 }
 
 void ReplaceFileBytes(const std::string& path, std::string_view bytes) {
-  ThrowIfFailed(platform::ReplaceFile(path, bytes));
+  ThrowIfFailed(platform::ReplaceWholeFile(path, bytes));
 }
 
 }  // namespace TCBase

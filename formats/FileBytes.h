@@ -11,8 +11,8 @@ namespace TCBase {
 /// the one that fits.
 std::string ReadFileBytes(const std::string& path, std::size_t limit);
 
-/// Replaces a file safely (see platform::ReplaceFile). Throws as ReadFileBytes does; the old file is whole
-/// then.
+/// Replaces a file safely (see platform::ReplaceWholeFile). Throws as ReadFileBytes does; the old file is
+/// whole then.
 void ReplaceFileBytes(const std::string& path, std::string_view bytes);
 
 }  // namespace TCBase

@@ -12,12 +12,12 @@ namespace platform {
 
 /// Reads a file whole, but at most `limit` + 1 bytes of it: more than `limit` tells that it is too large.
 /// Memory is taken once, for the file's size.
-SystemError ReadFile(const std::string& path, std::size_t limit, std::string& bytes);
+SystemError ReadWholeFile(const std::string& path, std::size_t limit, std::string& bytes);
 
 /// Puts `bytes` in the place of the file's content so that after a crash or a full disk there is the old file
 /// or the new one, never a part: they are written to a temporary file beside the target, flushed to the disk,
 /// and renamed over it. A link is followed, the file's permissions stay; a target that is no regular file (a
 /// terminal, a pipe) is written to as it is. On failure the target is untouched.
-SystemError ReplaceFile(const std::string& path, std::string_view bytes);
+SystemError ReplaceWholeFile(const std::string& path, std::string_view bytes);
 
 }  // namespace platform

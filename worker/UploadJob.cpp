@@ -21,7 +21,7 @@ std::vector<ModeSample> SamplesFor(const DeviceInfo& info, const Mode& mode, qor
 }
 
 struct ModesResult {
-  std::string refused;  // numbers of the modes that the device did not take, from 1, with commas
+  std::string refused;  // names of the modes that the device did not take, with commas
   bool isCancelled = false;
 };
 
@@ -35,7 +35,7 @@ ModesResult UploadModes(DeviceBase& device, const DeviceInfo& info, const Progra
     log.Message("Uploading mode: {1}", {mode.name});
     if (!device.UploadMode(static_cast<int>(index), mode.name, samples)) {
       log.Message("Upload error");
-      result.refused += (result.refused.empty() ? "" : ", ") + std::to_string(index + 1);
+      result.refused += qor::Format(result.refused.empty() ? "'{1}'" : ", '{1}'", {mode.name});
     }
     job.device.clock.Sleep(ModePauseMilliseconds);
     if (job.control.TakeStop()) {
@@ -48,13 +48,15 @@ ModesResult UploadModes(DeviceBase& device, const DeviceInfo& info, const Progra
 }
 
 DeviceOutcome OutcomeOf(const DeviceBase& device, const DeviceInfo& info, const ModesResult& modes) {
-  if (!modes.refused.empty()) {
-    return {info, Stage::Refused, qor::Format("mode {1} was not taken", {modes.refused})};
+  const int lost = device.FailedTransactions();
+  std::string detail = modes.refused;
+  if (lost > 0) {
+    detail +=
+        qor::Format(lost == 1 ? "{1}{2} packet did not get through" : "{1}{2} packets did not get through",
+                    {detail.empty() ? "" : "; ", lost});
   }
-  if (device.FailedTransactions() > 0) {
-    return {info, Stage::Incomplete,
-            qor::Format("{1} packets did not get through", {device.FailedTransactions()})};
-  }
+  if (!modes.refused.empty()) return {info, Stage::Refused, detail};
+  if (lost > 0) return {info, Stage::Incomplete, detail};
   return {info, modes.isCancelled ? Stage::Cancelled : Stage::Done, {}};
 }
 

@@ -86,7 +86,7 @@ void FlushFolder(const std::string& folder) {
 
 }  // namespace
 
-SystemError ReadFile(const std::string& path, std::size_t limit, std::string& bytes) {
+SystemError ReadWholeFile(const std::string& path, std::size_t limit, std::string& bytes) {
   bytes.clear();
   const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
   struct stat status {};
@@ -115,7 +115,7 @@ SystemError ReadFile(const std::string& path, std::size_t limit, std::string& by
   return {};
 }
 
-SystemError ReplaceFile(const std::string& path, std::string_view bytes) {
+SystemError ReplaceWholeFile(const std::string& path, std::string_view bytes) {
   const std::string target = Resolved(path);
   struct stat old {};
   const bool exists = stat(target.c_str(), &old) == 0;

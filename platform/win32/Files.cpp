@@ -64,7 +64,7 @@ std::wstring FolderOf(const std::wstring& path) {
 
 }  // namespace
 
-SystemError ReadFile(const std::string& path, std::size_t limit, std::string& bytes) {
+SystemError ReadWholeFile(const std::string& path, std::size_t limit, std::string& bytes) {
   bytes.clear();
   const Handle file(CreateFileW(Widen(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE,
                                 nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
@@ -95,7 +95,7 @@ SystemError ReadFile(const std::string& path, std::size_t limit, std::string& by
   return {};
 }
 
-SystemError ReplaceFile(const std::string& path, std::string_view bytes) {
+SystemError ReplaceWholeFile(const std::string& path, std::string_view bytes) {
   const std::wstring target = Widen(path);
   if (!IsRegular(target)) return WriteInPlace(target, bytes);
 

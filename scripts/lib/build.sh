@@ -1,0 +1,19 @@
+# SPDX-License-Identifier: MIT
+# Sourced by the scripts, in the project's root.
+. scripts/lib/packages.sh
+
+native_packages=(g++ cmake ninja-build pkg-config libhidapi-dev libcli11-dev nlohmann-json3-dev)
+test_packages=(libgtest-dev python3)
+windows_packages=(g++-mingw-w64-x86-64-posix googletest wine wine64)
+
+# build PRESET [TARGET...]: configures and builds; what the tools print is shown only when they fail.
+build() {
+  local preset=$1 log=build/$1/build.log
+  shift
+  mkdir -p "build/$preset"
+  if ! { cmake --preset "$preset" && cmake --build --preset "$preset" ${1+--target "$@"}; } >"$log" 2>&1; then
+    grep -E -A 12 'error|FAILED|Error' "$log" | tail -n 60 >&2
+    echo "The build of $preset failed; all of it is in $log" >&2
+    return 1
+  fi
+}

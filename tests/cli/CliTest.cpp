@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cstdio>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "cli/ExitStatus.h"
+#include "cli/Run.h"
+#include "tests/support/FakeHid.h"
+#include "tests/support/TempFolder.h"
+#include "tests/support/VirtualClock.h"
+
+namespace {
+
+class Cli : public testing::Test {
+ protected:
+  /// Runs the program; what it wrote is in `out` and `err`.
+  int Run(std::vector<std::string> arguments) {
+    std::ostringstream outStream, errStream;
+    cli::Environment environment{outStream, errStream, clock, [] {}, [this] { return isInterrupted.load(); }};
+    const int status = cli::Run(arguments, environment);
+    out = outStream.str();
+    err = errStream.str();
+    return status;
+  }
+
+  std::string NewProgram() {
+    const std::string path = folder.File("a.xml");
+    EXPECT_EQ(Run({"new", path}), cli::Done) << err;
+    return path;
+  }
+
+  test::FakeHid hid;
+  test::VirtualClock clock;
+  test::TempFolder folder;
+  std::atomic<bool> isInterrupted = false;
+  std::string out, err;
+};
+
+std::size_t LineCount(const std::string& text) {
+  return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+}
+
+}  // namespace
+
+TEST_F(Cli, ConvertsWithoutChangingAByte) {
+  const std::string a = NewProgram();
+  const std::string b = folder.File("b.XML");
+  EXPECT_EQ(Run({"convert", a, b}), cli::Done) << err;
+  EXPECT_EQ(test::Contents(a), test::Contents(b));
+  EXPECT_EQ(Run({"convert", a, b, "--mode", "2"}), cli::Done) << err;
+  EXPECT_EQ(Run({"info", b}), cli::Done);
+  EXPECT_EQ(out.substr(0, 43), "Mode 1: AlwaysOn, 2 steps, within all limit");
+  EXPECT_EQ(Run({"convert", a, folder.File("b.doc")}), cli::WrongUsage);
+}
+
+TEST_F(Cli, ShowsAProgram) {
+  const std::string path = NewProgram();
+  EXPECT_EQ(Run({"info", "--json", path}), cli::Done);
+  const auto info = nlohmann::json::parse(out);
+  EXPECT_EQ(info["modes"][0]["name"], "Normal");
+  EXPECT_EQ(info["modes"][0]["steps"], 12);
+  EXPECT_EQ(info["modes"][1]["withinLimit"], true);
+  EXPECT_EQ(info["channels"][4]["colour"], "#90EE90");
+
+  EXPECT_EQ(Run({"sample", path, "--mode", "1", "--at", "11:45"}), cli::Done);
+  EXPECT_EQ(out, "11:45:00   65    65    65    65    30\n");
+  EXPECT_EQ(Run({"sample", path, "--mode", "1", "--table"}), cli::Done);
+  EXPECT_EQ(LineCount(out), 12u);
+  EXPECT_EQ(Run({"sample", path, "--mode", "2", "--table", "--json"}), cli::Done);
+  EXPECT_EQ(nlohmann::json::parse(out)[1]["time"], "22:00");
+}
+
+TEST_F(Cli, PrintsThePacketsOfAnUpload) {
+  const std::string path = NewProgram();
+  EXPECT_EQ(Run({"packets", path, "--model", "tc420"}), cli::Done);
+  EXPECT_EQ(LineCount(out), 19u);
+  EXPECT_EQ(out.substr(0, 30), "55AA12000A000C4E6F726D616C0000");
+  EXPECT_EQ(out.substr(128, 49), " Packet_ModeInit(Bank=0, Length=12, Name=Normal)\n");
+
+  hid.plugged = TCBase::TC420UsbId;
+  const std::string printed = out;
+  EXPECT_EQ(Run({"upload", path, "--device", "tc420"}), cli::Done);
+  std::istringstream lines(printed);
+  for (const std::string& frame : hid.Frames()) {
+    std::string hex, line;
+    for (const char byte : frame) {
+      char digits[3];
+      std::snprintf(digits, sizeof digits, "%02X", static_cast<unsigned char>(byte));
+      hex += digits;
+    }
+    std::getline(lines, line);
+    EXPECT_EQ(line.substr(0, 128), hex);
+  }
+}
+
+TEST_F(Cli, UploadsToTheEmulator) {
+  const std::string path = NewProgram();
+  EXPECT_EQ(Run({"upload", path, "--device", "emulator"}), cli::Done);
+  EXPECT_EQ(out,
+            "Configuring device TC420_Emulator\nUploading started\nUploading mode: Normal\n"
+            "Uploading mode: AlwaysOn\nUploading finished\nFinished configuring device TC420_Emulator\n");
+  EXPECT_EQ(err, "");
+  EXPECT_EQ(Run({"upload", path, "--device", "emulator", "--mode", "2", "--mode", "1"}), cli::Done);
+  EXPECT_LT(out.find("AlwaysOn"), out.find("Normal"));
+}
+
+TEST_F(Cli, SendsTheLogWhereItIsWanted) {
+  const std::string path = NewProgram();
+  const std::string log = folder.File("halvex.log");
+  EXPECT_EQ(Run({"--quiet", "upload", path, "--device", "emulator", "--trace", "--log", log}), cli::Done);
+  EXPECT_EQ(out, "");
+  EXPECT_EQ(LineCount(err), 4u + 19u) << "UploadStart, two UploadMode, UploadFinish and the packets";
+  EXPECT_EQ(err.substr(0, 23), "9:05:07:042 UploadStart");
+  EXPECT_EQ(Run({"upload", path, "--device", "emulator", "--log", log}), cli::Done);
+  EXPECT_EQ(LineCount(test::Contents(log)), 1u + 6 + 23 + 1 + 6);
+  EXPECT_EQ(Run({"upload", path, "--device", "emulator", "--log", folder.File("no/such/log")}),
+            cli::FileFailed);
+  EXPECT_EQ(err.substr(0, 27), "halvex: Error creating file");
+  EXPECT_EQ(out, "") << "nothing was uploaded";
+}
+
+TEST_F(Cli, NeverCallsAFailedUploadDone) {
+  const std::string path = NewProgram();
+  EXPECT_EQ(Run({"upload", path, "--device", "tc420"}), cli::DeviceFailed);
+  EXPECT_EQ(out, "Configuring device Orvanta 24\nConnect error\nFinished configuring device Orvanta 24\n");
+  EXPECT_EQ(err, "halvex: Orvanta 24: could not be opened: no such device\n");
+
+  hid.isDenied = true;
+  EXPECT_EQ(Run({"upload", path, "--device", "tc420"}), cli::NoAccess);
+  hid.isDenied = false;
+  hid.plugged = TCBase::TC420UsbId;
+  hid.unplugAfter = 3;
+  EXPECT_EQ(Run({"upload", path, "--device", "tc420", "--device", "emulator"}), cli::DeviceFailed);
+  EXPECT_EQ(err,
+            "halvex: Orvanta 24: modes not taken: 'Normal', 'AlwaysOn'; 13 packets did not get through\n");
+}
+
+TEST_F(Cli, StopsAtAnInterruptAndSaysSo) {
+  const std::string path = NewProgram();
+  isInterrupted = true;
+  EXPECT_EQ(Run({"upload", path, "--device", "emulator"}), cli::Interrupted);
+  EXPECT_NE(out.find("Uploading finished\nCancelled!\n"), std::string::npos) << out;
+}
+
+TEST_F(Cli, ListsControllers) {
+  EXPECT_EQ(Run({"devices"}), cli::NothingFound);
+  hid.isDenied = true;
+  EXPECT_EQ(Run({"devices"}), cli::NoAccess);
+  hid.isDenied = false;
+  hid.plugged = TCBase::TC421UsbId;
+  EXPECT_EQ(Run({"devices"}), cli::Done);
+  EXPECT_EQ(out, "tc421  Orvanta 24 Wi-Fi  USB\n");
+  EXPECT_EQ(Run({"devices", "--json"}), cli::Done);
+  EXPECT_EQ(nlohmann::json::parse(out)[0]["device"], "tc421");
+}
+
+TEST_F(Cli, RefusesWrongUsageInASentence) {
+  const std::string path = NewProgram();
+  const std::vector<std::string> cases[] = {
+      {},
+      {"paint"},
+      {"info"},
+      {"info", path, "more"},
+      {"upload", path},
+      {"upload", path, "--device", "toaster"},
+      {"upload", path, "--device", "tc420", "--device", "tc420"},
+      {"upload", path, "--device", "tc421@192.0.2.1"},
+      {"upload", path, "--device", "emulator", "--mode", "3"},
+      {"upload", path, "--device", "emulator", "--mode", "x"},
+      {"packets", path, "--model", "tc999"},
+      {"sample", path, "--mode", "1"},
+      {"sample", path, "--mode", "0", "--table"},
+      {"sample", path, "--mode", "1", "--at", "24:00"},
+      {"sample", path, "--mode", "1", "--at", "8:00:00:00"},
+      {"sample", path, "--mode", "1", "--at", "-1:00"},
+      {"sample", path, "--mode", "1", "--at", "8:00", "--table"},
+  };
+  for (const auto& arguments : cases) {
+    EXPECT_EQ(Run(arguments), cli::WrongUsage) << testing::PrintToString(arguments);
+    EXPECT_EQ(LineCount(err), 1u) << err;
+    EXPECT_EQ(out, "");
+  }
+}
+
+TEST_F(Cli, NamesABadFileAndLeavesTheOutputAlone) {
+  const std::string bad = folder.File("bad.xml");
+  const std::string good = folder.File("good.xml");
+  test::Write(bad, "<modelist>\n  <mode name='x'>");
+  test::Write(good, "precious");
+  EXPECT_EQ(Run({"convert", bad, good}), cli::FileFailed);
+  EXPECT_EQ(err, "halvex: Error loading program " + bad +
+                     ": line 2, column 18: the file ends inside <mode>; it may have been cut off\n");
+  EXPECT_EQ(test::Contents(good), "precious");
+  EXPECT_EQ(Run({"info", folder.File("missing.xml")}), cli::FileFailed);
+  EXPECT_EQ(LineCount(err), 1u);
+  EXPECT_EQ(Run({"new", folder.File("no/folder.xml")}), cli::FileFailed);
+  EXPECT_EQ(LineCount(err), 1u);
+}
+
+TEST_F(Cli, HelpsAndTellsItsVersion) {
+  EXPECT_EQ(Run({"--version"}), cli::Done);
+  EXPECT_EQ(out.substr(0, 7), "halvex ");
+  EXPECT_EQ(Run({"--help"}), cli::Done);
+  EXPECT_NE(out.find("monitor"), std::string::npos);
+  EXPECT_EQ(Run({"upload", "--help"}), cli::Done);
+  EXPECT_NE(out.find("--device"), std::string::npos);
+}

@@ -1,0 +1,115 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include "device/CreateDevice.h"
+#include "device/TC420/Device.h"
+#include "device/TC420/Mock.h"
+#include "device/TC421/Devices.h"
+#include "tests/support/FakeHid.h"
+#include "tests/support/TestLog.h"
+#include "tests/support/VirtualClock.h"
+
+using Texts = std::vector<std::string>;
+
+namespace {
+
+class DeviceTest : public testing::Test {
+ protected:
+  test::FakeHid hid;
+  test::VirtualClock clock;
+  test::TestLog log;
+  TCBase::DeviceContext context{clock, log};
+  std::vector<TCBase::ModeSample> samples = std::vector<TCBase::ModeSample>(3);
+};
+
+using CreateDevice = DeviceTest;
+using Emulator = DeviceTest;
+using TC420Device = DeviceTest;
+
+/// The command bytes of images.
+std::string Commands(const std::vector<std::string>& images) {
+  std::string commands;
+  for (const std::string& image : images) commands += image[2];
+  return commands;
+}
+
+}  // namespace
+
+TEST_F(CreateDevice, KnowsAllKinds) {
+  const auto create = [this](auto kind) {
+    return TCBase::CreateDevice(TCBase::DeviceOfKind(static_cast<TCBase::DeviceKind>(kind)), context);
+  };
+  const auto tc420 = create(1);
+  EXPECT_TRUE(dynamic_cast<TC420::Device*>(tc420.get()) && !dynamic_cast<TC420::Mock*>(tc420.get()));
+  EXPECT_TRUE(dynamic_cast<TC420::Mock*>(create(2).get()));
+  EXPECT_TRUE(dynamic_cast<TC421::USBDevice*>(create(3).get()));
+  EXPECT_TRUE(dynamic_cast<TC421::UDPDevice*>(create(4).get()));
+  EXPECT_TRUE(dynamic_cast<TC420::Mock*>(create(77).get()));
+}
+
+TEST_F(CreateDevice, NeverClaimsThatATC421WorksYet) {
+  hid.plugged = TCBase::TC421UsbId;
+  for (const auto kind : {TCBase::DeviceKind::TC421Usb, TCBase::DeviceKind::TC421Network}) {
+    const auto device = TCBase::CreateDevice(TCBase::DeviceOfKind(kind), context);
+    EXPECT_FALSE(device->Open() && device->UploadStart());
+    EXPECT_FALSE(device->UploadMode(0, "Reef", samples));
+    EXPECT_EQ(log.Texts(), Texts{"The TC421 is not supported yet."});
+  }
+}
+
+TEST_F(Emulator, RecordsWhatATC420WouldGet) {
+  TC420::Mock device(context);
+  const std::int64_t start = clock.Milliseconds();
+  EXPECT_TRUE(device.Open() && device.UploadStart() && device.UploadMode(0, "Reef", samples) &&
+              device.UploadFinish());
+  EXPECT_EQ(Commands(device.Written()), "\x12\x13\x13\x13\x01\x02");
+  EXPECT_TRUE(device.TimeSync({}) && device.ClearAll() && device.DemoStart("x") &&
+              device.DemoSetChannels({1, 2, 3, 4, 5}) && device.DemoFinish());
+  EXPECT_EQ(Commands(device.Written()).substr(6), "\x11\x03\x15\x16\x02");
+  EXPECT_EQ(clock.Milliseconds(), start);
+}
+
+TEST_F(Emulator, TracesLikeARealOneWithoutDumps) {
+  log.SetTracing(true);
+  TC420::Mock device(context);
+  device.UploadMode(0, "", samples);
+  device.DemoFinish();
+  EXPECT_EQ(log.Texts(), (Texts{"9:05:07:042 UploadMode", "9:05:07:042 DemoFinish",
+                                "9:05:07:042 WritePacket: Packet_ModeStop()"}));
+}
+
+TEST_F(TC420Device, RefusesModesThatItCannotHold) {
+  TC420::Mock device(context);
+  EXPECT_FALSE(device.UploadMode(64, "Reef", samples));
+  EXPECT_FALSE(device.UploadMode(0, "", samples));
+  EXPECT_FALSE(device.UploadMode(0, "Reef", {samples[0]}));
+  EXPECT_TRUE(device.Written().empty());
+  EXPECT_TRUE(device.UploadMode(63, "Reef", {samples[0], samples[1]}));
+  EXPECT_TRUE(device.UploadMode(-1, "Reef", samples));
+  EXPECT_EQ(device.Written()[4][5], '\xFF') << "a negative bank goes as its low byte";
+}
+
+TEST_F(TC420Device, GoesOnAfterALostStepButRemembersIt) {
+  hid.plugged = TCBase::TC420UsbId;
+  int reads = 0;
+  hid.answer = [](const std::string&) { return std::vector<std::string>{"k"}; };
+  hid.readResult = [&reads] {
+    return ++reads == 3 ? -1 : 0;
+  };  // two reads a packet: the second packet's reply
+  TC420::Device device(context);
+  ASSERT_TRUE(device.Open());
+  EXPECT_TRUE(device.UploadMode(0, "Reef", samples));
+  EXPECT_EQ(hid.Frames().size(), 5u);
+  EXPECT_EQ(device.FailedTransactions(), 1);
+}
+
+TEST_F(TC420Device, StopsAModeWhoseBeginningFails) {
+  hid.plugged = TCBase::TC420UsbId;
+  hid.unplugAfter = 0;
+  TC420::Device device(context);
+  ASSERT_TRUE(device.Open());
+  EXPECT_FALSE(device.UploadMode(0, "Reef", samples));
+  EXPECT_EQ(device.FailedTransactions(), 1);
+  EXPECT_TRUE(device.UploadFinish()) << "its result is not passed on";
+  EXPECT_EQ(device.FailedTransactions(), 2);
+}

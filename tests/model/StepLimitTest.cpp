@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "model/StepLimit.h"
+
+#include <gtest/gtest.h>
+
+#include "model/ModeSample.h"
+#include "model/StepThinner.h"
+#include "tests/support/Curves.h"
+#include "tests/support/TestLog.h"
+
+using test::Curve;
+using Texts = std::vector<std::string>;
+
+namespace {
+
+/// A mode whose first channel has a step on each of the day's first `count` minutes.
+TCBase::Mode ModeOf(int count) {
+  TCBase::Mode mode;
+  mode.name = "Reef";
+  for (int i = 0; i < count; ++i) {
+    mode.channels[0].steps.push_back(TCBase::MakeStep(i / 60, i % 60, static_cast<float>(i * i % 97)));
+  }
+  return mode;
+}
+
+}  // namespace
+
+TEST(RemovalCandidate, IsTheStepThatChangesTheLightLeast) {
+  TCBase::Mode mode;
+  mode.channels[1] = Curve({{8, 0, 0}, {12, 0, 50}, {16, 0, 100}});
+  mode.channels[3] = Curve({{6, 0, 7}, {7, 0, 7}, {9, 0, 7}, {10, 0, 90}});
+  EXPECT_EQ(TCBase::FindRemovalCandidate(mode), (TCBase::RemovalCandidate{1, 1, 0}))
+      << "the lower channel first";
+  mode.channels[1].steps.pop_back();
+  EXPECT_EQ(TCBase::FindRemovalCandidate(mode), (TCBase::RemovalCandidate{3, 1, 0}))
+      << "two steps are never thinned";
+  mode.channels[3].steps.resize(2);
+  EXPECT_FALSE(TCBase::FindRemovalCandidate(mode));
+}
+
+TEST(OptimiseMode, LeavesAModeWithinTheLimitAlone) {
+  test::TestLog log;
+  TCBase::Mode mode = ModeOf(48);
+  const TCBase::Mode before = mode;
+  EXPECT_TRUE(TCBase::OptimiseMode(mode, log));
+  EXPECT_EQ(mode, before);
+  EXPECT_EQ(log.Texts(), Texts{});
+}
+
+TEST(OptimiseMode, BringsAModeUnderTheLimitAndSaysSo) {
+  test::TestLog log;
+  TCBase::Mode mode = ModeOf(49);
+  EXPECT_TRUE(TCBase::OptimiseMode(mode, log));
+  EXPECT_EQ(TCBase::StepCount(mode), 48);
+  EXPECT_EQ(log.Texts(), Texts{"Mode Reef has more than 48 steps, optimizing..."});
+}
+
+// Steps outside the day count for no minute, so only a broken file gets here.
+TEST(OptimiseProgram, StopsAtTheFirstModeThatFails) {
+  test::TestLog log;
+  TCBase::Program program;
+  program.modes = {ModeOf(60), ModeOf(60), ModeOf(60)};
+  for (TCBase::Mode& mode : program.modes) mode.name += std::to_string(&mode - program.modes.data());
+  EXPECT_TRUE(TCBase::OptimiseProgram(program, log));
+  EXPECT_EQ(log.Texts().size(), 3u);
+}
+
+TEST(StepThinner, RemovesWhatTheDefinitionRemovesInItsOrder) {
+  const unsigned seed = std::random_device()();
+  SCOPED_TRACE(seed);
+  std::mt19937 random(seed);
+  for (int round = 0; round < 40; ++round) {
+    TCBase::Mode plain;
+    for (TCBase::Channel& channel : plain.channels)
+      channel = test::RandomCurve(random, 30, random() % 4 != 0);
+    TCBase::Mode thinned = plain;
+    const TCBase::Mode original = plain;
+    TCBase::StepThinner thinner(thinned);
+    while (const TCBase::RemovalCandidate expected = TCBase::FindRemovalCandidate(plain)) {
+      const TCBase::RemovalCandidate found = thinner.Cheapest();
+      auto& steps = plain.channels[static_cast<std::size_t>(expected.channel)].steps;
+      const auto step = steps.begin() + expected.step;
+      ASSERT_EQ(found.channel, expected.channel) << "round " << round;
+      ASSERT_EQ(found.cost, expected.cost) << "round " << round;
+      ASSERT_EQ(original.channels[static_cast<std::size_t>(found.channel)]
+                    .steps[static_cast<std::size_t>(found.step)]
+                    .id,
+                step->id)
+          << "round " << round;
+      steps.erase(step);
+      thinner.Remove(found);
+      ASSERT_EQ(thinner.StepCount(), TCBase::StepCount(plain));
+    }
+    EXPECT_FALSE(thinner.Cheapest());
+    thinner.PutBack();
+    EXPECT_EQ(thinned, plain);
+  }
+}
+
+TEST(RemoveRedundantSteps, KeepsTheCurve) {
+  TCBase::Mode mode;
+  mode.channels[0] = Curve({{0, 0, 0}, {6, 0, 25}, {12, 0, 50}, {18, 0, 25}});
+  mode.channels[2] = Curve({{8, 0, 10}, {9, 0, 10}, {10, 0, 11.5f}, {11, 0, 90}});
+  TCBase::RemoveRedundantSteps(mode);
+  EXPECT_EQ(mode.channels[0], Curve({{0, 0, 0}, {12, 0, 50}}));
+  EXPECT_EQ(mode.channels[2].steps.size(), 3u);
+}
+
+TEST(Resampling, TakesAStepEveryHalfHour) {
+  TCBase::Mode source;
+  source.name = "Reef";
+  source.description = "d";
+  source.channels[4] = Curve({{8, 10, 0, true}, {20, 0, 99.5f, true}});
+  const TCBase::Mode target = TCBase::ResampleAt30Minutes(source);
+  EXPECT_EQ(target.name + target.description, "Reefd");
+  ASSERT_EQ(target.channels[0].steps.size(), 48u);
+  const std::vector<TCBase::Step>& steps = target.channels[4].steps;
+  EXPECT_EQ(steps[16], (TCBase::Step{8, 0, 99}));
+  EXPECT_EQ(steps[17], (TCBase::Step{8, 30, 0}));
+  EXPECT_EQ(steps[47], (TCBase::Step{23, 30, 99}));
+  EXPECT_NE(steps[0].id, steps[1].id);
+}

@@ -1,0 +1,234 @@
+# SPDX-License-Identifier: MIT
+"""Checks what the guest left behind: python3 check.py RESULTS.tar. Each check is a function named after its case."""
+import collections
+import re
+import sys
+import tarfile
+
+import frames
+
+UPLOAD_LOG = ['Configuring device Orvanta 24', 'Uploading started', 'Uploading mode: Normal',
+              'Uploading mode: AlwaysOn', 'Uploading finished', 'Finished configuring device Orvanta 24']
+
+
+class Failure(Exception):
+    pass
+
+
+class Case:
+    """The files of one case's folder."""
+
+    def __init__(self, files):
+        self.files = files
+
+    def text(self, name):
+        if name not in self.files:
+            raise Failure(f'the guest left no {name}')
+        return self.files[name].decode('utf-8', 'replace')
+
+    def lines(self, name):
+        return self.text(name).splitlines()
+
+    def status(self, run, *expected):
+        status = int(self.text(run + '.status'))
+        if status == 137:
+            raise Failure(f'"{run}" hung and was killed{self.said(run)}')
+        if status not in expected:
+            wanted = ' or '.join(map(str, expected))
+            raise Failure(f'"{run}" ended with status {status} and not {wanted}{self.said(run)}')
+
+    def said(self, run):
+        last = [line for line in self.lines(run + '.err') if line.strip()][-3:]
+        return '; it complained: ' + ' / '.join(last) if last else ''
+
+    def log(self, run, expected):
+        got = self.lines(run + '.out')
+        for number, (line, wanted) in enumerate(zip(got, expected), 1):
+            if line != wanted:
+                raise Failure(f'line {number} of "{run}" is "{line}" and not "{wanted}"')
+        if len(got) != len(expected):
+            extra = (got[len(expected):] or expected[len(got):])[0]
+            raise Failure(f'"{run}" wrote {len(got)} lines and not {len(expected)}; the first odd one is "{extra}"')
+
+    def arrived(self, controller, expected):
+        got = self.lines(controller + '.frames')
+        for number, (line, frame) in enumerate(zip(got, expected), 1):
+            compare(f'frame {number}', line, frame.hex().upper())
+        if len(got) != len(expected):
+            raise Failure(f'{len(got)} frames arrived at {controller} and not {len(expected)}')
+
+    def seconds(self, run):
+        begin, end = self.text(run + '.seconds').split()
+        return float(end) - float(begin)
+
+
+def compare(what, got, wanted):
+    if got == wanted:
+        return
+    if len(got) != len(wanted):
+        raise Failure(f'{what} has {len(got) // 2} bytes')
+    at = next(i for i in range(0, len(got), 2) if got[i:i + 2] != wanted[i:i + 2])
+    raise Failure(f'{what}: byte {at // 2} is {got[at:at + 2]} and not {wanted[at:at + 2]} (in {got})')
+
+
+def dumps(trace):
+    """(name, bytes as hexadecimal) of each dump in a trace, in order."""
+    found = []
+    for line in trace:
+        if begin := re.fullmatch(r'\d+:\d\d:\d\d:\d{3} (hid_write|hid_read):', line):
+            found.append([begin[1], ''])
+        elif found and (row := re.match(r'([0-9A-F]{4})  ((?:[0-9A-F]{2} {1,2}){1,16})', line)):
+            if int(row[1], 16) == len(found[-1][1]) // 2:
+                found[-1][1] += row[2].replace(' ', '')
+    return found
+
+
+CHECKS = {}
+
+
+def check(folder):
+    def keep(function):
+        CHECKS[function.__name__.replace('_', '-')] = (folder, function)
+        return function
+    return keep
+
+
+def whole_upload(case, run='upload', controller='tc420'):
+    case.arrived(controller, frames.TC420_UPLOAD)
+    case.log(run, UPLOAD_LOG)
+    case.status(run, 0)
+
+
+@check('absent')
+def nothing_plugged_in(case):
+    case.status('new', 0)
+    case.log('upload', [UPLOAD_LOG[0], 'Connect error', UPLOAD_LOG[-1]])
+    case.status('upload', 1)
+
+
+@check('upload')
+def upload(case):
+    whole_upload(case)
+
+
+@check('two_reports')
+def answers_in_two_reports(case):
+    whole_upload(case)
+    found = dumps(case.lines('upload.err'))
+    written = [data for name, data in found if name == 'hid_write']
+    if len(written) != len(frames.TC420_UPLOAD):
+        raise Failure(f'the trace shows {len(written)} writes and not {len(frames.TC420_UPLOAD)}')
+    for number, (data, frame) in enumerate(zip(written, frames.TC420_UPLOAD), 1):
+        compare(f'write {number} of the trace', data, frame.hex().upper())
+    # The simulated controller puts the frame's and the report's number into its answers. A second report may be
+    # read with the next answer, so the program may have left before those to the last frame come.
+    read = [(int(data[12:14], 16), int(data[10:12], 16)) for name, data in found if name == 'hid_read']
+    wanted = [(frame, report) for frame in range(1, len(written) + 1) for report in (1, 2)]
+    if len(read) < len(wanted) - 2 or read != wanted[:len(read)]:
+        raise Failure(f'the trace shows the reads (frame, report) {read}')
+
+
+@check('silent')
+def silent_controller(case):
+    whole_upload(case)
+    least = len(frames.TC420_UPLOAD) * 0.8 + 2 * 0.5
+    if case.seconds('upload') < least:
+        raise Failure(f'the upload took {case.seconds("upload"):.1f} s, but the waits alone are {least:.1f} s')
+
+
+@check('nonsense')
+def nonsense_answers(case):
+    whole_upload(case)
+
+
+@check('unplugged')
+def unplugged_in_the_middle(case):
+    case.arrived('tc420', frames.TC420_UPLOAD[:6])
+    case.log('upload', ['Configuring device Orvanta 24', 'Uploading started', 'Uploading mode: Normal',
+                        'Upload error', 'Uploading mode: AlwaysOn', 'Upload error', 'Uploading finished',
+                        'Finished configuring device Orvanta 24'])
+    case.status('upload', 1)
+
+
+@check('unplugged')
+def plugged_in_again(case):
+    whole_upload(case, 'again', 'again')
+
+
+@check('refused')
+def no_permission(case):
+    case.arrived('tc420', [])
+    case.log('upload', [UPLOAD_LOG[0], 'Connect error', UPLOAD_LOG[-1]])
+    case.status('upload', 6)
+    case.status('list', 6)
+
+
+@check('devices')
+def devices(case):
+    if not re.search(r'\btc420\b', case.text('plugged.out')):
+        raise Failure(f'the list does not name tc420: "{case.text("plugged.out").strip()}"')
+    if 'tc421' in case.text('plugged.out'):
+        raise Failure('the list names a tc421 that is not there')
+    case.status('plugged', 0)
+    case.status('nothing', 4)
+    case.arrived('tc420', [])
+
+
+@check('interrupted')
+def interrupted_upload(case):
+    case.arrived('tc420', frames.tc420_mode(0) + frames.TC420_CLOSE)
+    case.log('upload', ['Configuring device Orvanta 24', 'Uploading started', 'Uploading mode: Normal',
+                        'Uploading finished', 'Cancelled!'])
+    case.status('upload', 130)
+
+
+@check('monitor')
+def monitor(case):
+    count = collections.Counter(case.lines('monitor.out'))
+    for line in ('Orvanta 24 Device connected', 'Orvanta 24 Device disconnected',
+                 'Orvanta 24 Wi-Fi Device connected'):
+        if count[line] != 1:
+            raise Failure(f'"{line}" came {count[line]} times')
+    case.status('monitor', 0, 130)
+    case.arrived('tc420', [])
+
+
+def read_results(path):
+    """The guest's folders by name, each a dictionary from file name to bytes."""
+    folders = collections.defaultdict(dict)
+    try:
+        with tarfile.open(path, ignore_zeros=True) as archive:
+            for member in archive:
+                if member.isfile():
+                    folder, name = member.name.split('/')
+                    folders[folder][name] = archive.extractfile(member).read()
+    except (OSError, tarfile.TarError) as error:
+        print(f'The results are incomplete: {error}', file=sys.stderr)
+    return folders
+
+
+def why_failed(folder, function, results):
+    if folder not in results:
+        return 'the virtual machine did not get there'
+    case = Case(results[folder])
+    reasons = case.lines('trouble.txt') if 'trouble.txt' in case.files else []
+    try:
+        function(case)
+    except Failure as failure:
+        reasons.insert(0, str(failure))
+    return '; '.join(reasons)
+
+
+def main():
+    results = read_results(sys.argv[1])
+    failed = 0
+    for name, (folder, function) in CHECKS.items():
+        why = why_failed(folder, function, results)
+        failed += bool(why)
+        print(f'FAILED {name}: {why}' if why else f'ok {name}')
+    print(f'{len(CHECKS) - failed} passed, {failed} failed')
+    sys.exit(failed > 0)
+
+
+if __name__ == '__main__':
+    main()

@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#include "worker/UploadJob.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "device/TC420/Mock.h"
+#include "model/Presets.h"
+#include "tests/support/FakeHid.h"
+#include "tests/support/TestLog.h"
+#include "tests/support/VirtualClock.h"
+
+using Texts = std::vector<std::string>;
+using Stage = TCBase::DeviceOutcome::Stage;
+
+namespace {
+
+class UploadJob : public testing::Test {
+ protected:
+  UploadJob() { modes(2); }
+
+  /// Makes the program to upload one of `count` modes named A, B, …
+  void modes(std::size_t count) {
+    program = TCBase::NewProgram(qor::InEnglish);
+    program.modes.resize(count, program.modes[1]);
+    for (std::size_t i = 0; i < count; ++i)
+      program.modes[i].name = std::string(1, static_cast<char>('A' + i));
+  }
+
+  TCBase::DeviceOutcome Upload(TCBase::DeviceKind kind) {
+    return TCBase::UploadDevice(TCBase::DeviceOfKind(kind), TCBase::Program::ModeListView(program), job);
+  }
+
+  test::FakeHid hid;
+  test::VirtualClock clock;
+  test::TestLog log;
+  TCBase::JobControl control;
+  TCBase::JobContext job{{clock, log}, control};
+  TCBase::Program program;
+};
+
+}  // namespace
+
+TEST_F(UploadJob, WritesItsLinesAndWaitsAfterEachMode) {
+  const std::int64_t start = clock.Milliseconds();
+  EXPECT_TRUE(Upload(TCBase::DeviceKind::Emulator).IsDone());
+  EXPECT_EQ(log.Texts(),
+            (Texts{"Uploading started", "Uploading mode: A", "Uploading mode: B", "Uploading finished"}));
+  EXPECT_EQ(clock.Milliseconds() - start, 1000) << "no time beyond the pauses";
+}
+
+TEST_F(UploadJob, TakesOnASilentControllerNothingBeyondItsWaits) {
+  hid.plugged = TCBase::TC420UsbId;
+  const std::int64_t start = clock.Milliseconds();
+  EXPECT_TRUE(Upload(TCBase::DeviceKind::TC420).IsDone());
+  EXPECT_EQ(hid.Frames().size(), 19u);
+  EXPECT_EQ(clock.Milliseconds() - start, 19 * 800 + 2 * 500);
+}
+
+TEST_F(UploadJob, ReportsADeviceThatIsNotThere) {
+  const TCBase::DeviceOutcome outcome = Upload(TCBase::DeviceKind::TC420);
+  EXPECT_EQ(outcome.stage, Stage::NotConnected);
+  EXPECT_EQ(outcome.detail, "no such device");
+  EXPECT_EQ(log.Texts(), Texts{"Connect error"});
+}
+
+TEST_F(UploadJob, KeepsGoingAfterAModeIsRefused) {
+  modes(3);
+  program.modes[1].name.clear();
+  TC420::Mock device(job.device);
+  const TCBase::DeviceOutcome outcome =
+      TCBase::Upload(device, TCBase::DeviceOfKind(TCBase::DeviceKind::Emulator),
+                     TCBase::Program::ModeListView(program), job);
+  EXPECT_EQ(outcome.stage, Stage::Refused);
+  EXPECT_EQ(outcome.detail, "''");
+  EXPECT_EQ(log.Texts(), (Texts{"Uploading started", "Uploading mode: A", "Uploading mode: ", "Upload error",
+                                "Uploading mode: C", "Uploading finished"}));
+  EXPECT_EQ(device.Written()[14][5], 2) << "the third mode keeps its bank";
+}
+
+TEST_F(UploadJob, NeverCallsAnUnpluggedUploadDone) {
+  for (int frames = 0; frames < 19; ++frames) {
+    test::FakeHid bus;
+    bus.plugged = TCBase::TC420UsbId;
+    bus.unplugAfter = frames;
+    bus.answer = [](const std::string&) { return Texts{"ok"}; };
+    const TCBase::DeviceOutcome outcome = Upload(TCBase::DeviceKind::TC420);
+    EXPECT_EQ(outcome.stage, frames < 18 ? Stage::Refused : Stage::Incomplete) << frames;
+    const Texts texts = log.Texts();
+    EXPECT_EQ(std::count(texts.begin(), texts.end(), "Upload error"), frames < 14   ? 2
+                                                                      : frames < 18 ? 1
+                                                                                    : 0)
+        << frames;
+  }
+}
+
+TEST_F(UploadJob, StopsAfterTheModeInHand) {
+  modes(5);
+  struct Stopper : TC420::Mock {
+    Stopper(const TCBase::DeviceContext& context, TCBase::JobControl& jobControl)
+        : Mock(context), control(jobControl) {}
+    bool UploadMode(int bank, const std::string& name,
+                    const std::vector<TCBase::ModeSample>& samples) override {
+      control.Post(TCBase::JobControl::Stop);
+      return Mock::UploadMode(bank, name, samples);
+    }
+    TCBase::JobControl& control;
+  } stopper(job.device, control);
+  const TCBase::DeviceOutcome outcome =
+      TCBase::Upload(stopper, TCBase::DeviceOfKind(TCBase::DeviceKind::Emulator),
+                     TCBase::Program::ModeListView(program), job);
+  EXPECT_EQ(outcome.stage, Stage::Cancelled);
+  EXPECT_EQ(log.Texts(), (Texts{"Uploading started", "Uploading mode: A", "Uploading finished"}));
+  EXPECT_EQ(stopper.Written().back()[2], 0x02);
+  EXPECT_TRUE(control.TakeStop()) << "passed on to the loop over the devices";
+}
+
+TEST_F(UploadJob, DropsACommandThatIsOlder) {
+  control.Post(TCBase::JobControl::Stop);
+  control.demoSecond = 5;
+  EXPECT_TRUE(Upload(TCBase::DeviceKind::Emulator).IsDone());
+  EXPECT_EQ(control.demoSecond, -1);
+}

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+#include "Controller.h"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <signal.h>
+#include <sys/signalfd.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <system_error>
+
+#include "HostNode.h"
+
+namespace SimUsb {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto Forever = -1ms;
+constexpr auto EnumerationPatience = 10s;
+constexpr auto ReplugPause = 1s;
+// An answer that nobody has fetched keeps the endpoint busy; the next one is then dropped, not waited for.
+constexpr auto AnswerPatience = 200ms;
+
+sigset_t EndSignals() {
+  sigset_t signals;
+  sigemptyset(&signals);
+  sigaddset(&signals, SIGINT);
+  sigaddset(&signals, SIGTERM);
+  return signals;
+}
+
+Handle OpenTranscript(const std::string& path) {
+  return path.empty() ? Handle() : OpenFile(path, O_WRONLY | O_CREAT | O_APPEND);
+}
+
+void Say(const std::string& line) {
+  std::puts(line.c_str());
+  std::fflush(stdout);
+}
+
+}  // namespace
+
+void BlockEndSignals() {
+  const sigset_t signals = EndSignals();
+  sigprocmask(SIG_BLOCK, &signals, nullptr);
+}
+
+Controller::Controller(const Options& wanted)
+    : options(wanted),
+      transcript(OpenTranscript(wanted.transcript)),
+      serial("sim-usb-" + std::to_string(::getpid())),
+      gadget(wanted.model, wanted.udc, serial) {
+  const sigset_t signals = EndSignals();
+  endSignals = Handle(::signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK));
+  if (endSignals.Get() < 0) throw std::system_error(errno, std::generic_category(), "signalfd");
+}
+
+void Controller::Run() {
+  for (;;) {
+    PlugIn();
+    const End end = Serve();
+    gadget.Unplug();
+    Say("Unplugged");
+    if (end == End::Signal || options.once || !Wait(ReplugPause)) return;
+  }
+}
+
+void Controller::PlugIn() {
+  frames = 0;
+  gadget.PlugIn();
+  std::string line = "Plugged in";
+  if (gadget.Udc().starts_with("dummy_udc")) {
+    const std::filesystem::path node = WaitForHostNode(serial, EnumerationPatience);
+    SetHostNodeAccess(node, !options.refuseOpen);
+    line += " as " + node.string();
+  }
+  Say(line);
+}
+
+Controller::End Controller::Serve() {
+  Report buffer;
+  while (WaitFor(POLLIN, Forever)) {
+    const ssize_t count = ::read(gadget.Descriptor(), buffer.data(), buffer.size());
+    if (count < 0 && (errno == EAGAIN || errno == EINTR)) continue;
+    if (count < 0) throw std::system_error(errno, std::generic_category(), "Reading a report");
+    const std::span<const std::uint8_t> frame(buffer.data(), static_cast<std::size_t>(count));
+    Record(frame);
+    ++frames;
+    if (frames == options.unplugAfter) return End::Unplugged;
+    if (!options.silent && !Answer(frame)) return End::Signal;
+  }
+  return End::Signal;
+}
+
+void Controller::Record(std::span<const std::uint8_t> frame) const {
+  if (transcript.Get() < 0) return;
+  std::string line;
+  for (const std::uint8_t byte : frame) {
+    constexpr char Digits[] = "0123456789ABCDEF";
+    line += Digits[byte >> 4];
+    line += Digits[byte & 15];
+  }
+  line += '\n';
+  if (::write(transcript.Get(), line.data(), line.size()) != static_cast<ssize_t>(line.size())) {
+    throw std::system_error(errno, std::generic_category(), options.transcript);
+  }
+}
+
+bool Controller::Answer(std::span<const std::uint8_t> frame) {
+  if (!Wait(options.delay)) return false;
+  for (int report = 1; report <= options.reports; ++report) {
+    if (report > 1 && !Wait(options.pause)) return false;
+    if (!Send(MakeAnswer(frame, report))) return false;
+  }
+  return true;
+}
+
+// The frame's first four bytes, then 0 for "accepted". The two numbers after it mean nothing to a host; they
+// tell one answer from another in a trace.
+Report Controller::MakeAnswer(std::span<const std::uint8_t> frame, int report) {
+  Report answer{};
+  if (options.nonsense) {
+    std::generate(answer.begin(), answer.end(), [this] { return static_cast<std::uint8_t>(random() >> 8); });
+    return answer;
+  }
+  std::copy_n(frame.begin(), std::min<std::size_t>(frame.size(), 4), answer.begin());
+  answer[5] = static_cast<std::uint8_t>(report);
+  answer[6] = static_cast<std::uint8_t>(frames);
+  return answer;
+}
+
+bool Controller::Send(const Report& report) const {
+  if (!WaitFor(POLLOUT, AnswerPatience)) return false;
+  // A full endpoint or a host that has gone away: the answer is lost, as with a real controller.
+  [[maybe_unused]] const ssize_t sent = ::write(gadget.Descriptor(), report.data(), report.size());
+  return true;
+}
+
+bool Controller::Wait(std::chrono::milliseconds time) const {
+  pollfd end{endSignals.Get(), POLLIN, 0};
+  return ::poll(&end, 1, static_cast<int>(time.count())) == 0;
+}
+
+bool Controller::WaitFor(short events, std::chrono::milliseconds time) const {
+  pollfd both[] = {{endSignals.Get(), POLLIN, 0}, {gadget.Descriptor(), events, 0}};
+  ::poll(both, 2, static_cast<int>(time.count()));
+  return both[0].revents == 0;
+}
+
+}  // namespace SimUsb

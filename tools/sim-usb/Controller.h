@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <chrono>
+#include <cstdint>
+#include <random>
+#include <span>
+
+#include "Files.h"
+#include "Gadget.h"
+#include "Options.h"
+
+namespace SimUsb {
+
+using Report = std::array<std::uint8_t, 64>;
+
+// A controller's life: plugged in, frames recorded and answered, unplugged. SIGINT and SIGTERM end it; they
+// must be blocked before (BlockEndSignals).
+class Controller {
+ public:
+  explicit Controller(const Options& options);
+  void Run();
+
+ private:
+  enum class End { Signal, Unplugged };
+
+  void PlugIn();
+  End Serve();
+  void Record(std::span<const std::uint8_t> frame) const;
+  bool Answer(std::span<const std::uint8_t> frame);
+  Report MakeAnswer(std::span<const std::uint8_t> frame, int report);
+  bool Send(const Report& report) const;
+  // Both return false when a signal asks for the end.
+  bool Wait(std::chrono::milliseconds time) const;
+  bool WaitFor(short events, std::chrono::milliseconds time) const;
+
+  Options options;
+  Handle endSignals;
+  Handle transcript;
+  std::string serial;
+  Gadget gadget;
+  int frames = 0;  // since it was plugged in
+  std::minstd_rand random;
+};
+
+void BlockEndSignals();
+
+}  // namespace SimUsb
