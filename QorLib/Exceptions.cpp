@@ -24,17 +24,4 @@ std::string BoxText(std::uint32_t code, const std::string& description) {
 xsystem::xsystem(std::uint32_t code, const std::string& description)
     : std::runtime_error(BoxText(code, description)), code_(code), description_(Described(description)) {}
 
-void ThrowSystemFailure(FailureKind kind, std::uint32_t code, const std::string& description) {
-  switch (kind) {
-    case FailureKind::AccessDenied: throw xaccess_denied(code, description);
-    case FailureKind::WriteProtected: throw xwrite_protected(code, description);
-    case FailureKind::SharingViolation: throw xsharing_violation(code, description);
-    case FailureKind::DiskFull: throw xdisk_full(code, description);
-    case FailureKind::WriteFault: throw xwrite_fault(code, description);
-    case FailureKind::ReadFault: throw xread_fault(code, description);
-    case FailureKind::Other: break;
-  }
-  throw xsystem(code, description);
-}
-
 }  // namespace qor::win

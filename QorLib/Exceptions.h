@@ -50,19 +50,5 @@ class xread_fault : public xsystem {
   using xsystem::xsystem;
 };
 
-/// What kind of failure a system's code means; the codes themselves differ from system to system.
-enum class FailureKind {
-  Other,
-  AccessDenied,
-  WriteProtected,
-  SharingViolation,
-  DiskFull,
-  WriteFault,
-  ReadFault
-};
-
-/// Throws the exception of that kind.
-[[noreturn]] void ThrowSystemFailure(FailureKind kind, std::uint32_t code, const std::string& description);
-
 }  // namespace win
 }  // namespace qor

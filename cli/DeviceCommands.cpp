@@ -77,7 +77,7 @@ ExitStatus Report(const std::vector<TCBase::DeviceOutcome>& outcomes, bool isInt
   bool lacksAccess = false;
   for (const TCBase::DeviceOutcome& outcome : outcomes) {
     if (outcome.IsDone()) continue;
-    const bool isDenied = outcome.stage == Stage::NotConnected && platform::SaysAccessDenied(outcome.detail);
+    const bool isDenied = outcome.stage == Stage::NotConnected && platform::SaysNoAccess(outcome.detail);
     const bool isStop = outcome.stage == Stage::Cancelled || outcome.stage == Stage::NotReached;
     hasFailed |= !isStop || !isInterrupted;
     lacksAccess |= isDenied;
@@ -134,7 +134,7 @@ ExitStatus RunDevices(bool asJson, Invocation& invocation) {
     const auto device = TCBase::CreateDevice(info, {invocation.environment.clock, printer.Log()});
     if (device->Open()) {
       found.push_back({{"device", model.name}, {"name", info.name}, {"transport", "usb"}});
-    } else if (platform::SaysAccessDenied(device->OpenFailure())) {
+    } else if (platform::SaysNoAccess(device->OpenFailure())) {
       lacksAccess = true;
       printer.Complain(qor::Format("{1}: {2}{3}", {info.name, device->OpenFailure(), AccessAdvice}));
     }

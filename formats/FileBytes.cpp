@@ -7,21 +7,18 @@
 namespace TCBase {
 namespace {
 
-qor::win::FailureKind KindOf(platform::ErrorKind kind) {
-  switch (kind) {
-    case platform::ErrorKind::AccessDenied: return qor::win::FailureKind::AccessDenied;
-    case platform::ErrorKind::WriteProtected: return qor::win::FailureKind::WriteProtected;
-    case platform::ErrorKind::SharingViolation: return qor::win::FailureKind::SharingViolation;
-    case platform::ErrorKind::DiskFull: return qor::win::FailureKind::DiskFull;
-    case platform::ErrorKind::WriteFault: return qor::win::FailureKind::WriteFault;
-    case platform::ErrorKind::ReadFault: return qor::win::FailureKind::ReadFault;
-    case platform::ErrorKind::Other: break;
-  }
-  return qor::win::FailureKind::Other;
-}
-
 void ThrowIfFailed(const platform::SystemError& error) {
-  if (error) qor::win::ThrowSystemFailure(KindOf(error.kind), error.code, error.text);
+  if (!error) return;
+  using namespace qor::win;
+  switch (error.kind) {
+    case platform::ErrorKind::AccessDenied: throw xaccess_denied(error.code, error.text);
+    case platform::ErrorKind::WriteProtected: throw xwrite_protected(error.code, error.text);
+    case platform::ErrorKind::SharingViolation: throw xsharing_violation(error.code, error.text);
+    case platform::ErrorKind::DiskFull: throw xdisk_full(error.code, error.text);
+    case platform::ErrorKind::WriteFault: throw xwrite_fault(error.code, error.text);
+    case platform::ErrorKind::ReadFault: throw xread_fault(error.code, error.text);
+    case platform::ErrorKind::Other: throw xsystem(error.code, error.text);
+  }
 }
 
 }  // namespace

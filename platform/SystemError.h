@@ -35,7 +35,8 @@ SystemError ErrorOf(std::uint32_t code);
 /// The text for a code of the C runtime (errno).
 std::string RuntimeErrorText(int code);
 
-/// Whether `message`, a library's error text, says that access was denied by the system.
-bool SaysAccessDenied(const std::string& message);
+/// Whether `message`, a library's error text, says that the system denied access, or that somebody else has
+/// it.
+bool SaysNoAccess(const std::string& message);
 
 }  // namespace platform

@@ -35,8 +35,11 @@ std::string RuntimeErrorText(int code) {
   return std::generic_category().message(code);
 }
 
-bool SaysAccessDenied(const std::string& message) {
-  return message.find(ErrorText(EACCES)) != std::string::npos;
+bool SaysNoAccess(const std::string& message) {
+  const auto says = [&message](std::uint32_t code) {
+    return message.find(ErrorText(code)) != std::string::npos;
+  };
+  return says(EACCES) || says(EPERM) || says(EBUSY);
 }
 
 }  // namespace platform

@@ -44,9 +44,9 @@ std::string RuntimeErrorText(int code) {
   return std::generic_category().message(code);
 }
 
-bool SaysAccessDenied(const std::string& message) {
-  return message.find("0x00000005") != std::string::npos ||
-         message.find(ErrorText(ERROR_ACCESS_DENIED)) != std::string::npos;
+// hidapi's texts hold the code: ERROR_ACCESS_DENIED or ERROR_SHARING_VIOLATION.
+bool SaysNoAccess(const std::string& message) {
+  return message.find("0x00000005") != std::string::npos || message.find("0x00000020") != std::string::npos;
 }
 
 }  // namespace platform

@@ -124,4 +124,7 @@ TEST(ProgramFile, LoadsAndSaves) {
   EXPECT_EQ(loaded, program);
   EXPECT_TRUE(TCBase::LoadProgram(folder.File("missing.xml"), loaded));
   EXPECT_THROW(TCBase::SaveProgram(program, folder.File("no/folder.xml")), qor::win::xsystem);
+#ifndef _WIN32
+  EXPECT_THROW(TCBase::SaveProgram(program, "/dev/full"), qor::win::xdisk_full);
+#endif
 }

@@ -3,8 +3,8 @@
 #include <exception>
 #include <stdexcept>
 
-#include "Options.h"
 #include "Controller.h"
+#include "Options.h"
 
 int main(int argc, char** argv) {
   try {
