@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <nlohmann/json.hpp>
 #include <sstream>
+#include <thread>
 
 #include "cli/ExitStatus.h"
 #include "cli/Run.h"
@@ -20,7 +21,11 @@ class Cli : public testing::Test {
   /// Runs the program; what it wrote is in `out` and `err`.
   int Run(std::vector<std::string> arguments) {
     std::ostringstream outStream, errStream;
-    cli::Environment environment{outStream, errStream, clock, [] {}, [this] { return isInterrupted.load(); }};
+    cli::Environment environment{outStream, errStream, clock, [] {},
+                                 [this] {
+                                   ++interruptQuestions;
+                                   return isInterrupted.load();
+                                 }};
     const int status = cli::Run(arguments, environment);
     out = outStream.str();
     err = errStream.str();
@@ -37,6 +42,7 @@ class Cli : public testing::Test {
   test::VirtualClock clock;
   test::TempFolder folder;
   std::atomic<bool> isInterrupted = false;
+  std::atomic<int> interruptQuestions = 0;
   std::string out, err;
 };
 
@@ -142,8 +148,18 @@ TEST_F(Cli, NeverCallsAFailedUploadDone) {
 TEST_F(Cli, StopsAtAnInterruptAndSaysSo) {
   const std::string path = NewProgram();
   isInterrupted = true;
+  // The pause after the first mode lasts until the front end has come round to posting its Stop.
+  clock.onSleep = [this](std::uint32_t milliseconds) {
+    constexpr std::uint32_t ModePause = 500;
+    const int asked = interruptQuestions;
+    while (milliseconds == ModePause && interruptQuestions < asked + 2) std::this_thread::yield();
+  };
   EXPECT_EQ(Run({"upload", path, "--device", "emulator"}), cli::Interrupted);
-  EXPECT_NE(out.find("Uploading finished\nCancelled!\n"), std::string::npos) << out;
+  EXPECT_EQ(
+      out,
+      "Configuring device TC420_Emulator\nUploading started\nUploading mode: Normal\nUploading finished\n"
+      "Cancelled!\n");
+  EXPECT_NE(err.find("TC420_Emulator: stopped before all modes were sent"), std::string::npos) << err;
 }
 
 TEST_F(Cli, ListsControllers) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <functional>
 #include <thread>
 
 #include "platform/Clock.h"
@@ -14,10 +15,14 @@ class VirtualClock : public platform::Clock {
   std::int64_t Counter() override { return milliseconds_; }
   std::int64_t Frequency() override { return 1000; }
   void Sleep(std::uint32_t milliseconds) override {
+    if (onSleep) onSleep(milliseconds);
     milliseconds_ += milliseconds;
     std::this_thread::yield();
   }
   platform::SYSTEMTIME LocalTime() override { return {2026, 11, 6, 21, 9, 5, 7, 42}; }
+
+  /// Called by each sleeper first, on its thread; set before other threads sleep.
+  std::function<void(std::uint32_t milliseconds)> onSleep;
 
   void Advance(std::int64_t milliseconds) { milliseconds_ += milliseconds; }
   std::int64_t Milliseconds() const { return milliseconds_; }
