@@ -38,6 +38,7 @@ TCBase::Program::ModeListView ModesOf(const TCBase::Program& program, const std:
                                       const std::string& path) {
   if (numbers.empty()) return TCBase::Program::ModeListView(program);
   std::vector<std::size_t> indices;
+  indices.reserve(numbers.size());
   for (const int number : numbers) {
     indices.push_back(static_cast<std::size_t>(&ModeOf(program, number, path) - program.modes.data()));
   }

@@ -4,14 +4,6 @@
 #include <algorithm>
 
 namespace TCBase {
-namespace {
-
-bool IsEarlier(const Step& a, const Step& b) {
-  return a.MinuteOfDay() < b.MinuteOfDay();
-}
-
-}  // namespace
-
 float ValueBetween(const Step& previous, const Step& next, std::int64_t second) {
   const std::int64_t previousSecond = previous.SecondOfDay();
   const std::int64_t nextSecond = next.SecondOfDay();
@@ -51,18 +43,17 @@ void Channel::Normalize(float divisor) {
 }
 
 float Channel::ValueAt(std::int64_t second) const {
-  return ChannelCursor(*this).ValueAt(std::max<std::int64_t>(second, 0) % SecondsPerDay);
+  second = std::max<std::int64_t>(second, 0) % SecondsPerDay;
+  std::size_t next = 0;
+  while (next < steps.size() && steps[next].SecondOfDay() < second) ++next;
+  return ValueAt(second, next);
 }
 
-// All steps before next_ are earlier than `second`, so the one just before it is the last of them, and no
-// later second can find its next step further to the front: that holds for steps in any order.
-float ChannelCursor::ValueAt(std::int64_t second) {
-  if (steps_.empty()) return 0;
-  if (steps_.size() == 1) return steps_[0].value;
-  while (next_ < steps_.size() && steps_[next_].SecondOfDay() < second) ++next_;
-  const Step& previous = next_ == 0 ? steps_.back() : steps_[next_ - 1];
-  const Step& next = next_ == steps_.size() ? steps_.front() : steps_[next_];
-  return ValueBetween(previous, next, second);
+float Channel::ValueAt(std::int64_t second, std::size_t next) const {
+  if (steps.empty()) return 0;
+  if (steps.size() == 1) return steps[0].value;
+  return ValueBetween(next == 0 ? steps.back() : steps[next - 1],
+                      next == steps.size() ? steps.front() : steps[next], second);
 }
 
 }  // namespace TCBase

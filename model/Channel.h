@@ -28,24 +28,15 @@ class Channel {
   /// The percentage at a second of the day, which may lie outside 0…86399: negative ones count as 0, others
   /// modulo a day. 0 for a channel without steps.
   float ValueAt(std::int64_t second) const;
+  /// The same for a second within the day when `next` is known: the index of the first step, in their order
+  /// as it stands, that is not earlier; the number of steps when all are. It never goes back as seconds go
+  /// on.
+  float ValueAt(std::int64_t second, std::size_t next) const;
 
   bool operator==(const Channel&) const = default;
 };
 
 /// The curve at `second` between two steps that follow each other, if need be across midnight.
 float ValueBetween(const Step& previous, const Step& next, std::int64_t second);
-
-/// Samples a channel at ascending seconds 0…86399; the whole day costs one walk over its steps.
-class ChannelCursor {
- public:
-  explicit ChannelCursor(const Channel& channel) : steps_(channel.steps) {}
-
-  /// The same result as Channel::ValueAt. `second` is never less than at the call before.
-  float ValueAt(std::int64_t second);
-
- private:
-  const std::vector<Step>& steps_;
-  std::size_t next_ = 0;  // the first step at the second asked for or later
-};
 
 }  // namespace TCBase

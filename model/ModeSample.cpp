@@ -2,6 +2,7 @@
 #include "model/ModeSample.h"
 
 #include <bitset>
+#include <optional>
 
 namespace TCBase {
 namespace {
@@ -23,14 +24,7 @@ MinuteSet StepMinutes(const Mode& mode) {
   return minutes;
 }
 
-ModeSample SampleOfSecond(std::int64_t second) {
-  ModeSample sample;
-  sample.hour = static_cast<std::int32_t>(second / 3600);
-  sample.minute = static_cast<std::int32_t>(second % 3600 / 60);
-  return sample;
-}
-
-/// The jump flag of the channel's first step at each minute.
+/// The minutes at which the channel's first step jumps.
 MinuteSet JumpMinutes(const Channel& channel) {
   MinuteSet jumps;
   MinuteSet seen;
@@ -43,10 +37,32 @@ MinuteSet JumpMinutes(const Channel& channel) {
   return jumps;
 }
 
+void SampleChannel(const Channel& channel, std::size_t index, std::vector<ModeSample>& table) {
+  const std::vector<Step>& steps = channel.steps;
+  std::optional<MinuteSet> jumps;  // asked for only where `next` stands on another minute
+  const std::size_t count = steps.size();
+  const Step* const first = steps.data();
+  std::size_t next = 0;
+  for (ModeSample& sample : table) {
+    const std::int64_t minute = std::int64_t{sample.hour} * 60 + sample.minute;
+    while (next < count && first[next].MinuteOfDay() < minute) ++next;
+    if (next < count && first[next].MinuteOfDay() == minute) {
+      sample.values[index] = WholePercent(first[next].value);
+      sample.jumps[index] = first[next].jump;
+    } else {
+      sample.values[index] = WholePercent(channel.ValueAt(minute * 60, next));
+      if (!jumps) jumps = JumpMinutes(channel);
+      sample.jumps[index] = (*jumps)[static_cast<std::size_t>(minute)];
+    }
+  }
+}
+
 }  // namespace
 
 ModeSample SampleAt(const Mode& mode, std::int64_t second) {
-  ModeSample sample = SampleOfSecond(second);
+  ModeSample sample;
+  sample.hour = static_cast<std::int32_t>(second / 3600);
+  sample.minute = static_cast<std::int32_t>(second % 3600 / 60);
   for (std::size_t i = 0; i < ChannelCount; ++i) {
     sample.values[i] = WholePercent(mode.channels[i].ValueAt(second));
   }
@@ -57,18 +73,13 @@ std::vector<ModeSample> SampleTable(const Mode& mode) {
   const MinuteSet minutes = StepMinutes(mode);
   std::vector<ModeSample> table;
   table.reserve(minutes.count());
-  for (std::size_t minute = 0; minute < minutes.size(); ++minute) {
-    if (minutes[minute]) table.push_back(SampleOfSecond(static_cast<std::int64_t>(minute) * 60));
+  for (int minute = 0; minute < MinutesPerDay; ++minute) {
+    if (!minutes[static_cast<std::size_t>(minute)]) continue;
+    ModeSample& sample = table.emplace_back();
+    sample.hour = minute / 60;
+    sample.minute = minute % 60;
   }
-  for (std::size_t i = 0; i < ChannelCount; ++i) {
-    ChannelCursor cursor(mode.channels[i]);
-    const MinuteSet jumps = JumpMinutes(mode.channels[i]);
-    for (ModeSample& sample : table) {
-      const int minute = sample.hour * 60 + sample.minute;
-      sample.values[i] = WholePercent(cursor.ValueAt(minute * 60));
-      sample.jumps[i] = jumps[static_cast<std::size_t>(minute)];
-    }
-  }
+  for (std::size_t i = 0; i < ChannelCount; ++i) SampleChannel(mode.channels[i], i, table);
   return table;
 }
 

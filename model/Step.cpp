@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <atomic>
-#include <limits>
 
 namespace TCBase {
 
@@ -25,13 +24,6 @@ bool operator==(const Step& a, const Step& b) {
 
 Step MakeStep(int hour, int minute, float value, bool jump) {
   return {hour, minute, value, jump, NextStepId()};
-}
-
-std::int32_t WholePercent(float value) {
-  using Limits = std::numeric_limits<std::int32_t>;
-  if (value >= 2147483648.0f) return Limits::max();
-  if (value <= -2147483648.0f) return Limits::min();
-  return value == value ? static_cast<std::int32_t>(value) : 0;
 }
 
 }  // namespace TCBase

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 
 namespace TCBase {
 
@@ -26,6 +27,11 @@ struct Step {
   void Clamp();
 };
 
+/// How steps are ordered: by time alone.
+inline bool IsEarlier(const Step& a, const Step& b) {
+  return a.MinuteOfDay() < b.MinuteOfDay();
+}
+
 /// Equal in time, value and jump.
 bool operator==(const Step& a, const Step& b);
 
@@ -33,6 +39,11 @@ bool operator==(const Step& a, const Step& b);
 Step MakeStep(int hour, int minute, float value, bool jump = false);
 
 /// Truncated toward zero; beyond the 32-bit limits, the nearer limit; 0 for what is no number.
-std::int32_t WholePercent(float value);
+inline std::int32_t WholePercent(float value) {
+  constexpr float Limit = 2147483648.0f;
+  if (value > -Limit && value < Limit) return static_cast<std::int32_t>(value);
+  if (value != value) return 0;
+  return value > 0 ? std::numeric_limits<std::int32_t>::max() : std::numeric_limits<std::int32_t>::min();
+}
 
 }  // namespace TCBase

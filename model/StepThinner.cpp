@@ -27,22 +27,34 @@ std::size_t At(std::int32_t index) {
   return static_cast<std::size_t>(index);
 }
 
+std::size_t StepsOf(const Mode& mode) {
+  std::size_t count = 0;
+  for (const Channel& channel : mode.channels) count += channel.steps.size();
+  return count;
+}
+
 }  // namespace
 
-StepThinner::StepThinner(Mode& mode) : mode_(mode) {
+StepThinner::StepThinner(Mode& mode) : mode_(mode), costs_(StepsOf(mode)) {
+  std::size_t firstCost = 0;
   for (std::size_t i = 0; i < ChannelCount; ++i) {
-    Lane& lane = lanes_[i];
-    lane.channel = std::exchange(mode.channels[i], {});
-    lane.isRegular = IsRegular(lane.channel);
-    lane.left = lane.channel.steps.size();
-    lane.links.resize(lane.left);
-    const auto count = static_cast<std::int32_t>(lane.left);
-    for (std::int32_t step = 0; step < count; ++step) {
-      lane.links[At(step)] = {step == 0 ? count - 1 : step - 1, step == count - 1 ? 0 : step + 1, 0, true};
-      Count(lane.channel.steps[At(step)], +1);
-    }
-    EnterCosts(static_cast<std::int32_t>(i));
+    lanes_[i].firstCost = firstCost;
+    firstCost += mode.channels[i].steps.size();
+    Enter(std::exchange(mode.channels[i], {}), lanes_[i]);
   }
+}
+
+void StepThinner::Enter(Channel channel, Lane& lane) {
+  lane.channel = std::move(channel);
+  lane.isRegular = IsRegular(lane.channel);
+  lane.left = lane.channel.steps.size();
+  lane.links.resize(lane.left);
+  const auto count = static_cast<std::int32_t>(lane.left);
+  for (std::int32_t step = 0; step < count; ++step) {
+    lane.links[At(step)] = {step == 0 ? count - 1 : step - 1, step == count - 1 ? 0 : step + 1};
+    Count(lane.channel.steps[At(step)], +1);
+  }
+  RenewAll(lane);
 }
 
 void StepThinner::Count(const Step& step, int change) {
@@ -53,60 +65,42 @@ void StepThinner::Count(const Step& step, int change) {
   stepCount_ += (steps > 0 ? 1 : 0) - (wasHeld ? 1 : 0);
 }
 
-void StepThinner::EnterCosts(std::int32_t channel) {
-  Lane& lane = lanes_[At(channel)];
-  if (lane.left < FewestToThin) return;
-  const Channel left = lane.isRegular ? Channel{} : StepsLeft(lane);
-  std::size_t indexAmongLeft = 0;
-  for (std::int32_t step = 0; At(step) < lane.links.size(); ++step) {
-    Links& links = lane.links[At(step)];
-    if (!links.isLeft) continue;
-    links.cost = lane.isRegular ? CostOf(lane, step) : RemovalCost(left, indexAmongLeft++);
-    byCost_.insert({links.cost, channel, step});
-  }
-}
-
 RemovalCandidate StepThinner::Cheapest() const {
-  if (byCost_.empty()) return {};
-  const Entry& first = *byCost_.begin();
-  return {first.channel, first.step, first.cost};
+  if (costs_.Least() == CostTree::None) return {};
+  const std::size_t first = costs_.First();
+  int channel = static_cast<int>(ChannelCount) - 1;
+  while (lanes_[At(channel)].firstCost > first) --channel;
+  return {channel, static_cast<int>(first - lanes_[At(channel)].firstCost), costs_.Least()};
 }
 
 void StepThinner::Remove(const RemovalCandidate& candidate) {
   Lane& lane = lanes_[At(candidate.channel)];
-  const Links removed = lane.links[At(candidate.step)];
-  byCost_.erase({removed.cost, candidate.channel, candidate.step});
-  lane.links[At(candidate.step)].isLeft = false;
+  const Links removed = std::exchange(lane.links[At(candidate.step)], {Removed, Removed});
   lane.links[At(removed.previous)].next = removed.next;
   lane.links[At(removed.next)].previous = removed.previous;
   --lane.left;
   Count(lane.channel.steps[At(candidate.step)], -1);
+  costs_.Set(lane.firstCost + At(candidate.step), CostTree::None);
 
   if (lane.left < FewestToThin || !lane.isRegular) {
-    RenewAll(candidate.channel);
+    RenewAll(lane);
   } else {
-    Renew(candidate.channel, removed.previous);
-    Renew(candidate.channel, removed.next);
+    for (const std::int32_t step : {removed.previous, removed.next}) {
+      costs_.Set(lane.firstCost + At(step), CostOf(lane, step));
+    }
   }
 }
 
-void StepThinner::Renew(std::int32_t channel, std::int32_t step) {
-  Lane& lane = lanes_[At(channel)];
-  std::int32_t& cost = lane.links[At(step)].cost;
-  const std::int32_t renewed = CostOf(lane, step);
-  if (renewed == cost) return;
-  auto entry = byCost_.extract({cost, channel, step});
-  cost = renewed;
-  entry.value().cost = renewed;
-  byCost_.insert(std::move(entry));
-}
-
-void StepThinner::RenewAll(std::int32_t channel) {
-  const Lane& lane = lanes_[At(channel)];
+void StepThinner::RenewAll(const Lane& lane) {
+  const bool canBeThinned = lane.left >= FewestToThin;
+  const Channel left = canBeThinned && !lane.isRegular ? StepsLeft(lane) : Channel{};
+  std::size_t indexAmongLeft = 0;
   for (std::int32_t step = 0; At(step) < lane.links.size(); ++step) {
-    byCost_.erase({lane.links[At(step)].cost, channel, step});
+    if (lane.links[At(step)].next == Removed) continue;
+    std::int32_t cost = CostTree::None;
+    if (canBeThinned) cost = lane.isRegular ? CostOf(lane, step) : RemovalCost(left, indexAmongLeft++);
+    costs_.Set(lane.firstCost + At(step), cost);
   }
-  EnterCosts(channel);
 }
 
 std::int32_t StepThinner::CostOf(const Lane& lane, std::int32_t step) const {
@@ -120,7 +114,7 @@ std::int32_t StepThinner::CostOf(const Lane& lane, std::int32_t step) const {
 Channel StepThinner::StepsLeft(const Lane& lane) {
   Channel left;
   for (std::size_t i = 0; i < lane.links.size(); ++i) {
-    if (lane.links[i].isLeft) left.steps.push_back(lane.channel.steps[i]);
+    if (lane.links[i].next != Removed) left.steps.push_back(lane.channel.steps[i]);
   }
   return left;
 }

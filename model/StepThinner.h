@@ -3,9 +3,9 @@
 
 #include <array>
 #include <cstdint>
-#include <set>
 #include <vector>
 
+#include "model/CostTree.h"
 #include "model/StepLimit.h"
 
 namespace TCBase {
@@ -28,35 +28,28 @@ class StepThinner {
   void PutBack();
 
  private:
+  /// A step's neighbours in the ring of steps that are left; Removed when it is none of them.
   struct Links {
-    std::int32_t previous, next;  // neighbours in the ring of steps that are left
-    std::int32_t cost;
-    bool isLeft;
+    std::int32_t previous, next;
   };
+  static constexpr std::int32_t Removed = -1;
   struct Lane {
     Channel channel;  // with all its steps
     std::vector<Links> links;
     std::size_t left;
+    std::size_t firstCost;  // where its steps' costs begin in the tree
     bool isRegular;
   };
-  /// Ordered as the candidates go: by cost, channel, index.
-  struct Entry {
-    std::int32_t cost;
-    std::int32_t channel;
-    std::int32_t step;
-    auto operator<=>(const Entry&) const = default;
-  };
 
+  void Enter(Channel channel, Lane& lane);
   void Count(const Step& step, int change);
-  void EnterCosts(std::int32_t channel);
-  void Renew(std::int32_t channel, std::int32_t step);
-  void RenewAll(std::int32_t channel);
+  void RenewAll(const Lane& lane);
   std::int32_t CostOf(const Lane& lane, std::int32_t step) const;
   static Channel StepsLeft(const Lane& lane);
 
   Mode& mode_;
   std::array<Lane, ChannelCount> lanes_;
-  std::set<Entry> byCost_;
+  CostTree costs_;  // of all lanes' steps, lane by lane: ties go to the lower channel, then the lower index
   std::array<std::int32_t, MinutesPerDay> stepsAtMinute_{};
   int stepCount_ = 0;
 };

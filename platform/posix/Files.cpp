@@ -104,7 +104,7 @@ SystemError ReadWholeFile(const std::string& path, std::size_t limit, std::strin
     const ssize_t got = read(file.Number(), bytes.data() + length, bytes.size() - length);
     if (got < 0 && errno == EINTR) continue;
     if (got < 0) {
-      const SystemError failed = LastError();
+      SystemError failed = LastError();
       bytes.clear();
       return failed;
     }
@@ -130,7 +130,7 @@ SystemError ReplaceWholeFile(const std::string& path, std::string_view bytes) {
   const bool isWritten = WriteAll(file.Number(), bytes) && (!exists || TakeAfter(old, file.Number())) &&
                          fsync(file.Number()) == 0 && rename(temporary.c_str(), target.c_str()) == 0;
   if (!isWritten) {
-    const SystemError failed = LastError();
+    SystemError failed = LastError();
     unlink(temporary.c_str());
     return failed;
   }

@@ -14,7 +14,7 @@ std::string Variable(const char* name) {
 }  // namespace
 
 std::string SettingsFolder() {
-  if (const std::string own = Variable("HALVEX_HOME"); !own.empty()) return own;
+  if (std::string own = Variable("HALVEX_HOME"); !own.empty()) return own;
   // The XDG base directory rules say to pass over a path that is not absolute.
   if (const std::string config = Variable("XDG_CONFIG_HOME"); config.starts_with('/'))
     return config + "/halvex";
