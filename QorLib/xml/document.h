@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
@@ -18,7 +19,19 @@ class document;
 
 /// An integer as attributes hold it: decimal with an optional leading "-", saturating at the 32-bit limits;
 /// reading ends at the first other character. 0 when there is no digit.
-std::int32_t ParseInteger(std::string_view text);
+inline std::int32_t ParseInteger(std::string_view text) {
+  constexpr std::int64_t Min = std::numeric_limits<std::int32_t>::min();
+  constexpr std::int64_t Max = std::numeric_limits<std::int32_t>::max();
+  const bool isNegative = text.starts_with('-');
+  std::int64_t number = 0;
+  for (const char c : text.substr(isNegative ? 1 : 0)) {
+    if (c < '0' || c > '9') break;
+    number = number * 10 + (c - '0');
+    if (number > -Min) break;  // beyond either limit: no further digit changes the result
+  }
+  if (isNegative) number = -number;
+  return static_cast<std::int32_t>(number < Min ? Min : number > Max ? Max : number);
+}
 
 /// A handle to an element of a document, or to none; copied freely, valid as long as its document. Views that
 /// it gives hold until the document is changed.
@@ -31,7 +44,7 @@ class element {
   std::string_view Name() const;
   /// The value, decoded; empty when the attribute is missing.
   std::string_view Attribute(std::string_view name) const;
-  std::int32_t IntAttribute(std::string_view name) const { return ParseInteger(Attribute(name)); }
+  std::int32_t IntAttribute(std::string_view name) const;
   std::string_view Text() const;
 
   element FirstChild() const;
@@ -92,21 +105,20 @@ class document {
 
   /// A stretch of source_ or, behind its end, of added_.
   struct text_range {
-    std::uint32_t offset = 0;
-    std::uint32_t length = 0;
+    std::uint32_t offset, length;
   };
   /// Siblings form a ring: the last one's `next` is the first. An index of 0 is none.
   struct node {
     text_range name;
-    std::uint32_t lastChild = 0;
-    std::uint32_t lastAttribute = 0;
-    std::uint32_t next = 0;
+    std::uint32_t lastChild;
+    std::uint32_t lastAttribute;
+    std::uint32_t next;
   };
   /// An attribute; an element's text stands among its attributes as the one without a name.
   struct attribute {
     text_range name;
     text_range value;
-    std::uint32_t next = 0;
+    std::uint32_t next;
   };
 
   /// A vector that never moves its elements, so that it never holds them twice.
@@ -116,10 +128,10 @@ class document {
     T& operator[](std::uint32_t index) { return blocks_[index / BlockSize][index % BlockSize]; }
     const T& operator[](std::uint32_t index) const { return blocks_[index / BlockSize][index % BlockSize]; }
     std::uint32_t Size() const { return size_; }
-    std::uint32_t Add(const T& value) {
-      if (size_ == blocks_.size() * BlockSize) blocks_.push_back(std::make_unique<T[]>(BlockSize));
-      (*this)[size_] = value;
-      return size_++;
+    T& Add(const T& value) {
+      if (size_ == blocks_.size() * BlockSize)
+        blocks_.push_back(std::make_unique_for_overwrite<T[]>(BlockSize));
+      return (*this)[size_++] = value;
     }
     void Truncate(std::uint32_t size) { size_ = size; }
 
@@ -132,8 +144,11 @@ class document {
   void Clear(std::string source);
   std::string_view View(text_range range) const;
   text_range Store(std::string_view text);
+  text_range StoreAdded(std::string_view text);
+  template <typename T>
+  static std::uint32_t AddToRing(pool<T>& members, const T& member, std::uint32_t& last);
   std::uint32_t AddChild(std::uint32_t parent, std::string_view name);
-  std::uint32_t AddAttribute(std::uint32_t owner, std::string_view name, std::string_view value);
+  void AddAttribute(std::uint32_t owner, std::string_view name, std::string_view value);
   std::uint32_t FindAttribute(std::uint32_t owner, std::string_view name) const;
   void Set(std::uint32_t owner, std::string_view name, std::string_view value);
 
@@ -142,5 +157,44 @@ class document {
   pool<node> nodes_;
   pool<attribute> attributes_;
 };
+
+// Whoever reads a tree runs through these for every element. Inline, an attribute's name that stands in the
+// source is compared without a call.
+
+inline std::string_view document::View(text_range range) const {
+  const std::string& text = range.offset < source_.size() ? source_ : added_;
+  const std::size_t start = range.offset < source_.size() ? range.offset : range.offset - source_.size();
+  return {text.data() + start, range.length};
+}
+
+inline std::uint32_t document::FindAttribute(std::uint32_t owner, std::string_view name) const {
+  const std::uint32_t last = nodes_[owner].lastAttribute;
+  if (last == 0) return 0;
+  std::uint32_t index = last;
+  do {
+    index = attributes_[index].next;
+    const text_range candidate = attributes_[index].name;
+    if (candidate.length == name.size() && View(candidate) == name) return index;
+  } while (index != last);
+  return 0;
+}
+
+inline std::string_view element::Attribute(std::string_view name) const {
+  return owner_->View(owner_->attributes_[owner_->FindAttribute(index_, name)].value);
+}
+
+inline std::int32_t element::IntAttribute(std::string_view name) const {
+  return ParseInteger(Attribute(name));
+}
+
+inline element element::FirstChild() const {
+  const std::uint32_t last = owner_->nodes_[index_].lastChild;
+  return last == 0 ? element() : element(*owner_, owner_->nodes_[last].next, index_);
+}
+
+inline element element::NextSibling() const {
+  const bool isLast = parent_ == 0 || owner_->nodes_[parent_].lastChild == index_;
+  return isLast ? element() : element(*owner_, owner_->nodes_[index_].next, parent_);
+}
 
 }  // namespace qor::xml

@@ -12,15 +12,16 @@
 namespace qor::xml {
 namespace {
 
-enum CharClass : unsigned char { Other = 0, Blank = 1, NameStart = 2, NamePart = 4 };
+enum CharClass : unsigned char { Blank = 1, NameStart = 2, NamePart = 4, PlainValue = 8 };
 
 constexpr std::array<unsigned char, 256> MakeCharClasses() {
   std::array<unsigned char, 256> classes{};
   for (std::size_t c = 0; c < 256; ++c) {
     const bool isLetter = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c >= 0x80;
-    if (c == ' ' || c == '\t' || c == '\r' || c == '\n') classes[c] = Blank;
-    if (isLetter || c == '_' || c == ':') classes[c] = NameStart | NamePart;
-    if ((c >= '0' && c <= '9') || c == '-' || c == '.') classes[c] = NamePart;
+    if (c == ' ' || c == '\t' || c == '\r' || c == '\n') classes[c] |= Blank;
+    if (isLetter || c == '_' || c == ':') classes[c] |= NameStart | NamePart;
+    if ((c >= '0' && c <= '9') || c == '-' || c == '.') classes[c] |= NamePart;
+    if (c != '\'' && c != '"' && c != '<' && c != '&') classes[c] |= PlainValue;
   }
   return classes;
 }
@@ -29,6 +30,18 @@ constexpr auto CharClasses = MakeCharClasses();
 
 bool Is(char c, CharClass charClass) {
   return (CharClasses[static_cast<unsigned char>(c)] & charClass) != 0;
+}
+
+/// The end of the run of characters of that class that begins at `from`.
+const char* EndOfRun(CharClass charClass, const char* from, const char* end) {
+  while (from != end && Is(*from, charClass)) ++from;
+  return from;
+}
+
+/// The first `c` from `from` on; `end` when there is none.
+const char* Find(char c, const char* from, const char* end) {
+  const void* found = std::memchr(from, c, static_cast<std::size_t>(end - from));
+  return found != nullptr ? static_cast<const char*>(found) : end;
 }
 
 struct Entity {
@@ -120,7 +133,7 @@ bool reader::StartsWith(std::string_view word) const {
 
 bool reader::SkipBlanks() {
   const char* start = at_;
-  while (at_ != end_ && Is(*at_, Blank)) ++at_;
+  at_ = EndOfRun(Blank, at_, end_);
   return at_ != start;
 }
 
@@ -170,12 +183,7 @@ void reader::SkipThrough(std::string_view terminator, const char* what) {
 
 void reader::ReadContent() {
   while (!open_.empty()) {
-    const void* next = std::memchr(at_, '<', static_cast<std::size_t>(end_ - at_));
-    if (next == nullptr) {
-      ReadText(end_);
-      FailAtEnd();
-    }
-    if (next != at_) ReadText(static_cast<const char*>(next));
+    ReadText();
     if (end_ - at_ < 2) FailAtEnd();
     switch (at_[1]) {
       case '/': ReadEndTag(); break;
@@ -192,87 +200,117 @@ void reader::ReadContent() {
   }
 }
 
-void reader::ReadStartTag() {
-  const char* start = at_++;
-  const std::string_view name = ReadName("an element's name");
+void reader::FailForName(const char* where, const char* what) const {
+  if (where == end_) FailAtEnd();
+  Fail(where, Format("{1} was expected here", {what}));
+}
+
+// ReadName and the other functions that run for every tag are inline.
+inline std::string_view reader::ReadName(const char* at, const char* what) const {
+  if (at == end_ || !Is(*at, NameStart)) FailForName(at, what);
+  return {at, static_cast<std::size_t>(EndOfRun(NamePart, at + 1, end_) - at)};
+}
+
+inline void reader::ReadStartTag() {
+  const char* start = at_;
+  const std::string_view name = ReadName(start + 1, "an element's name");
+  at_ = name.data() + name.size();
   if (open_.size() == MaxDepth) Fail(start, Format("elements are nested more than {1} deep", {MaxDepth}));
   open_.push_back(name);
   target_.StartElement(name);
-  const bool isClosed = ReadAttributes();
-  if (isClosed) {
+  ReadAttributes();
+  if (*at_++ == '/') {
+    ++at_;
     target_.EndElement();
     open_.pop_back();
   }
 }
 
-/// Reads up to and with the tag's end; returns whether the tag closes its element ("/>").
-bool reader::ReadAttributes() {
-  attributeNames_.clear();
+/// Reads the attribute at `at`; returns the place behind it.
+const char* reader::ReadAttribute(const char* at) {
+  const std::string_view name = ReadName(at, "an attribute's name");
+  attributeNames_.push_back(name);
+  at = EndOfRun(Blank, at + name.size(), end_);
+  if (at == end_) FailAtEnd();
+  if (*at != '=') Fail(at, Format("'=' and a value were expected after '{1}'", {Shown(name)}));
+  at = EndOfRun(Blank, at + 1, end_);
+  if (at == end_) FailAtEnd();
+  const char quote = *at;
+  if (quote != '\'' && quote != '"')
+    Fail(at, Format("the value of '{1}' must stand in quotes", {Shown(name)}));
+
+  const char* start = ++at;
+  bool hasReference = false;
   while (true) {
-    const bool isSeparated = SkipBlanks();
-    if (at_ == end_) FailAtEnd();
-    if (*at_ == '>' || StartsWith("/>")) break;
-    if (*at_ == '/' && at_ + 1 == end_) FailAtEnd();
-    if (!isSeparated) Fail(at_, "a blank, '>' or '/>' was expected here");
-    ReadAttribute();
+    at = EndOfRun(PlainValue, at, end_);
+    if (at == end_) FailAtEnd();
+    if (*at == quote) break;
+    if (*at == '<') {
+      Fail(at, Format("'<' inside the value of '{1}': its closing quote is missing", {Shown(name)}));
+    }
+    hasReference |= *at == '&';
+    ++at;
   }
-  CheckAttributeNames();
-  const bool isClosed = *at_ == '/';
-  at_ += isClosed ? 2 : 1;
-  return isClosed;
+  const std::string_view raw(start, static_cast<std::size_t>(at - start));
+  target_.Attribute(name, hasReference ? Decode(raw) : raw);
+  return at + 1;
 }
 
-void reader::ReadAttribute() {
-  const std::string_view name = ReadName("an attribute's name");
-  attributeNames_.push_back(name);
-  SkipBlanks();
-  if (at_ == end_) FailAtEnd();
-  if (*at_ != '=') Fail(at_, Format("'=' and a value were expected after '{1}'", {Shown(name)}));
-  ++at_;
-  SkipBlanks();
-  if (at_ == end_) FailAtEnd();
-  const char quote = *at_;
-  if (quote != '\'' && quote != '"')
-    Fail(at_, Format("the value of '{1}' must stand in quotes", {Shown(name)}));
-
-  const char* start = ++at_;
-  bool hasReference = false;
-  for (; at_ != end_ && *at_ != quote; ++at_) {
-    if (*at_ == '<')
-      Fail(at_, Format("'<' inside the value of '{1}': its closing quote is missing", {Shown(name)}));
-    hasReference |= *at_ == '&';
+/// Reads up to the tag's end, ">" or "/>".
+inline void reader::ReadAttributes() {
+  attributeNames_.clear();
+  const char* at = at_;
+  while (true) {
+    const char* blanks = at;
+    at = EndOfRun(Blank, at, end_);
+    if (at == end_) FailAtEnd();
+    if (*at == '>') break;
+    if (*at == '/') {
+      if (at + 1 == end_) FailAtEnd();
+      if (at[1] == '>') break;
+    }
+    if (at == blanks) Fail(at, "a blank, '>' or '/>' was expected here");
+    at = ReadAttribute(at);
   }
-  if (at_ == end_) FailAtEnd();
-  const std::string_view raw(start, static_cast<std::size_t>(at_ - start));
-  ++at_;
-  target_.Attribute(name, hasReference ? Decode(raw) : raw);
+  at_ = at;
+  CheckAttributeNames();
 }
 
 /// Refuses a name that stands twice in a tag.
-void reader::CheckAttributeNames() const {
+inline void reader::CheckAttributeNames() {
   constexpr std::size_t Few = 16;
-  const auto refuse = [this](std::string_view second) {
-    Fail(second.data(), Format("the attribute '{1}' stands here for the second time", {Shown(second)}));
-  };
-  if (attributeNames_.size() <= Few) {
-    for (std::size_t i = 1; i < attributeNames_.size(); ++i) {
-      for (std::size_t j = 0; j < i; ++j) {
-        if (attributeNames_[i] == attributeNames_[j]) refuse(attributeNames_[i]);
-      }
-    }
+  if (attributeNames_.size() > Few) {
+    CheckManyAttributeNames();
     return;
   }
-  std::vector<std::string_view> sorted = attributeNames_;
-  std::stable_sort(sorted.begin(), sorted.end());
-  const auto twice = std::adjacent_find(sorted.begin(), sorted.end());
-  if (twice != sorted.end()) refuse(*std::next(twice));
+  for (std::size_t i = 1; i < attributeNames_.size(); ++i) {
+    for (std::size_t j = 0; j < i; ++j) {
+      if (attributeNames_[i] == attributeNames_[j]) RefuseSecond(attributeNames_[i]);
+    }
+  }
+}
+
+void reader::CheckManyAttributeNames() {
+  // In place, since a broken file can hold millions of them; equal ones stay in the order of the text.
+  const auto isBefore = [](std::string_view a, std::string_view b) {
+    const int order = a.compare(b);
+    return order != 0 ? order < 0 : a.data() < b.data();
+  };
+  std::sort(attributeNames_.begin(), attributeNames_.end(), isBefore);
+  const auto twice = std::adjacent_find(attributeNames_.begin(), attributeNames_.end());
+  if (twice != attributeNames_.end()) RefuseSecond(*std::next(twice));
+}
+
+void reader::RefuseSecond(std::string_view name) const {
+  Fail(name.data(), Format("the attribute '{1}' stands here for the second time", {Shown(name)}));
 }
 
 void reader::ReadEndTag() {
   const char* start = at_;
   at_ += 2;
   if (at_ == end_) FailAtEnd();
-  const std::string_view name = ReadName("an element's name");
+  const std::string_view name = ReadName(at_, "an element's name");
+  at_ += name.size();
   SkipBlanks();
   if (at_ == end_) FailAtEnd();
   if (*at_ != '>') Fail(at_, Format("'>' was expected after '</{1}'", {Shown(name)}));
@@ -292,21 +330,17 @@ void reader::ReadCData() {
   target_.Text(std::string_view(start, static_cast<std::size_t>(at_ - 3 - start)));
 }
 
-void reader::ReadText(const char* textEnd) {
-  const std::string_view raw(at_, static_cast<std::size_t>(textEnd - at_));
-  if (!raw.empty()) {
-    const bool hasReference = std::memchr(raw.data(), '&', raw.size()) != nullptr;
-    target_.Text(hasReference ? Decode(raw) : raw);
-  }
-  at_ = textEnd;
-}
-
-std::string_view reader::ReadName(const char* what) {
+/// Reads up to the next markup or the end of the bytes.
+inline void reader::ReadText() {
   const char* start = at_;
-  if (at_ == end_) FailAtEnd();
-  if (!Is(*at_, NameStart)) Fail(at_, Format("{1} was expected here", {what}));
-  while (at_ != end_ && Is(*at_, NamePart)) ++at_;
-  return {start, static_cast<std::size_t>(at_ - start)};
+  at_ = EndOfRun(Blank, at_, end_);  // nearly all text is there for the layout only
+  bool hasReference = false;
+  if (at_ != end_ && *at_ != '<') {
+    at_ = Find('<', at_, end_);
+    hasReference = Find('&', start, at_) != at_;
+  }
+  const std::string_view raw(start, static_cast<std::size_t>(at_ - start));
+  if (!raw.empty()) target_.Text(hasReference ? Decode(raw) : raw);
 }
 
 std::string_view reader::Decode(std::string_view raw) {
@@ -314,8 +348,7 @@ std::string_view reader::Decode(std::string_view raw) {
   const char* from = raw.data();
   const char* rawEnd = from + raw.size();
   while (from != rawEnd) {
-    const void* found = std::memchr(from, '&', static_cast<std::size_t>(rawEnd - from));
-    const char* ampersand = found != nullptr ? static_cast<const char*>(found) : rawEnd;
+    const char* ampersand = Find('&', from, rawEnd);
     decoded_.append(from, ampersand);
     from = ampersand == rawEnd ? rawEnd : DecodeReference(ampersand, rawEnd);
   }

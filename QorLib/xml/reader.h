@@ -53,20 +53,23 @@ class reader {
   void SkipThrough(std::string_view terminator, const char* what);
   void ReadContent();
   void ReadStartTag();
-  bool ReadAttributes();
-  void ReadAttribute();
+  void ReadAttributes();
+  const char* ReadAttribute(const char* at);
   void ReadEndTag();
   void ReadCData();
-  void ReadText(const char* textEnd);
-  std::string_view ReadName(const char* what);
+  void ReadText();
+  std::string_view ReadName(const char* at, const char* what) const;
   std::string_view Decode(std::string_view raw);
   const char* DecodeReference(const char* ampersand, const char* rawEnd);
   char32_t CharacterReference(std::string_view digits, const char* ampersand) const;
-  void CheckAttributeNames() const;
+  void CheckAttributeNames();
+  void CheckManyAttributeNames();
+  [[noreturn]] void RefuseSecond(std::string_view name) const;
   bool StartsWith(std::string_view word) const;
   bool SkipBlanks();
   [[noreturn]] void Fail(const char* where, std::string reason) const;
   [[noreturn]] void FailAtEnd() const;
+  [[noreturn]] void FailForName(const char* where, const char* what) const;
 
   std::string_view text_;
   observer& target_;

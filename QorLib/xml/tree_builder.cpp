@@ -10,7 +10,8 @@ namespace qor::xml {
 namespace {
 
 bool IsBlank(std::string_view text) {
-  return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
+  return std::all_of(text.begin(), text.end(),
+                     [](char c) { return c == ' ' || c == '\n' || c == '\r' || c == '\t'; });
 }
 
 }  // namespace
@@ -25,7 +26,7 @@ void tree_builder::StartElement(std::string_view name) {
     if (parent.joined.empty() && IsBlank(target_.View(parent.text))) parent.text = {};
   }
   const std::uint32_t parent = open_.empty() ? 0 : open_.back().index;
-  open_.push_back({target_.AddChild(parent, name), {}, {}});
+  open_.emplace_back().index = target_.AddChild(parent, name);
 }
 
 void tree_builder::Attribute(std::string_view name, std::string_view value) {

@@ -28,8 +28,8 @@ class tree_builder : public observer {
  private:
   struct open_element {
     std::uint32_t index = 0;
-    document::text_range text;  // the first stretch
-    std::string joined;         // all stretches, from the second on
+    document::text_range text{};  // the first stretch
+    std::string joined;           // all stretches, from the second on
   };
   struct tree_size {
     std::uint32_t nodes, attributes;

@@ -34,9 +34,17 @@ void AppendEscaped(std::string_view text, std::string& xml) {
 }
 
 std::string writer::Text() {
-  xml_.clear();
+  xml_.reserve(ExpectedLength());
   WriteElement(document::RootIndex, 0);
   return std::move(xml_);
+}
+
+/// About as long as the text will be: growing would copy it over and over.
+std::size_t writer::ExpectedLength() const {
+  constexpr std::size_t AroundElement = 16;   // indentation, "<", "/>" and line end
+  constexpr std::size_t AroundAttribute = 4;  // blank, "=" and apostrophes
+  return source_.source_.size() + source_.added_.size() + source_.nodes_.Size() * AroundElement +
+         source_.attributes_.Size() * AroundAttribute;
 }
 
 void writer::WriteElement(std::uint32_t index, std::size_t level) {

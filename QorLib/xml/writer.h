@@ -19,6 +19,7 @@ class writer {
   std::string Text();
 
  private:
+  std::size_t ExpectedLength() const;
   void WriteElement(std::uint32_t index, std::size_t level);
   std::string_view WriteAttributes(const document::node& node);
   void WriteChildren(const document::node& node, std::size_t level);
