@@ -45,6 +45,9 @@ class element {
   /// The value, decoded; empty when the attribute is missing.
   std::string_view Attribute(std::string_view name) const;
   std::int32_t IntAttribute(std::string_view name) const;
+  /// Calls visit(name, value) for each attribute, in order.
+  template <typename Visitor>
+  void ForEachAttribute(Visitor visit) const;
   std::string_view Text() const;
 
   element FirstChild() const;
@@ -185,6 +188,18 @@ inline std::string_view element::Attribute(std::string_view name) const {
 
 inline std::int32_t element::IntAttribute(std::string_view name) const {
   return ParseInteger(Attribute(name));
+}
+
+template <typename Visitor>
+void element::ForEachAttribute(Visitor visit) const {
+  const std::uint32_t last = owner_->nodes_[index_].lastAttribute;
+  std::uint32_t index = last;
+  while (index != 0) {
+    index = owner_->attributes_[index].next;
+    const document::attribute& attribute = owner_->attributes_[index];
+    if (attribute.name.length > 0) visit(owner_->View(attribute.name), owner_->View(attribute.value));
+    if (index == last) return;
+  }
 }
 
 inline element element::FirstChild() const {
