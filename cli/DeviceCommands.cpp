@@ -116,6 +116,7 @@ ExitStatus RunUpload(const UploadOptions& options, Invocation& invocation) {
   const TCBase::Program::ModeListView modes = ModesOf(program, options.modes, options.path);
 
   LogPrinter printer(invocation);
+  WarnOfLongModes(modes, printer);
   invocation.environment.watchInterrupts();
   TCBase::Worker worker({invocation.environment.clock, printer.Log()}, TCBase::Worker::UsbWatch::Off);
   worker.StartUpload(devices, modes);
@@ -149,7 +150,7 @@ ExitStatus RunDevices(bool asJson, Invocation& invocation) {
   }
   if (!found.empty()) return Done;
   if (lacksAccess) return NoAccess;
-  if (!asJson) printer.Complain("no controller is plugged in");
+  if (!asJson) printer.Complain("no controller could be opened");
   return NothingFound;
 }
 
@@ -159,7 +160,8 @@ ExitStatus RunMonitor(Invocation& invocation) {
   LogPrinter printer(invocation);
   invocation.environment.watchInterrupts();
   TCBase::Worker worker({invocation.environment.clock, printer.Log()}, TCBase::Worker::UsbWatch::On);
-  while (!invocation.environment.isInterrupted()) invocation.environment.clock.Sleep(PollMilliseconds);
+  Environment& environment = invocation.environment;
+  while (!environment.isInterrupted() && environment.out) environment.clock.Sleep(PollMilliseconds);
   return Done;
 }
 

@@ -51,8 +51,10 @@ Runner DefineConvert(CLI::App& parser) {
     CheckIsXml(options->in);
     CheckIsXml(options->out);
     TCBase::Program program = Load(options->in);
-    const TCBase::Program::ModeListView modes = ModesOf(program, options->modes, options->in);
-    program.modes.assign(modes.begin(), modes.end());
+    if (!options->modes.empty()) {
+      const TCBase::Program::ModeListView modes = ModesOf(program, options->modes, options->in);
+      program.modes.assign(modes.begin(), modes.end());
+    }
     Save(program, options->out);
     return Done;
   };

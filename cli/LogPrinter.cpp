@@ -26,6 +26,13 @@ std::string DateAndTime(platform::Clock& clock) {
 
 }  // namespace
 
+std::string Printable(std::string text) {
+  for (char& c : text) {
+    if ((c >= 0 && c < 0x20) || c == 0x7F) c = '.';
+  }
+  return text;
+}
+
 LogPrinter::LogPrinter(const Invocation& invocation)
     : invocation_(invocation), log_([&clock = invocation.environment.clock] { return TimeOfDayOf(clock); }) {
   if (!invocation.options.logFile.empty()) OpenFile(invocation.options.logFile);
@@ -46,18 +53,29 @@ void LogPrinter::OpenFile(const std::string& path) {
 void LogPrinter::Print() {
   const std::lock_guard lock(mutex_);
   for (const qor::Log::Line& line : log_.TakeLines()) {
-    const char* lineEnd = line.text.ends_with('\n') ? "" : "\n";
+    const bool isDump = line.text.ends_with('\n');
+    const std::string text = isDump ? line.text : Printable(line.text) + "\n";
     const bool isTrace = line.kind == qor::Log::Kind::Trace;
     std::ostream& target = isTrace ? invocation_.environment.err : invocation_.environment.out;
-    if (isTrace || !invocation_.options.quiet) target << line.text << lineEnd << std::flush;
-    if (file_.is_open()) file_ << line.text << lineEnd << std::flush;
+    if (isTrace || !invocation_.options.quiet) target << text << std::flush;
+    WriteToFile(text);
   }
 }
 
 void LogPrinter::Complain(const std::string& sentence) {
   const std::lock_guard lock(mutex_);
-  invocation_.environment.err << "halvex: " << sentence << std::endl;
-  if (file_.is_open()) file_ << sentence << std::endl;
+  const std::string line = Printable(sentence) + "\n";
+  invocation_.environment.err << "halvex: " << line << std::flush;
+  WriteToFile(line);
+}
+
+void LogPrinter::WriteToFile(const std::string& text) {
+  if (!file_.is_open()) return;
+  file_ << text << std::flush;
+  if (file_) return;
+  file_.close();
+  invocation_.environment.err << "halvex: the log file " << invocation_.options.logFile
+                              << " could not be written any further" << std::endl;
 }
 
 }  // namespace cli

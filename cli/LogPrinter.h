@@ -9,6 +9,9 @@
 
 namespace cli {
 
+/// The text with control characters, which names from a file may hold, as dots: what a terminal may be shown.
+std::string Printable(std::string text);
+
 /// The program's log, printed line by line as it comes: messages on standard output, the trace on standard
 /// error, both in the log file.
 class LogPrinter {
@@ -21,6 +24,7 @@ class LogPrinter {
   void Complain(const std::string& sentence);
 
  private:
+  void WriteToFile(const std::string& text);
   void OpenFile(const std::string& path);
   void Print();
 

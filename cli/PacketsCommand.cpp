@@ -26,7 +26,7 @@ class PacketPrinter : public Device {
       const auto value = static_cast<unsigned char>(byte);
       out_ << "0123456789ABCDEF"[value >> 4] << "0123456789ABCDEF"[value & 0xF];
     }
-    out_ << ' ' << packet.Text() << '\n';
+    out_ << ' ' << Printable(packet.Text()) << '\n';
     return true;
   }
 
@@ -47,15 +47,16 @@ ExitStatus RunPackets(const PacketsOptions& options, Invocation& invocation) {
   const TCBase::DeviceContext context{invocation.environment.clock, printer.Log()};
   PacketPrinter<TC420::Device> device(context, invocation.environment.out);
 
+  WarnOfLongModes(modes, printer);
   ExitStatus status = Done;
   device.UploadStart();
   for (std::size_t i = 0; i < modes.Size(); ++i) {
     const std::vector<TCBase::ModeSample> samples = TCBase::SampleTable(modes[i]);
     if (!device.UploadMode(static_cast<int>(i), modes[i].name, samples)) {
       printer.Complain(
-          qor::Format("mode {1} '{2}' would not be sent: a mode needs a name, 2 steps and one of 64 "
+          qor::Format("the mode '{1}' would not be sent: a mode needs a name, 2 steps and one of 64 "
                       "places",
-                      {i + 1, modes[i].name}));
+                      {modes[i].name}));
       status = DeviceFailed;
     }
   }

@@ -5,6 +5,7 @@
 #include "QorLib/Format.h"
 #include "cli/ExitStatus.h"
 #include "formats/ProgramFile.h"
+#include "model/ModeSample.h"
 
 namespace cli {
 
@@ -45,6 +46,21 @@ TCBase::Program::ModeListView ModesOf(const TCBase::Program& program, const std:
   return {program, indices};
 }
 
+void WarnOfLongModes(const TCBase::Program::ModeListView& modes, LogPrinter& printer) {
+  for (const TCBase::Mode& mode : modes) {
+    const int steps = TCBase::StepCount(mode);
+    if (steps <= TCBase::MaxModeSteps) continue;
+    printer.Complain(qor::Format("warning: the mode '{1}' has {2} steps; a controller takes at most {3}",
+                                 {mode.name, steps, TCBase::MaxModeSteps}));
+  }
+}
+
+std::string CheckModeNumber(const std::string& text) {
+  const bool isNumber = !text.empty() && text.size() <= 9 && text[0] != '0' &&
+                        text.find_first_not_of("0123456789") == std::string::npos;
+  return isNumber ? "" : "'" + text + "' is no number of a mode";
+}
+
 void AddFile(CLI::App& parser, std::string& path) {
   parser.add_option("FILE", path, "The program file")->required()->type_name("");
 }
@@ -52,6 +68,7 @@ void AddFile(CLI::App& parser, std::string& path) {
 void AddModes(CLI::App& parser, std::vector<int>& numbers) {
   parser.add_option("--mode", numbers, "Only this mode; may be given several times")
       ->type_name("N")
+      ->check(CheckModeNumber)
       ->expected(1)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }

@@ -2,6 +2,7 @@
 #include "cli/Run.h"
 
 #include <algorithm>
+#include <exception>
 #include <new>
 #include <ostream>
 
@@ -45,11 +46,15 @@ int Complain(Environment& environment, const std::string& sentence, ExitStatus s
 
 /// The first argument where a command belongs, if it is none.
 std::string UnknownCommand(const std::vector<std::string>& arguments) {
-  if (arguments.empty() || arguments[0].starts_with('-')) return {};
+  auto argument = arguments.begin();
+  while (argument != arguments.end() && argument->starts_with('-')) {
+    argument += *argument == "--log" && argument + 1 != arguments.end() ? 2 : 1;
+  }
+  if (argument == arguments.end()) return {};
   const std::span<const Command> commands = Commands();
   const bool isKnown = std::any_of(commands.begin(), commands.end(),
-                                   [&](const Command& command) { return command.name == arguments[0]; });
-  return isKnown ? "" : arguments[0];
+                                   [&](const Command& command) { return command.name == *argument; });
+  return isKnown ? "" : *argument;
 }
 
 }  // namespace
@@ -80,6 +85,8 @@ int Run(const std::vector<std::string>& arguments, Environment& environment) {
     return Complain(environment, failed.what(), FileFailed);
   } catch (const std::bad_alloc&) {
     return Complain(environment, qor::xout_of_memory().what(), FileFailed);
+  } catch (const std::exception& failed) {
+    return Complain(environment, failed.what(), DeviceFailed);
   }
 }
 

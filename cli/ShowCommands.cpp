@@ -68,11 +68,11 @@ void PrintInfo(const TCBase::Program& program, std::ostream& out) {
   for (std::size_t i = 0; i < program.modes.size(); ++i) {
     const int steps = TCBase::StepCount(program.modes[i]);
     out << qor::Format("Mode {1}: {2}, {3} steps, {4}\n",
-                       {i + 1, program.modes[i].name, steps, LimitText(steps)});
+                       {i + 1, Printable(program.modes[i].name), steps, LimitText(steps)});
   }
   for (std::size_t i = 0; i < program.channelInfos.size(); ++i) {
     const TCBase::Program::ChannelInfo& info = program.channelInfos[i];
-    out << qor::Format("Channel {1}: {2}, {3}\n", {i + 1, info.name, ColourText(info.colour)});
+    out << qor::Format("Channel {1}: {2}, {3}\n", {i + 1, Printable(info.name), ColourText(info.colour)});
   }
 }
 
@@ -189,7 +189,10 @@ Runner DefineInfo(CLI::App& parser) {
 Runner DefineSample(CLI::App& parser) {
   const auto options = std::make_shared<SampleOptions>();
   AddFile(parser, options->path);
-  parser.add_option("--mode", options->mode, "The mode to sample")->required()->type_name("N");
+  parser.add_option("--mode", options->mode, "The mode to sample")
+      ->required()
+      ->type_name("N")
+      ->check(CheckModeNumber);
   CLI::Option_group& what = *parser.add_option_group("what");
   what.add_option("--at", options->at, "The values at a time of day")->type_name("HH:MM[:SS]");
   what.add_flag("--table", options->table, "The values, and J for a jump, at each step of the mode");

@@ -66,7 +66,7 @@ void StepThinner::Count(const Step& step, int change) {
 }
 
 RemovalCandidate StepThinner::Cheapest() const {
-  if (costs_.Least() == CostTree::None) return {};
+  if (costs_.IsEmpty()) return {};
   const std::size_t first = costs_.First();
   int channel = static_cast<int>(ChannelCount) - 1;
   while (lanes_[At(channel)].firstCost > first) --channel;
@@ -80,7 +80,7 @@ void StepThinner::Remove(const RemovalCandidate& candidate) {
   lane.links[At(removed.next)].previous = removed.previous;
   --lane.left;
   Count(lane.channel.steps[At(candidate.step)], -1);
-  costs_.Set(lane.firstCost + At(candidate.step), CostTree::None);
+  costs_.Remove(lane.firstCost + At(candidate.step));
 
   if (lane.left < FewestToThin || !lane.isRegular) {
     RenewAll(lane);
@@ -97,9 +97,12 @@ void StepThinner::RenewAll(const Lane& lane) {
   std::size_t indexAmongLeft = 0;
   for (std::int32_t step = 0; At(step) < lane.links.size(); ++step) {
     if (lane.links[At(step)].next == Removed) continue;
-    std::int32_t cost = CostTree::None;
-    if (canBeThinned) cost = lane.isRegular ? CostOf(lane, step) : RemovalCost(left, indexAmongLeft++);
-    costs_.Set(lane.firstCost + At(step), cost);
+    if (canBeThinned) {
+      const int cost = lane.isRegular ? CostOf(lane, step) : RemovalCost(left, indexAmongLeft++);
+      costs_.Set(lane.firstCost + At(step), cost);
+    } else {
+      costs_.Remove(lane.firstCost + At(step));
+    }
   }
 }
 

@@ -16,8 +16,8 @@ SystemError ReadWholeFile(const std::string& path, std::size_t limit, std::strin
 
 /// Puts `bytes` in the place of the file's content so that after a crash or a full disk there is the old file
 /// or the new one, never a part: they are written to a temporary file beside the target, flushed to the disk,
-/// and renamed over it. A link is followed, the file's permissions stay; a target that is no regular file (a
-/// terminal, a pipe) is written to as it is. On failure the target is untouched.
+/// and renamed over it. Outside Windows a link is followed and the file's permissions stay. A target that is
+/// no regular file (a terminal, a pipe) is written to as it is. On failure the target is untouched.
 SystemError ReplaceWholeFile(const std::string& path, std::string_view bytes);
 
 }  // namespace platform

@@ -23,7 +23,10 @@ void tree_builder::StartElement(std::string_view name) {
   if (open_.size() == 1) beforeRootChild_ = Size();
   if (!open_.empty()) {
     open_element& parent = open_.back();
-    if (parent.joined.empty() && IsBlank(target_.View(parent.text))) parent.text = {};
+    if (IsBlank(parent.joined.empty() ? target_.View(parent.text) : parent.joined)) {
+      parent.text = {};
+      parent.joined.clear();
+    }
   }
   const std::uint32_t parent = open_.empty() ? 0 : open_.back().index;
   open_.emplace_back().index = target_.AddChild(parent, name);

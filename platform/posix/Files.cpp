@@ -56,7 +56,7 @@ std::string FolderOf(const std::string& path) {
 }
 
 SystemError WriteInPlace(const std::string& path, std::string_view bytes) {
-  const Descriptor file(open(path.c_str(), O_WRONLY | O_CLOEXEC));
+  const Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0666));
   if (!file || !WriteAll(file.Number(), bytes)) return LastError();
   return {};
 }
@@ -75,7 +75,7 @@ int CreateTemporary(const std::string& folder, std::string& path) {
 
 /// Gives the file the permissions and, where the system lets us, the owner of the one that it replaces.
 bool TakeAfter(const struct stat& old, int file) {
-  if (fchown(file, old.st_uid, old.st_gid) != 0 && errno != EPERM) return false;
+  [[maybe_unused]] const int ignored = fchown(file, old.st_uid, old.st_gid);
   return fchmod(file, old.st_mode & 07777) == 0;
 }
 
@@ -119,7 +119,9 @@ SystemError ReplaceWholeFile(const std::string& path, std::string_view bytes) {
   const std::string target = Resolved(path);
   struct stat old {};
   const bool exists = stat(target.c_str(), &old) == 0;
-  if (exists && !S_ISREG(old.st_mode)) return WriteInPlace(target, bytes);
+  struct stat own {};
+  const bool isLinkToNothing = !exists && lstat(target.c_str(), &own) == 0 && S_ISLNK(own.st_mode);
+  if (isLinkToNothing || (exists && !S_ISREG(old.st_mode))) return WriteInPlace(target, bytes);
   // Renaming asks for no right to the old file; one that is protected from writing stays protected.
   if (exists && access(target.c_str(), W_OK) != 0) return LastError();
 

@@ -42,6 +42,13 @@ TEST(XmlDocument, ReadsBackWhatItWrote) {
   EXPECT_EQ(read.Write(), written.Write());
 }
 
+TEST(XmlDocument, DropsTheLayoutOfChildren) {
+  document read;
+  ASSERT_FALSE(read.Parse("<r>\n <!-- c -->\n <a> </a>\n <!-- c -->\n</r>"));
+  EXPECT_EQ(read.Root().Text(), "");
+  EXPECT_EQ(read.Root().FirstChild().Text(), " ");
+}
+
 TEST(XmlDocument, FindsChildrenAndAttributes) {
   document read;
   ASSERT_FALSE(read.Parse("<r><a id='1'/><b id='1' n='-12x'/><b id='2'>t<i/>u</b></r>"));

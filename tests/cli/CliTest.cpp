@@ -189,6 +189,8 @@ TEST_F(Cli, RefusesWrongUsageInASentence) {
       {"upload", path, "--device", "emulator", "--mode", "x"},
       {"packets", path, "--model", "tc999"},
       {"sample", path, "--mode", "1"},
+      {"packets", path, "--model", "tc420", "--mode", "02"},
+      {"--quiet", "paint"},
       {"sample", path, "--mode", "0", "--table"},
       {"sample", path, "--mode", "1", "--at", "24:00"},
       {"sample", path, "--mode", "1", "--at", "8:00:00:00"},
@@ -215,6 +217,20 @@ TEST_F(Cli, NamesABadFileAndLeavesTheOutputAlone) {
   EXPECT_EQ(LineCount(err), 1u);
   EXPECT_EQ(Run({"new", folder.File("no/folder.xml")}), cli::FileFailed);
   EXPECT_EQ(LineCount(err), 1u);
+}
+
+TEST_F(Cli, WarnsOfLongModesAndPrintsNoControlCharacters) {
+  std::string mode = "<mode name='A&#10;&#27;B'><c>";
+  for (int i = 0; i < 49; ++i) mode += "<step hour='1' minute='" + std::to_string(i) + "' value='1'/>";
+  const std::string path = folder.File("long.xml");
+  test::Write(path, "<modelist>" + mode + "</c><c/><c/><c/><c/></mode></modelist>");
+  EXPECT_EQ(Run({"upload", path, "--device", "emulator"}), cli::Done);
+  EXPECT_EQ(err, "halvex: warning: the mode 'A..B' has 49 steps; a controller takes at most 48\n");
+  EXPECT_NE(out.find("Uploading mode: A..B\n"), std::string::npos);
+  EXPECT_EQ(Run({"info", path}), cli::Done);
+  EXPECT_EQ(out.substr(0, 49), "Mode 1: A..B, 49 steps, over the limit of 48\nChan");
+  EXPECT_EQ(Run({"packets", path, "--model", "tc420"}), cli::Done);
+  EXPECT_EQ(LineCount(out), 1u + 49 + 1 + 1);
 }
 
 TEST_F(Cli, HelpsAndTellsItsVersion) {

@@ -73,6 +73,12 @@ TEST(StepThinner, RemovesWhatTheDefinitionRemovesInItsOrder) {
     TCBase::Mode plain;
     for (TCBase::Channel& channel : plain.channels)
       channel = test::RandomCurve(random, 30, random() % 4 != 0);
+    // Values as only a broken file brings them, for costs at the end of their range.
+    if (round % 8 == 7) {
+      for (std::size_t i = 0; i < plain.channels[0].steps.size(); ++i) {
+        plain.channels[0].steps[i].value = i % 2 == 0 ? 2147483647.0f : -2147483648.0f;
+      }
+    }
     TCBase::Mode thinned = plain;
     const TCBase::Mode original = plain;
     TCBase::StepThinner thinner(thinned);
