@@ -23,10 +23,12 @@ void tree_builder::StartElement(std::string_view name) {
   if (open_.size() == 1) beforeRootChild_ = Size();
   if (!open_.empty()) {
     open_element& parent = open_.back();
-    if (IsBlank(parent.joined.empty() ? target_.View(parent.text) : parent.joined)) {
+    // Once only: behind the first child blank stretches are dropped as they come.
+    if (!parent.hasChildren && IsBlank(parent.joined.empty() ? target_.View(parent.text) : parent.joined)) {
       parent.text = {};
       parent.joined.clear();
     }
+    parent.hasChildren = true;
   }
   const std::uint32_t parent = open_.empty() ? 0 : open_.back().index;
   open_.emplace_back().index = target_.AddChild(parent, name);
@@ -38,8 +40,7 @@ void tree_builder::Attribute(std::string_view name, std::string_view value) {
 
 void tree_builder::Text(std::string_view text) {
   open_element& current = open_.back();
-  const bool hasChildren = target_.nodes_[current.index].lastChild != 0;
-  if (hasChildren && IsBlank(text)) return;
+  if (current.hasChildren && IsBlank(text)) return;
   if (current.text.length == 0) {
     current.text = target_.Store(text);
     return;

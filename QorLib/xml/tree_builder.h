@@ -28,6 +28,7 @@ class tree_builder : public observer {
  private:
   struct open_element {
     std::uint32_t index = 0;
+    bool hasChildren = false;     // has had any, also where they have left the tree
     document::text_range text{};  // the first stretch
     std::string joined;           // all stretches, from the second on
   };
