@@ -13,24 +13,33 @@ std::string ZeroFilled(long long number, std::size_t width) {
   return digits;
 }
 
-std::string Format(std::string_view text, std::initializer_list<FormatArgument> arguments) {
-  std::string result;
-  while (true) {
-    const std::size_t open = text.find('{');
-    result += text.substr(0, open);
-    if (open == std::string_view::npos) return result;
-    text.remove_prefix(open);
-
+std::optional<Placeholder> FindPlaceholder(std::string_view text, std::size_t from) {
+  const char* const textEnd = text.data() + text.size();
+  for (std::size_t open = text.find('{', from); open != std::string_view::npos;
+       open = text.find('{', open + 1)) {
+    const char* digits = text.data() + open + 1;
     std::size_t number = 0;
-    const char* end = text.data() + text.size();
-    const auto [next, failure] = std::from_chars(text.data() + 1, end, number);
-    const bool isPlaceholder = failure == std::errc{} && next != end && *next == '}' && number >= 1 &&
-                               number <= arguments.size() && text[1] != '0';
-    if (isPlaceholder) result += arguments.begin()[number - 1].Text();
-    const std::size_t used = isPlaceholder ? static_cast<std::size_t>(next - text.data()) + 1 : 1;
-    if (!isPlaceholder) result += '{';
-    text.remove_prefix(used);
+    const auto [next, failure] = std::from_chars(digits, textEnd, number);
+    const bool isNumber = failure == std::errc{} && *digits != '0';
+    if (isNumber && next != textEnd && *next == '}') {
+      return Placeholder{number, open, static_cast<std::size_t>(next - digits) + 2};
+    }
   }
+  return std::nullopt;
+}
+
+std::string Format(std::string_view text, std::span<const FormatArgument> arguments) {
+  std::string result;
+  std::size_t from = 0;
+  while (const auto placeholder = FindPlaceholder(text, from)) {
+    const std::size_t end = placeholder->start + placeholder->length;
+    result += text.substr(from, placeholder->start - from);
+    result += placeholder->number <= arguments.size()
+                  ? std::string_view(arguments[placeholder->number - 1].Text())
+                  : text.substr(placeholder->start, placeholder->length);
+    from = end;
+  }
+  return result += text.substr(from);
 }
 
 }  // namespace qor

@@ -3,6 +3,8 @@
 
 #include <concepts>
 #include <initializer_list>
+#include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -28,6 +30,17 @@ std::string ZeroFilled(long long number, std::size_t width);
 
 /// Replaces the placeholders "{1}", "{2}", … of `text` by the arguments of those numbers. One pass: what an
 /// argument brings in is never looked at again. A placeholder without an argument stays as it stands.
-std::string Format(std::string_view text, std::initializer_list<FormatArgument> arguments);
+std::string Format(std::string_view text, std::span<const FormatArgument> arguments);
+inline std::string Format(std::string_view text, std::initializer_list<FormatArgument> arguments) {
+  return Format(text, std::span(arguments.begin(), arguments.size()));
+}
+
+/// A placeholder within a text: its number, from 1, and where it stands.
+struct Placeholder {
+  std::size_t number, start, length;
+};
+
+/// The first placeholder that begins at `from` or later.
+std::optional<Placeholder> FindPlaceholder(std::string_view text, std::size_t from);
 
 }  // namespace qor

@@ -23,6 +23,10 @@ void Log::Message(std::string_view english, std::initializer_list<FormatArgument
   Write(Kind::Message, Format(translate_(english), arguments));
 }
 
+void Log::Message(const Sentence& sentence) {
+  Write(Kind::Message, sentence.In(translate_));
+}
+
 void Log::Trace(std::string_view text) {
   if (!IsTracing()) return;
   const TimeOfDay time = timeOfDay_();

@@ -8,8 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "QorLib/Format.h"
-#include "QorLib/Translate.h"
+#include "QorLib/Sentence.h"
 
 namespace qor {
 
@@ -42,6 +41,7 @@ class Log {
 
   /// Writes a message: `english` translated, then its placeholders replaced.
   void Message(std::string_view english, std::initializer_list<FormatArgument> arguments = {});
+  void Message(const Sentence& sentence);
 
   /// Writes a trace line: the local time as hour:minute:second:millisecond, the hour not filled with zeros, a
   /// blank and the text.

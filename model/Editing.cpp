@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+#include "model/Editing.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "model/ModeSample.h"
+#include "model/Program.h"
+#include "model/StepLimit.h"
+
+namespace TCBase {
+namespace {
+
+constexpr std::size_t FewestSteps = 2;  // of a channel
+constexpr std::int64_t LastMinuteSecond = SecondsPerDay - 60;
+
+EditResult Changed(std::string english, std::vector<qor::FormatArgument> arguments = {}) {
+  return {true, {std::move(english), std::move(arguments)}};
+}
+
+EditResult Unchanged(std::string english, std::vector<qor::FormatArgument> arguments = {}) {
+  return {false, {std::move(english), std::move(arguments)}};
+}
+
+std::vector<Step> WithNewIds(std::vector<Step> steps) {
+  for (Step& step : steps) step.id = NextStepId();
+  return steps;
+}
+
+/// One step a minute, in order of time.
+void PutInOrder(Channel& channel) {
+  channel.Sort();
+  channel.RemoveDuplicateTimes();
+}
+
+Step StepAtMinute(std::int64_t minute, float value, bool jump) {
+  return MakeStep(static_cast<int>(minute / 60 % 24), static_cast<int>(minute % 60), value, jump);
+}
+
+/// The steps on a grid that runs from midnight: each rounded down, but at least one grid line behind the one
+/// before it.
+std::vector<Step> Aligned(const std::vector<Step>& steps, std::int64_t interval) {
+  std::vector<Step> aligned;
+  aligned.reserve(steps.size());
+  std::int64_t cursor = 0;
+  for (const Step& step : steps) {
+    std::int64_t distance = std::max<std::int64_t>(step.MinuteOfDay() - cursor, 0);
+    distance -= distance % interval;
+    if (distance == 0 && !aligned.empty()) distance = interval;
+    cursor += distance;
+    aligned.push_back(StepAtMinute(cursor, step.value, step.jump));
+  }
+  return aligned;
+}
+
+/// Swaps the channel's steps with those of the one `offset` further, if there is one.
+bool SwapSteps(Mode& mode, std::size_t& channel, std::ptrdiff_t offset) {
+  const std::size_t other = channel + static_cast<std::size_t>(offset);
+  if (other >= ChannelCount) return false;
+  std::swap(mode.channels[channel].steps, mode.channels[other].steps);
+  channel = other;
+  return true;
+}
+
+}  // namespace
+
+EditResult AddStepToAllChannels(Mode& mode, std::int64_t second) {
+  if (StepCount(mode) >= MaxModeSteps) {
+    return Unchanged("Unable to add new step. Maximum number of {1} steps for the current mode reached",
+                     {MaxModeSteps});
+  }
+  const ModeSample sample = SampleAt(mode, second);
+  const std::int64_t minute = std::int64_t{sample.hour} * 60 + sample.minute;
+  for (std::size_t i = 0; i < ChannelCount; ++i) {
+    Channel& channel = mode.channels[i];
+    channel.steps.push_back(StepAtMinute(minute, static_cast<float>(sample.values[i]), false));
+    PutInOrder(channel);
+  }
+  const std::string time = qor::ZeroFilled(sample.hour % 24, 2) + ":" + qor::ZeroFilled(sample.minute, 2);
+  return Changed("Added step at {1} to all channels. Current number of steps is {2}.",
+                 {time, StepCount(mode)});
+}
+
+EditResult AddEndpointStep(Mode& mode, Endpoint endpoint) {
+  return AddStepToAllChannels(mode, endpoint == Endpoint::Start ? 0 : LastMinuteSecond);
+}
+
+EditResult AlignSteps(Mode& mode, int minutes) {
+  for (Channel& channel : mode.channels) {
+    channel.steps = Aligned(channel.steps, minutes);
+    PutInOrder(channel);
+  }
+  return Changed("All steps were aligned to {1} minute intervals. Current number of steps is {2}.",
+                 {minutes, StepCount(mode)});
+}
+
+EditResult DeleteStep(Mode& mode, std::size_t channel, std::size_t step) {
+  if (channel >= ChannelCount) return {};
+  std::vector<Step>& steps = mode.channels[channel].steps;
+  if (step >= steps.size()) return {};
+  if (steps.size() <= FewestSteps) {
+    return Unchanged("Unable to delete step. Minimum 2 steps per channel is required.");
+  }
+  steps.erase(steps.begin() + static_cast<std::ptrdiff_t>(step));
+  return Changed("Step deleted. Current number of steps: {1}", {StepCount(mode)});
+}
+
+EditResult OptimiseForTC421(Mode& mode) {
+  mode = ResampleAt30Minutes(mode);
+  RemoveRedundantSteps(mode);
+  return Changed(
+      "All steps were aligned to 30 minute intervals. This is useful for configuring TC421 device.");
+}
+
+EditResult CopySteps(const Mode& mode, std::size_t channel, StepClipboard& clipboard) {
+  if (channel >= ChannelCount) return {};
+  clipboard = mode.channels[channel].steps;
+  return Unchanged("Copied steps to clipboard");
+}
+
+EditResult PasteSteps(Mode& mode, std::size_t channel, const StepClipboard& clipboard) {
+  if (channel >= ChannelCount || !clipboard) return {};
+  mode.channels[channel].steps = WithNewIds(*clipboard);
+  return Changed("Pasted steps from clipboard");
+}
+
+EditResult MoveStepsUp(Mode& mode, std::size_t& channel) {
+  if (channel >= ChannelCount) return {};
+  return {SwapSteps(mode, channel, -1), {"Moved steps up", {}}};
+}
+
+EditResult MoveStepsDown(Mode& mode, std::size_t& channel) {
+  if (channel >= ChannelCount) return {};
+  return {SwapSteps(mode, channel, 1), {"Moved steps down", {}}};
+}
+
+EditResult ClearSteps(Mode& mode, std::size_t channel) {
+  if (channel >= ChannelCount) return {};
+  mode.channels[channel].steps = {MakeStep(8, 0, 0), MakeStep(22, 0, 0)};
+  return Changed("Cleared all steps");
+}
+
+void InsertSteps(Channel& channel, const std::vector<Step>& steps) {
+  std::vector<Step> added = WithNewIds(steps);
+  // The first of a minute stays: the last of the new steps, then the old one.
+  std::reverse(added.begin(), added.end());
+  channel.steps.insert(channel.steps.begin(), added.begin(), added.end());
+  PutInOrder(channel);
+}
+
+void ReplaceSteps(Channel& channel, const std::vector<Step>& steps) {
+  channel.steps = WithNewIds(steps);
+  PutInOrder(channel);
+}
+
+}  // namespace TCBase

@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "QorLib/Sentence.h"
+#include "model/Mode.h"
+
+/// What the user's commands do to the steps of a mode. Channels count from 0 here; a channel or step that
+/// does not exist changes nothing and says nothing.
+namespace TCBase {
+
+struct EditResult {
+  bool isChanged = false;
+  qor::Sentence status;  // for the status line; empty where a command has nothing to say
+};
+
+/// Puts a step into each channel at that second of the day (0 to 86399), at the value that the channel has
+/// there, so that the light stays as it is. A step that is there already stays. Refused from 48 steps on.
+EditResult AddStepToAllChannels(Mode& mode, std::int64_t second);
+
+enum class Endpoint { Start, End };  // 00:00 and 23:59
+EditResult AddEndpointStep(Mode& mode, Endpoint endpoint);
+
+/// Moves all steps onto multiples of `minutes` (at least 1), those of a channel at least so far apart. What
+/// is pushed past midnight comes round to the morning.
+EditResult AlignSteps(Mode& mode, int minutes);
+
+/// Refused when the channel would keep fewer than 2 steps.
+EditResult DeleteStep(Mode& mode, std::size_t channel, std::size_t step);
+
+/// Half-hour steps without jumps, less those that change nothing: the form in which a mode plays best on a
+/// TC421.
+EditResult OptimiseForTC421(Mode& mode);
+
+/// The application's own clipboard: a channel's steps, once any have been copied.
+using StepClipboard = std::optional<std::vector<Step>>;
+
+EditResult CopySteps(const Mode& mode, std::size_t channel, StepClipboard& clipboard);
+/// Replaces the channel's steps. Says nothing when the clipboard was never filled.
+EditResult PasteSteps(Mode& mode, std::size_t channel, const StepClipboard& clipboard);
+
+/// Swap the channel's steps with those of the channel above or below; `channel`, the selection, moves with
+/// them.
+EditResult MoveStepsUp(Mode& mode, std::size_t& channel);
+EditResult MoveStepsDown(Mode& mode, std::size_t& channel);
+
+/// Leaves the channel dark: 08:00 and 22:00 at 0 %.
+EditResult ClearSteps(Mode& mode, std::size_t channel);
+
+/// Puts the steps, under new ids, into the channel; at a minute that holds one already the new one takes its
+/// place, and of several new ones the last.
+void InsertSteps(Channel& channel, const std::vector<Step>& steps);
+
+/// Puts the steps, under new ids, in the place of the channel's: sorted, the first of each minute.
+void ReplaceSteps(Channel& channel, const std::vector<Step>& steps);
+
+}  // namespace TCBase
