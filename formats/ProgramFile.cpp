@@ -50,13 +50,13 @@ Step ReadStep(const element& source) {
   Step step = MakeStep(0, 0, 0);
   source.ForEachAttribute([&step](std::string_view name, std::string_view value) {
     if (name == "hour") {
-      step.hour = qor::xml::ParseInteger(value);
+      step.hour = qor::ParseInteger(value);
     } else if (name == "minute") {
-      step.minute = qor::xml::ParseInteger(value);
+      step.minute = qor::ParseInteger(value);
     } else if (name == "value") {
-      step.value = static_cast<float>(qor::xml::ParseInteger(value));
+      step.value = static_cast<float>(qor::ParseInteger(value));
     } else if (name == "jump") {
-      step.jump = qor::xml::ParseInteger(value) != 0;
+      step.jump = qor::ParseInteger(value) != 0;
     }
   });
   return step;

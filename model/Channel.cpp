@@ -4,21 +4,18 @@
 #include <algorithm>
 
 namespace TCBase {
-float ValueBetween(const Step& previous, const Step& next, std::int64_t second) {
-  const std::int64_t previousSecond = previous.SecondOfDay();
-  const std::int64_t nextSecond = next.SecondOfDay();
-  if (second == nextSecond) return next.value;
-  if (previous.jump) return previous.value;
 
-  const auto from = [](std::int64_t start, std::int64_t end) {
-    return static_cast<float>(end - start + (end < start ? SecondsPerDay : 0));
-  };
-  const float span = from(previousSecond, nextSecond);
-  if (span == 0) return previous.value;
-  // Single precision with this order of roundings: what the lights get must not depend on the machine.
-  const float scaled = from(previousSecond, second) * (next.value - previous.value);
-  const float slope = scaled / span;
-  return slope + previous.value;
+Fade::Fade(const Step& previous, const Step& next)
+    : start_(previous.value),
+      difference_(next.value - previous.value),
+      span_(static_cast<float>(ElapsedSeconds(previous.SecondOfDay(), next.SecondOfDay()))),
+      isFlat_(previous.jump || span_ == 0) {}
+
+float ValueBetween(const Step& previous, const Step& next, std::int64_t second) {
+  if (second == next.SecondOfDay()) return next.value;
+  const Fade fade(previous, next);
+  if (fade.IsFlat()) return previous.value;
+  return fade.ValueAfter(static_cast<float>(ElapsedSeconds(previous.SecondOfDay(), second)));
 }
 
 void Channel::Add(Step step) {

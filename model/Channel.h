@@ -36,6 +36,31 @@ class Channel {
   bool operator==(const Channel&) const = default;
 };
 
+/// The seconds from one time to another, if need be across midnight.
+inline std::int64_t ElapsedSeconds(std::int64_t start, std::int64_t end) {
+  return end - start + (end < start ? SecondsPerDay : 0);
+}
+
+/// How the light goes from a step towards the next one.
+class Fade {
+ public:
+  Fade(const Step& previous, const Step& next);
+
+  /// Whether the light holds the first step's value all the way.
+  bool IsFlat() const { return isFlat_; }
+  /// The value so many seconds behind the first step. Single precision with this order of roundings: what the
+  /// lights get must not depend on the machine.
+  float ValueAfter(float elapsed) const {
+    const float scaled = elapsed * difference_;
+    const float slope = scaled / span_;
+    return slope + start_;
+  }
+
+ private:
+  float start_, difference_, span_;
+  bool isFlat_;
+};
+
 /// The curve at `second` between two steps that follow each other, if need be across midnight.
 float ValueBetween(const Step& previous, const Step& next, std::int64_t second);
 

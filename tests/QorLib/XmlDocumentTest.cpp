@@ -104,5 +104,5 @@ TEST(XmlDocument, ReadsIntegersAsTheyAreWritten) {
                {"2147483647", 2147483647},
                {"-2147483648", -2147483647 - 1},
                {"99999999999999999999999999", 2147483647}};
-  for (const auto& one : cases) EXPECT_EQ(qor::xml::ParseInteger(one.text), one.number) << one.text;
+  for (const auto& one : cases) EXPECT_EQ(qor::ParseInteger(one.text), one.number) << one.text;
 }

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include "formats/StepsText.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/Curves.h"
+
+namespace {
+
+using TCBase::Step;
+
+/// The text read and written again.
+std::string Reread(const std::string& text) {
+  std::vector<Step> steps(3);
+  TCBase::ParseStepsText(text, steps);
+  std::string lines;
+  for (const Step& step : steps) lines += (lines.empty() ? "" : "|") + TCBase::StepText(step);
+  return lines;
+}
+
+}  // namespace
+
+TEST(StepsText, WritesALineForEachStep) {
+  EXPECT_EQ(TCBase::WriteStepsText(test::Curve({{7, 5, 79.9f, true}, {0, 0, 100}}).steps),
+            "07:05 79 J\r\n00:00 100\r\n");
+}
+
+TEST(StepsText, ReadsWhatPeopleType) {
+  struct Case {
+    const char* text;
+    const char* steps;
+  };
+  for (const Case& one : {
+           Case{"08:00 0\r\n10:00 80 J\r\n12:00 0\r\n13:40 50\r\n15:00 0",
+                "08:00 0|10:00 80 J|12:00 0|13:40 50|15:00 0"},
+           {"9:5 1\n\n  10 : 6   2   j \r\r7\t0\t3", "09:05 1|10:06 2 J|07:00 3"},
+           {"\xEF\xBB\xBF"
+            "08:00 5",
+            "08:00 5"},
+           {"10:00 80 x\n10:00 80 JJ", "10:00 80|10:00 80"},
+           {"25:00 50\n08:00 150\n08:00 -5\n-1:30 50.9\n8:75 +7",
+            "23:59 50|08:00 100|08:00 0|00:00 50|09:15 7"},
+           {"99999999999:0 1\n0:-99999999999 1\n1:0 99999999999", "23:59 1|00:00 1|01:00 100"},
+           {"a:b c\n12h:30m 40%", "00:00 0|12:30 40"},
+           {"", ""},
+           {"\r\n \r\n\t", ""},
+       }) {
+    EXPECT_EQ(Reread(one.text), one.steps) << one.text;
+  }
+}
+
+TEST(StepsText, NamesTheLinesThatAreNoSteps) {
+  std::vector<Step> steps;
+  std::vector<std::size_t> skipped;
+  TCBase::ParseStepsText("10:00\r\n\r\n08:00 5\r\n10:00 80 J extra\rhello", steps, &skipped);
+  EXPECT_EQ(steps.size(), 1u);
+  EXPECT_EQ(steps[0].id, 0u);
+  EXPECT_EQ(skipped, (std::vector<std::size_t>{1, 4, 5}));
+}
+
+TEST(StepsText, CarriesWholePercents) {
+  std::mt19937 random(6);
+  for (int i = 0; i < 200; ++i) {
+    TCBase::Channel channel = test::RandomCurve(random, 60, random() % 2 == 0);
+    std::vector<Step> read;
+    TCBase::ParseStepsText(TCBase::WriteStepsText(channel.steps), read);
+    for (Step& step : channel.steps) step.value = static_cast<float>(TCBase::WholePercent(step.value));
+    ASSERT_EQ(read, channel.steps) << i;
+  }
+}
