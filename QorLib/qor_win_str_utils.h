@@ -16,6 +16,11 @@ std::string Utf8FromUtf16(std::u16string_view utf16);
 std::wstring WideFromUtf8(std::string_view utf8);
 std::string Utf8FromWide(std::wstring_view wide);
 
+/// The text with U+FFFD for what is not well-formed.
+inline std::string WellFormedUtf8(std::string_view utf8) {
+  return Utf8FromUtf16(Utf16FromUtf8(utf8));
+}
+
 /// Appends the code point, which must be at most U+10FFFF and no surrogate, in UTF-8.
 void AppendUtf8(char32_t codePoint, std::string& utf8);
 

@@ -17,6 +17,7 @@ void ThrowIfFailed(const platform::SystemError& error) {
     case platform::ErrorKind::DiskFull: throw xdisk_full(error.code, error.text);
     case platform::ErrorKind::WriteFault: throw xwrite_fault(error.code, error.text);
     case platform::ErrorKind::ReadFault: throw xread_fault(error.code, error.text);
+    case platform::ErrorKind::NotFound:
     case platform::ErrorKind::Other: throw xsystem(error.code, error.text);
   }
 }

@@ -20,4 +20,16 @@ SystemError ReadWholeFile(const std::string& path, std::size_t limit, std::strin
 /// no regular file (a terminal, a pipe) is written to as it is. On failure the target is untouched.
 SystemError ReplaceWholeFile(const std::string& path, std::string_view bytes);
 
+/// The path of a file in a folder, with the system's separator between them.
+std::string PathIn(const std::string& folder, const std::string& name);
+
+/// Creates the folder and those above it where they are missing.
+SystemError CreateFolders(const std::string& path);
+
+/// Gives a file another name, in the place of a file that has it.
+SystemError RenameFile(const std::string& from, const std::string& to);
+
+/// Whether both paths lead to the same file, which exists.
+bool IsSameFile(const std::string& path, const std::string& other);
+
 }  // namespace platform

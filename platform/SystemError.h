@@ -9,6 +9,7 @@ namespace platform {
 /// What a system's error code means, where the program treats it apart.
 enum class ErrorKind {
   Other,
+  NotFound,
   AccessDenied,
   WriteProtected,
   SharingViolation,

@@ -49,6 +49,18 @@ void element::SetText(std::string_view text) {
   owner_->Set(index_, {}, text);
 }
 
+void element::SetAnyText(std::string_view text) {
+  constexpr std::string_view Open = "<![CDATA[", Close = "]]>";
+  if (!text.starts_with(Open)) return SetText(text);
+  // Such a text is written unchanged, so it goes into sections, divided within each end of one.
+  std::string sections(Open);
+  for (std::size_t end = text.find(Close); end != std::string_view::npos; end = text.find(Close)) {
+    sections.append(text.substr(0, end)).append("]]").append(Close).append(Open);
+    text.remove_prefix(end + 2);
+  }
+  SetText(sections.append(text).append(Close));
+}
+
 document::document(std::string_view rootName) {
   Clear({});
   AddChild(0, rootName);

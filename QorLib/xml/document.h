@@ -47,6 +47,8 @@ class element {
   /// Replaces the attribute's value, or appends the attribute.
   void SetAttribute(std::string_view name, std::string_view value);
   void SetText(std::string_view text);
+  /// The same, for a text that must read back as it is even when it begins like a CDATA section.
+  void SetAnyText(std::string_view text);
 
  private:
   friend class document;

@@ -9,6 +9,8 @@ namespace {
 
 ErrorKind KindOf(std::uint32_t code) {
   switch (code) {
+    case ENOENT:
+    case ENOTDIR: return ErrorKind::NotFound;
     case EACCES:
     case EPERM: return ErrorKind::AccessDenied;
     case EROFS: return ErrorKind::WriteProtected;

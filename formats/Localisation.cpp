@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "formats/Localisation.h"
+
+#include "QorLib/Exceptions.h"
+#include "QorLib/xml/reader.h"
+#include "formats/FileBytes.h"
+#include "formats/Settings.h"
+#include "platform/Resources.h"
+
+namespace TCBase {
+namespace {
+
+std::string Joined(const std::vector<std::string>& lines) {
+  std::string text;
+  for (const std::string& line : lines) text += (text.empty() ? "" : "\r\n") + line;
+  return text;
+}
+
+TranslationTest Refusal(std::vector<std::string> faults) {
+  const qor::Sentence message = {
+      "Error loading the XML translation file!\r\n{1}\r\n\r\nThis is most probably caused by invalid XML.\r\n"
+      "Please try to open your XML file in your web browser to see the parsing error location.",
+      {Joined(faults)}};
+  return {false, message, {"Invalid Translation File", {}}, std::move(faults)};
+}
+
+}  // namespace
+
+Localisation::Localisation() : Localisation(platform::StringTableResource()) {}
+
+std::vector<StringTable::Language> Localisation::Languages() {
+  const std::lock_guard lock(mutex_);
+  return table_.Languages();
+}
+
+std::string_view Localisation::Translate(std::string_view english) {
+  const std::lock_guard lock(mutex_);
+  const StringTable::Entry* entry = table_.Find(english);
+  if (entry == nullptr) {
+    const auto [missing, isNew] = isMissing_.emplace(english);
+    if (isNew) missing_.push_back(*missing);
+    return english;
+  }
+  if (!current_ || entry->texts[*current_].empty()) return english;
+  return entry->texts[*current_];
+}
+
+qor::Translate Localisation::Translator() {
+  return [this](std::string_view english) { return std::string(Translate(english)); };
+}
+
+std::vector<std::string> Localisation::MissingTexts() {
+  const std::lock_guard lock(mutex_);
+  return {missing_.begin(), missing_.end()};
+}
+
+std::string Localisation::CurrentLanguage() {
+  const std::lock_guard lock(mutex_);
+  return current_ ? table_.Languages()[*current_].id : std::string(EnglishId);
+}
+
+std::vector<qor::Sentence> Localisation::SetLanguage(std::string_view id) {
+  const std::lock_guard lock(mutex_);
+  current_ = table_.LanguageIndex(id);
+  if (!current_) return {{"Language set to English", {}}};
+  const StringTable::Language& language = table_.Languages()[*current_];
+  std::vector<qor::Sentence> report = {{"Language set to {1}", {language.name}}};
+  if (!language.author.empty()) report.push_back({"translated by {1}!", {language.author}});
+  return report;
+}
+
+ExportResult Localisation::Export(const std::string& path) {
+  try {
+    std::string table;
+    {
+      const std::lock_guard lock(mutex_);
+      table = table_.Write(current_, missing_);
+    }
+    ReplaceFileBytes(path, table);
+    return {true, {"Localization file {1} exported successfully!", {path}}, {}};
+  } catch (const qor::win::xsystem& failed) {
+    return {false, {"Error exporting localization file {1}!", {path}}, failed.Description()};
+  }
+}
+
+TranslationTest Localisation::Test(const std::string& path) {
+  try {
+    std::string bytes = ReadFileBytes(path, qor::xml::reader::MaxBytes);
+    const std::lock_guard lock(mutex_);
+    std::vector<std::string> faults = table_.Merge(std::move(bytes));
+    if (!faults.empty()) return Refusal(std::move(faults));
+    return {true, {"Translation file {1} loaded successfully!", {path}}, {}, {}};
+  } catch (const qor::win::xsystem& failed) {
+    return Refusal({failed.Description()});
+  }
+}
+
+void ChooseLanguage(std::string_view id, Localisation& texts, Settings& settings, qor::Log& log) {
+  const std::vector<qor::Sentence> report = texts.SetLanguage(id);
+  settings.Set(SettingLocale, texts.CurrentLanguage());
+  for (const qor::Sentence& sentence : report) log.Message(sentence);
+}
+
+}  // namespace TCBase

@@ -1,0 +1,84 @@
+// SPDX-License-Identifier: MIT
+#include "formats/Settings.h"
+
+#include "QorLib/qor_win_str_utils.h"
+#include "platform/Files.h"
+
+namespace TCBase {
+namespace {
+
+constexpr const char* FileName = "TC420Config.xml";
+constexpr const char* BrokenEnding = ".broken";
+
+}  // namespace
+
+Settings::Settings(const std::string& folder, qor::Log& log)
+    : folder_(folder.empty() ? "." : folder), path_(platform::PathIn(folder_, FileName)), log_(log) {
+  std::string bytes;
+  if (const platform::SystemError failed =
+          platform::ReadWholeFile(path_, qor::xml::reader::MaxBytes, bytes)) {
+    isFileBroken_ = failed.kind != platform::ErrorKind::NotFound;
+  } else {
+    isFileBroken_ = document_.Parse(std::move(bytes)).has_value();
+    if (isFileBroken_) document_.Parse("<config/>");
+  }
+}
+
+std::string Settings::Get(std::string_view key) {
+  const std::lock_guard lock(mutex_);
+  qor::xml::element root = document_.Root();
+  qor::xml::element setting = root.FindChild(key);
+  if (!setting) setting = root.CreateChild(key);
+  return std::string(setting.Text());
+}
+
+std::string Settings::Get(std::string_view key, std::string_view id, std::string_view defaultText) {
+  const std::lock_guard lock(mutex_);
+  const qor::xml::element setting = document_.Root().FindChild(key, id);
+  return std::string(setting ? setting.Text() : defaultText);
+}
+
+void Settings::Set(std::string_view key, std::string_view text) {
+  const std::lock_guard lock(mutex_);
+  qor::xml::element root = document_.Root();
+  const qor::xml::element setting = root.FindChild(key);
+  Change(setting ? setting : root.CreateChild(key), text);
+}
+
+void Settings::Set(std::string_view key, std::string_view id, std::string_view text) {
+  const std::lock_guard lock(mutex_);
+  qor::xml::element root = document_.Root();
+  qor::xml::element setting = root.FindChild(key, id);
+  if (!setting) {
+    setting = root.CreateChild(key);
+    setting.SetAttribute("id", id);
+  }
+  Change(setting, text);
+}
+
+void Settings::Change(qor::xml::element setting, std::string_view text) {
+  std::string value = qor::win::WellFormedUtf8(text);
+  std::erase(value, '\0');
+  if (setting.Text() == value) return;
+  setting.SetAnyText(value);
+
+  std::string bytes = document_.Write();
+  const platform::SystemError failed = WriteFile(bytes);
+  if (failed && !hasReported_) {
+    log_.Message("Error creating file {1}, error: {2}", {path_, failed.text});
+    hasReported_ = true;
+  }
+  document_.Parse(std::move(bytes));  // a tree keeps the texts that were replaced; so they go
+}
+
+platform::SystemError Settings::WriteFile(const std::string& bytes) {
+  if (const platform::SystemError failed = platform::CreateFolders(folder_)) return failed;
+  if (isFileBroken_) {
+    const platform::SystemError failed = platform::RenameFile(path_, path_ + BrokenEnding);
+    if (failed && failed.kind != platform::ErrorKind::NotFound) return failed;
+    isFileBroken_ = false;
+  }
+  return platform::ReplaceWholeFile(path_, bytes);
+}
+
+}  // namespace TCBase

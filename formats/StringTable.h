@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "QorLib/xml/document.h"
+
+namespace TCBase {
+
+/// The translations of the program's texts, in UTF-8:
+///
+///     <localisation>
+///       <languages><language id='de' name='Deutsch' author='…'/>…</languages>
+///       <strings><string id='English text'><de>Text</de>…</string>…</strings>
+///     </localisation>
+///
+/// Views that it gives hold as long as the table, whatever is merged into it.
+class StringTable {
+ public:
+  struct Language {
+    std::string id;      // "de"
+    std::string name;    // as the language menu shows it
+    std::string author;  // the translator's name; may be empty
+
+    bool operator==(const Language&) const = default;
+  };
+  struct Entry {
+    std::string_view id;                  // the English text
+    std::vector<std::string_view> texts;  // for each language; empty where there is none
+  };
+
+  /// Empty when the bytes are no such table.
+  explicit StringTable(std::string_view xml);
+
+  const std::vector<Language>& Languages() const { return languages_; }
+  const std::vector<Entry>& Entries() const { return entries_.list; }
+  std::optional<std::size_t> LanguageIndex(std::string_view id) const;
+  /// None when the table lacks the text.
+  const Entry* Find(std::string_view english) const;
+
+  /// Merges a translator's file: texts that are not empty take the places of those with the same ids. Entries
+  /// that the table lacks are kept apart. Line breaks of ids may have lost their CR on the way.
+  ///
+  /// What is wrong with the file, line by line, or nothing: it is no XML or no table, it names a language
+  /// that the table lacks, or a text lacks one of its placeholders or has one too many. Nothing is merged
+  /// then.
+  std::vector<std::string> Merge(std::string xml);
+
+  /// The table for translators into one language, or (none) into all. An entry that lacks a translation
+  /// begins with an empty element "translate" and has an empty one for each missing language. Behind the
+  /// table's entries stand, so marked, the `missing` texts, and under "not_found" the entries that were kept
+  /// apart.
+  std::string Write(std::optional<std::size_t> language, std::span<const std::string_view> missing) const;
+
+ private:
+  class Faults;
+
+  /// Entries in order, found by their ids.
+  struct EntryList {
+    std::vector<Entry> list;
+    std::unordered_map<std::string_view, std::size_t> index;
+
+    const Entry* Find(std::string_view id) const;
+    /// None when there is an entry of that id already.
+    Entry* Add(std::string_view id, std::size_t languageCount);
+  };
+
+  void ReadLanguages(const qor::xml::element& list);
+  void ReadEntry(const qor::xml::element& source, Entry& entry) const;
+  void CheckLanguage(const qor::xml::element& source, Faults& faults) const;
+  void CheckEntry(const qor::xml::element& source, Faults& faults) const;
+  Entry& EntryToMerge(std::string_view id);
+  void MergeEntry(const qor::xml::element& source);
+  void MergeLanguage(const qor::xml::element& source);
+  void WriteEntry(const Entry& entry, std::optional<std::size_t> language, qor::xml::element list) const;
+  std::string_view Keep(std::string_view text) { return kept_.emplace_back(text); }
+
+  qor::xml::document document_;   // holds the texts that were built in
+  std::deque<std::string> kept_;  // those that came later; a deque never moves them
+  std::vector<Language> languages_;
+  EntryList entries_;
+  EntryList notFound_;
+};
+
+}  // namespace TCBase
