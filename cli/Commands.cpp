@@ -8,11 +8,16 @@ std::span<const Command> Commands() {
       {"new", "Write a new program with the built-in modes", DefineNew},
       {"info", "Show a program's modes, step counts and channels", DefineInfo},
       {"sample", "Show the channels' values at a time, or a mode's sample table", DefineSample},
-      {"convert", "Convert a program to another file", DefineConvert},
+      {"steps", "Show a channel's steps as text, or change them by a text", DefineSteps},
+      {"convert", "Convert a program to another format", DefineConvert},
+      {"optimize", "Bring modes under the number of steps that controllers take", DefineOptimize},
+      {"align", "Align the steps to a grid of minutes", DefineAlign},
+      {"add-step", "Add a step to all channels", DefineAddStep},
       {"packets", "Show the packets that an upload would send", DefinePackets},
       {"upload", "Upload a program to controllers", DefineUpload},
       {"devices", "List the controllers that are plugged in", DefineDevices},
       {"monitor", "Report controllers being plugged in and out, until Ctrl+C", DefineMonitor},
+      {"translation", "Write the program's texts for translators, or check their file", DefineTranslation},
   };
   return Table;
 }

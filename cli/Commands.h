@@ -27,10 +27,15 @@ std::span<const Command> Commands();
 Runner DefineNew(CLI::App& parser);
 Runner DefineInfo(CLI::App& parser);
 Runner DefineSample(CLI::App& parser);
+Runner DefineSteps(CLI::App& parser);
 Runner DefineConvert(CLI::App& parser);
+Runner DefineOptimize(CLI::App& parser);
+Runner DefineAlign(CLI::App& parser);
+Runner DefineAddStep(CLI::App& parser);
 Runner DefinePackets(CLI::App& parser);
 Runner DefineUpload(CLI::App& parser);
 Runner DefineDevices(CLI::App& parser);
 Runner DefineMonitor(CLI::App& parser);
+Runner DefineTranslation(CLI::App& parser);
 
 }  // namespace cli

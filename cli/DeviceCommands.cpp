@@ -9,6 +9,7 @@
 #include "cli/Commands.h"
 #include "cli/LogPrinter.h"
 #include "cli/ProgramArguments.h"
+#include "cli/ProgramFiles.h"
 #include "device/CreateDevice.h"
 #include "platform/SystemError.h"
 #include "worker/Worker.h"
@@ -112,10 +113,10 @@ struct UploadOptions {
 
 ExitStatus RunUpload(const UploadOptions& options, Invocation& invocation) {
   const std::vector<TCBase::DeviceInfo> devices = DevicesOf(options.devices);
-  const TCBase::Program program = Load(options.path);
-  const TCBase::Program::ModeListView modes = ModesOf(program, options.modes, options.path);
+  const TCBase::Program program = Load(options.path, invocation);
+  const TCBase::Program::ModeListView modes(program, ModeIndicesOf(program, options.modes, options.path));
 
-  LogPrinter printer(invocation);
+  LogPrinter& printer = invocation.printer;
   WarnOfLongModes(modes, printer);
   invocation.environment.watchInterrupts();
   TCBase::Worker worker({invocation.environment.clock, printer.Log()}, TCBase::Worker::UsbWatch::Off);
@@ -127,7 +128,7 @@ ExitStatus RunUpload(const UploadOptions& options, Invocation& invocation) {
 // devices
 
 ExitStatus RunDevices(bool asJson, Invocation& invocation) {
-  LogPrinter printer(invocation);
+  LogPrinter& printer = invocation.printer;
   nlohmann::ordered_json found = nlohmann::ordered_json::array();
   bool lacksAccess = false;
   for (const DeviceName& model : UsbModels) {
@@ -157,7 +158,7 @@ ExitStatus RunDevices(bool asJson, Invocation& invocation) {
 // monitor
 
 ExitStatus RunMonitor(Invocation& invocation) {
-  LogPrinter printer(invocation);
+  LogPrinter& printer = invocation.printer;
   invocation.environment.watchInterrupts();
   TCBase::Worker worker({invocation.environment.clock, printer.Log()}, TCBase::Worker::UsbWatch::On);
   Environment& environment = invocation.environment;

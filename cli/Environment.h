@@ -5,30 +5,40 @@
 #include <iosfwd>
 #include <string>
 
+#include "formats/Localisation.h"
 #include "platform/Clock.h"
 
 namespace cli {
 
+class LogPrinter;
+
 /// What a run of the program works with from outside.
 struct Environment {
+  std::istream& in;
   std::ostream& out;  // results
   std::ostream& err;  // complaints and the communication trace
   platform::Clock& clock;
+  std::string settingsFolder;
   std::function<void()> watchInterrupts;  // called before a device is touched
   std::function<bool()> isInterrupted;
 };
 
 /// The options that every command takes.
 struct CommonOptions {
-  bool quiet = false;   // no log lines on standard output
-  bool trace = false;   // the communication trace on standard error
-  std::string logFile;  // appended to; empty for none
+  bool quiet = false;    // no log lines on standard output
+  bool trace = false;    // the communication trace on standard error
+  std::string logFile;   // appended to; empty for none
+  std::string language;  // an id; empty for the one of the settings
 };
 
 /// A run of one command.
 struct Invocation {
   Environment& environment;
-  CommonOptions options;
+  TCBase::Localisation& texts;
+  LogPrinter& printer;
+
+  /// A text of the program in the user's language.
+  std::string Text(const qor::Sentence& sentence) const { return sentence.In(texts.Translator()); }
 };
 
 }  // namespace cli

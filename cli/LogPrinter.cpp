@@ -33,21 +33,24 @@ std::string Printable(std::string text) {
   return text;
 }
 
-LogPrinter::LogPrinter(const Invocation& invocation)
-    : invocation_(invocation), log_([&clock = invocation.environment.clock] { return TimeOfDayOf(clock); }) {
-  if (!invocation.options.logFile.empty()) OpenFile(invocation.options.logFile);
-  log_.SetTracing(invocation.options.trace);
+LogPrinter::LogPrinter(Environment& environment, const CommonOptions& options, qor::Translate translate)
+    : environment_(environment),
+      options_(options),
+      log_([&clock = environment.clock] { return TimeOfDayOf(clock); }) {
+  if (!options_.logFile.empty()) OpenFile();
+  log_.SetTranslation(std::move(translate));
+  log_.SetTracing(options_.trace);
   log_.OnLine([this] { Print(); });
 }
 
-void LogPrinter::OpenFile(const std::string& path) {
+void LogPrinter::OpenFile() {
+  const std::string& path = options_.logFile;
   errno = 0;
   file_.open(std::filesystem::path(std::u8string(path.begin(), path.end())), std::ios::app);
   if (!file_) {
     throw CommandError(FileFailed, qor::Format("Error creating file {1}, error: {2}",
                                                {path, platform::RuntimeErrorText(errno)}));
   }
-  file_ << "--- " << DateAndTime(invocation_.environment.clock) << std::endl;
 }
 
 void LogPrinter::Print() {
@@ -56,8 +59,8 @@ void LogPrinter::Print() {
     const bool isDump = line.text.ends_with('\n');
     const std::string text = isDump ? line.text : Printable(line.text) + "\n";
     const bool isTrace = line.kind == qor::Log::Kind::Trace;
-    std::ostream& target = isTrace ? invocation_.environment.err : invocation_.environment.out;
-    if (isTrace || !invocation_.options.quiet) target << text << std::flush;
+    std::ostream& target = isTrace ? environment_.err : environment_.out;
+    if (isTrace || !options_.quiet) target << text << std::flush;
     WriteToFile(text);
   }
 }
@@ -65,17 +68,19 @@ void LogPrinter::Print() {
 void LogPrinter::Complain(const std::string& sentence) {
   const std::lock_guard lock(mutex_);
   const std::string line = Printable(sentence) + "\n";
-  invocation_.environment.err << "halvex: " << line << std::flush;
+  environment_.err << "halvex: " << line << std::flush;
   WriteToFile(line);
 }
 
 void LogPrinter::WriteToFile(const std::string& text) {
   if (!file_.is_open()) return;
+  if (!isFileBegun_) file_ << "--- " << DateAndTime(environment_.clock) << '\n';
+  isFileBegun_ = true;
   file_ << text << std::flush;
   if (file_) return;
   file_.close();
-  invocation_.environment.err << "halvex: the log file " << invocation_.options.logFile
-                              << " could not be written any further" << std::endl;
+  environment_.err << "halvex: the log file " << options_.logFile << " could not be written any further"
+                   << std::endl;
 }
 
 }  // namespace cli

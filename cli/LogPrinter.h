@@ -17,7 +17,7 @@ std::string Printable(std::string text);
 class LogPrinter {
  public:
   /// Throws CommandError when the log file cannot be opened.
-  explicit LogPrinter(const Invocation& invocation);
+  LogPrinter(Environment& environment, const CommonOptions& options, qor::Translate translate);
 
   qor::Log& Log() { return log_; }
   /// Prints a complaint on standard error, in the log file as well.
@@ -25,12 +25,14 @@ class LogPrinter {
 
  private:
   void WriteToFile(const std::string& text);
-  void OpenFile(const std::string& path);
+  void OpenFile();
   void Print();
 
-  Invocation invocation_;
+  Environment& environment_;
+  CommonOptions options_;
   std::mutex mutex_;  // one line at a time, in the order in which the sink got them
   std::ofstream file_;
+  bool isFileBegun_ = false;
   qor::Log log_;
 };
 

@@ -7,6 +7,7 @@
 #include "cli/Commands.h"
 #include "cli/LogPrinter.h"
 #include "cli/ProgramArguments.h"
+#include "cli/ProgramFiles.h"
 #include "device/TC420/Device.h"
 #include "model/ModeSample.h"
 
@@ -41,9 +42,9 @@ struct PacketsOptions {
 };
 
 ExitStatus RunPackets(const PacketsOptions& options, Invocation& invocation) {
-  const TCBase::Program program = Load(options.path);
-  const TCBase::Program::ModeListView modes = ModesOf(program, options.modes, options.path);
-  LogPrinter printer(invocation);
+  const TCBase::Program program = Load(options.path, invocation);
+  const TCBase::Program::ModeListView modes(program, ModeIndicesOf(program, options.modes, options.path));
+  LogPrinter& printer = invocation.printer;
   const TCBase::DeviceContext context{invocation.environment.clock, printer.Log()};
   PacketPrinter<TC420::Device> device(context, invocation.environment.out);
 

@@ -1,49 +1,52 @@
 // SPDX-License-Identifier: MIT
 #include "cli/ProgramArguments.h"
 
-#include "QorLib/Exceptions.h"
+#include <charconv>
+#include <numeric>
+
 #include "QorLib/Format.h"
 #include "cli/ExitStatus.h"
-#include "formats/ProgramFile.h"
 #include "model/ModeSample.h"
 
 namespace cli {
+namespace {
 
-TCBase::Program Load(const std::string& path) {
-  TCBase::Program program;
-  if (const auto reason = TCBase::LoadProgram(path, program)) {
-    throw CommandError(FileFailed, qor::Format("Error loading program {1}: {2}", {path, *reason}));
-  }
-  return program;
+/// Takes a number of one or two digits from the front; -1 when there is none or it is over `max`.
+int TakeNumber(std::string_view& text, int max) {
+  int number = -1;
+  const auto [next, failed] = std::from_chars(text.data(), text.data() + text.size(), number);
+  const auto length = static_cast<std::size_t>(next - text.data());
+  if (failed != std::errc{} || length > 2 || number < 0 || number > max) return -1;
+  text.remove_prefix(length);
+  return number;
 }
 
-void Save(const TCBase::Program& program, const std::string& path) {
-  try {
-    TCBase::SaveProgram(program, path);
-  } catch (const qor::win::xsystem& failed) {
-    throw CommandError(FileFailed,
-                       qor::Format("{1} could not be written: {2}", {path, failed.Description()}));
-  }
+/// What is wrong with the text as a mode's number, in plain digits; empty when nothing is.
+std::string CheckModeNumber(const std::string& text) {
+  const bool isNumber = !text.empty() && text.size() <= 9 && text[0] != '0' &&
+                        text.find_first_not_of("0123456789") == std::string::npos;
+  return isNumber ? "" : "'" + text + "' is no number of a mode";
 }
 
-const TCBase::Mode& ModeOf(const TCBase::Program& program, int number, const std::string& path) {
+}  // namespace
+
+std::size_t ModeIndexOf(const TCBase::Program& program, int number, const std::string& path) {
   const std::size_t count = program.modes.size();
   if (number < 1 || static_cast<std::size_t>(number) > count) {
     throw CommandError(WrongUsage, qor::Format("there is no mode {1} in {2}; its modes are 1 to {3}",
                                                {number, path, count}));
   }
-  return program.modes[static_cast<std::size_t>(number) - 1];
+  return static_cast<std::size_t>(number) - 1;
 }
 
-TCBase::Program::ModeListView ModesOf(const TCBase::Program& program, const std::vector<int>& numbers,
-                                      const std::string& path) {
-  if (numbers.empty()) return TCBase::Program::ModeListView(program);
+std::vector<std::size_t> ModeIndicesOf(const TCBase::Program& program, const std::vector<int>& numbers,
+                                       const std::string& path) {
   std::vector<std::size_t> indices;
-  indices.reserve(numbers.size());
-  for (const int number : numbers) {
-    indices.push_back(static_cast<std::size_t>(&ModeOf(program, number, path) - program.modes.data()));
-  }
-  return {program, indices};
+  for (const int number : numbers) indices.push_back(ModeIndexOf(program, number, path));
+  if (!indices.empty()) return indices;
+  indices.resize(program.modes.size());
+  std::iota(indices.begin(), indices.end(), std::size_t{0});
+  return indices;
 }
 
 void WarnOfLongModes(const TCBase::Program::ModeListView& modes, LogPrinter& printer) {
@@ -55,14 +58,44 @@ void WarnOfLongModes(const TCBase::Program::ModeListView& modes, LogPrinter& pri
   }
 }
 
-std::string CheckModeNumber(const std::string& text) {
-  const bool isNumber = !text.empty() && text.size() <= 9 && text[0] != '0' &&
-                        text.find_first_not_of("0123456789") == std::string::npos;
-  return isNumber ? "" : "'" + text + "' is no number of a mode";
+int SecondOf(std::string_view time) {
+  std::string_view rest = time;
+  int second = 0;
+  int parts = 0;
+  for (const int max : {23, 59, 59}) {
+    if (parts > 0) {
+      if (!rest.starts_with(':')) break;
+      rest.remove_prefix(1);
+    }
+    const int number = TakeNumber(rest, max);
+    if (number < 0) {
+      parts = 0;
+      break;
+    }
+    second = second * 60 + number;
+    ++parts;
+  }
+  if (parts < 2 || !rest.empty()) {
+    throw CommandError(WrongUsage,
+                       qor::Format("'{1}' is no time of day; give it as HH:MM or HH:MM:SS", {time}));
+  }
+  return parts == 2 ? second * 60 : second;
+}
+
+std::string TimeText(int hour, int minute) {
+  return qor::ZeroFilled(hour, 2) + ":" + qor::ZeroFilled(minute, 2);
 }
 
 void AddFile(CLI::App& parser, std::string& path) {
   parser.add_option("FILE", path, "The program file")->required()->type_name("");
+}
+
+CLI::Option* AddOutput(CLI::App& parser, std::string& path) {
+  return parser.add_option("-o", path, "The file to write, another than FILE")->type_name("OUT");
+}
+
+void AddMode(CLI::App& parser, int& number) {
+  parser.add_option("--mode", number, "The mode")->required()->type_name("N")->check(CheckModeNumber);
 }
 
 void AddModes(CLI::App& parser, std::vector<int>& numbers) {

@@ -8,31 +8,30 @@
 #include "cli/LogPrinter.h"
 #include "model/Program.h"
 
-/// What commands that read a program have in common. All functions complain by CommandError.
+/// What the arguments of many commands have in common. All functions complain by CommandError.
 namespace cli {
 
-/// Reads a program file.
-TCBase::Program Load(const std::string& path);
+/// The index of the mode of that number, which counts from 1. `path` is for the message.
+std::size_t ModeIndexOf(const TCBase::Program& program, int number, const std::string& path);
 
-/// Writes a program file safely.
-void Save(const TCBase::Program& program, const std::string& path);
-
-/// The mode of that number, from 1. `path` is for the message.
-const TCBase::Mode& ModeOf(const TCBase::Program& program, int number, const std::string& path);
-
-/// The modes of those numbers, in that order; all modes when there are none.
-TCBase::Program::ModeListView ModesOf(const TCBase::Program& program, const std::vector<int>& numbers,
-                                      const std::string& path);
+/// The indices of the modes of those numbers, in that order; of all modes when there are none.
+std::vector<std::size_t> ModeIndicesOf(const TCBase::Program& program, const std::vector<int>& numbers,
+                                       const std::string& path);
 
 /// Names the modes that have more steps than controllers take.
 void WarnOfLongModes(const TCBase::Program::ModeListView& modes, LogPrinter& printer);
 
-/// What is wrong with the text as a mode's number, which counts from 1 in plain digits; empty when nothing
-/// is.
-std::string CheckModeNumber(const std::string& text);
+/// The second of the day that "HH:MM" or "HH:MM:SS" names.
+int SecondOf(std::string_view time);
+/// "HH:MM"
+std::string TimeText(int hour, int minute);
 
 /// Adds the argument FILE.
 void AddFile(CLI::App& parser, std::string& path);
+/// Adds "-o OUT".
+CLI::Option* AddOutput(CLI::App& parser, std::string& path);
+/// Adds "--mode N", for one mode that must be given.
+void AddMode(CLI::App& parser, int& number);
 /// Adds "--mode N", which may be given several times.
 void AddModes(CLI::App& parser, std::vector<int>& numbers);
 

@@ -9,6 +9,8 @@
 #include "QorLib/Exceptions.h"
 #include "QorLib/Format.h"
 #include "cli/Commands.h"
+#include "cli/LogPrinter.h"
+#include "formats/Settings.h"
 
 namespace cli {
 namespace {
@@ -16,6 +18,7 @@ namespace {
 constexpr const char* Version = HALVEX_VERSION;
 
 constexpr const char* Footer =
+    "Program files end in .xml; .tmf and .lmf files are read as programs of one mode, too.\n"
     "Devices: emulator, tc420. Modes and channels count from 1.\n"
     "Exit status: 0 done; 1 a device refused or could not be reached; 2 wrong usage; 3 a file could not be\n"
     "read or written; 4 nothing found; 5 more than one device fits; 6 no permission, or in use by another\n"
@@ -32,6 +35,9 @@ void Define(CLI::App& parser, CommonOptions& options, Runner& chosen) {
   parser.add_flag("--quiet", options.quiet, "No log lines on standard output");
   parser.add_flag("--trace", options.trace, "The communication trace on standard error");
   parser.add_option("--log", options.logFile, "Append all log lines to a file")->type_name("FILE");
+  parser
+      .add_option("--lang", options.language, "The language of messages and of new texts, such as de or en")
+      ->type_name("ID");
   for (const Command& command : Commands()) {
     CLI::App& subcommand = *parser.add_subcommand(command.name, command.summary);
     subcommand.fallthrough();
@@ -48,13 +54,38 @@ int Complain(Environment& environment, const std::string& sentence, ExitStatus s
 std::string UnknownCommand(const std::vector<std::string>& arguments) {
   auto argument = arguments.begin();
   while (argument != arguments.end() && argument->starts_with('-')) {
-    argument += *argument == "--log" && argument + 1 != arguments.end() ? 2 : 1;
+    const bool takesValue = *argument == "--log" || *argument == "--lang";
+    argument += takesValue && argument + 1 != arguments.end() ? 2 : 1;
   }
   if (argument == arguments.end()) return {};
   const std::span<const Command> commands = Commands();
   const bool isKnown = std::any_of(commands.begin(), commands.end(),
                                    [&](const Command& command) { return command.name == *argument; });
   return isKnown ? "" : *argument;
+}
+
+/// Makes the language current that was asked for, or else the one in the settings.
+void ChooseLanguage(const std::string& asked, const std::string& settingsFolder, TCBase::Localisation& texts,
+                    qor::Log& log) {
+  texts.SetLanguage(asked.empty() ? TCBase::Settings(settingsFolder, log).Get(TCBase::SettingLocale) : asked);
+  if (asked.empty() || texts.CurrentLanguage() == asked) return;
+  std::string known(TCBase::EnglishId);
+  for (const TCBase::StringTable::Language& language : texts.Languages()) known += ", " + language.id;
+  throw CommandError(WrongUsage,
+                     qor::Format("there is no language '{1}'; languages are {2}", {asked, known}));
+}
+
+ExitStatus RunCommand(const Runner& chosen, const CommonOptions& options, Environment& environment) {
+  TCBase::Localisation texts;
+  LogPrinter printer(environment, options, texts.Translator());
+  ChooseLanguage(options.language, environment.settingsFolder, texts, printer.Log());
+  Invocation invocation{environment, texts, printer};
+  try {
+    return chosen(invocation);
+  } catch (const CommandError& failed) {
+    printer.Complain(failed.what());
+    return failed.Status();
+  }
 }
 
 }  // namespace
@@ -77,8 +108,7 @@ int Run(const std::vector<std::string>& arguments, Environment& environment) {
     return Complain(environment, std::string(failed.what()) + " (see halvex --help)", WrongUsage);
   }
   try {
-    Invocation invocation{environment, options};
-    return chosen(invocation);
+    return RunCommand(chosen, options, environment);
   } catch (const CommandError& failed) {
     return Complain(environment, failed.what(), failed.Status());
   } catch (const qor::xout_of_memory& failed) {

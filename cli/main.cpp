@@ -7,11 +7,17 @@
 #include "cli/ExitStatus.h"
 #include "cli/Run.h"
 #include "platform/Console.h"
+#include "platform/Folders.h"
 #include "platform/SystemError.h"
 
 int main(int argc, char** argv) {
   const std::vector<std::string> arguments = platform::StartConsole(argc, argv);
-  cli::Environment environment{std::cout, std::cerr, platform::SystemClock(), platform::WatchInterrupts,
+  cli::Environment environment{std::cin,
+                               std::cout,
+                               std::cerr,
+                               platform::SystemClock(),
+                               platform::SettingsFolder(),
+                               platform::WatchInterrupts,
                                platform::IsInterrupted};
   int status = cli::Run(arguments, environment);
   hid_exit();

@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+// info
+#include <cstdio>
+#include <memory>
+
+#include "QorLib/Format.h"
+#include "cli/Commands.h"
+#include "cli/ControllerLimits.h"
+#include "cli/JsonOutput.h"
+#include "cli/ProgramArguments.h"
+#include "cli/ProgramFiles.h"
+#include "model/ModeSample.h"
+
+namespace cli {
+namespace {
+
+std::string ColourText(std::uint32_t colour) {
+  char text[8];
+  std::snprintf(text, sizeof text, "#%06X", static_cast<unsigned>(colour & 0xFFFFFF));
+  return text;
+}
+
+Json ModeJson(const TCBase::Mode& mode, std::size_t number) {
+  const int steps = TCBase::StepCount(mode);
+  Json channelSteps = Json::array();
+  for (const TCBase::Channel& channel : mode.channels) channelSteps.push_back(channel.steps.size());
+  return {{"mode", number},
+          {"name", mode.name},
+          {"description", mode.description},
+          {"steps", steps},
+          {"withinLimit", steps <= TCBase::MaxModeSteps},
+          {"withinEarlierLimit", steps <= TCBase::MaxModeStepsEarlier},
+          {"channelSteps", channelSteps},
+          {"remarks", RemarksOn(mode)}};
+}
+
+Json InfoJson(const TCBase::Program& program, const std::string& path) {
+  Json modes = Json::array();
+  for (std::size_t i = 0; i < program.modes.size(); ++i) modes.push_back(ModeJson(program.modes[i], i + 1));
+  Json channels = Json::array();
+  for (std::size_t i = 0; i < program.channelInfos.size(); ++i) {
+    const TCBase::Program::ChannelInfo& info = program.channelInfos[i];
+    channels.push_back({{"channel", i + 1},
+                        {"name", info.name},
+                        {"description", info.description},
+                        {"colour", ColourText(info.colour)}});
+  }
+  return {{"file", path}, {"modes", modes}, {"channels", channels}, {"remarks", RemarksOn(program)}};
+}
+
+void PrintRemarks(const std::vector<std::string>& remarks, std::ostream& out) {
+  for (const std::string& remark : remarks) out << "  " << Printable(remark) << '\n';
+}
+
+void PrintInfo(const TCBase::Program& program, std::ostream& out) {
+  for (std::size_t i = 0; i < program.modes.size(); ++i) {
+    const TCBase::Mode& mode = program.modes[i];
+    const std::vector<std::string> remarks = RemarksOn(mode);
+    out << qor::Format("Mode {1}: {2}, {3} steps{4}\n", {i + 1, Printable(mode.name), TCBase::StepCount(mode),
+                                                         remarks.empty() ? ", within all limits" : ":"});
+    PrintRemarks(remarks, out);
+  }
+  PrintRemarks(RemarksOn(program), out);
+  for (std::size_t i = 0; i < program.channelInfos.size(); ++i) {
+    const TCBase::Program::ChannelInfo& info = program.channelInfos[i];
+    out << qor::Format("Channel {1}: {2}, {3}\n", {i + 1, Printable(info.name), ColourText(info.colour)});
+  }
+}
+
+}  // namespace
+
+Runner DefineInfo(CLI::App& parser) {
+  const auto path = std::make_shared<std::string>();
+  const auto asJson = std::make_shared<bool>(false);
+  AddFile(parser, *path);
+  parser.add_flag("--json", *asJson, "Answer as JSON");
+  return [=](Invocation& invocation) {
+    const TCBase::Program program = Load(*path, invocation);
+    if (*asJson) {
+      Print(InfoJson(program, *path), invocation.environment.out);
+    } else {
+      PrintInfo(program, invocation.environment.out);
+    }
+    return Done;
+  };
+}
+
+}  // namespace cli

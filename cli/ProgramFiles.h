@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "cli/Environment.h"
+#include "model/Program.h"
+
+/// Program files of all formats, told apart by the ending of their names. All functions complain by
+/// CommandError.
+namespace cli {
+
+/// What a file's name says of it.
+struct FileKind {
+  bool isXml = false;         // a whole program
+  bool isSingleMode = false;  // TMF, LMF or RAW
+  explicit operator bool() const { return isXml || isSingleMode; }
+};
+FileKind KindOf(const std::string& path);
+
+/// Reads a program. A TMF or LMF file gives one with a single mode, named after the file; any other is read
+/// as XML.
+TCBase::Program Load(const std::string& path, Invocation& invocation);
+
+/// Refuses an output path of no known kind, or one that leads to the input file.
+void CheckOutput(const std::string& input, const std::string& output);
+
+/// Writes a program safely. Into a file of a single mode goes the first one, and a complaint names it when
+/// there are more. What is of no known kind becomes XML.
+void Save(const TCBase::Program& program, const std::string& path, Invocation& invocation);
+
+}  // namespace cli

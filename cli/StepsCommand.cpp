@@ -1,0 +1,132 @@
+// SPDX-License-Identifier: MIT
+// steps
+#include <istream>
+#include <memory>
+#include <ostream>
+
+#include "QorLib/Exceptions.h"
+#include "QorLib/Format.h"
+#include "cli/Commands.h"
+#include "cli/ProgramArguments.h"
+#include "cli/ProgramFiles.h"
+#include "formats/FileBytes.h"
+#include "formats/StepsText.h"
+#include "model/Editing.h"
+
+namespace cli {
+namespace {
+
+constexpr std::size_t MaxTextBytes = std::size_t{1} << 20;
+constexpr std::size_t FewestSteps = 2;  // of a channel
+constexpr std::size_t MostNamedLines = 5;
+
+struct StepsOptions {
+  std::string path, out;
+  int mode = 0;
+  int channel = 0;
+  std::string set, add;  // paths of texts; "-" is standard input
+};
+
+std::string ShownName(const std::string& path) {
+  return path == "-" ? "standard input" : path;
+}
+
+std::string ReadText(const std::string& path, Environment& environment) {
+  std::string text;
+  if (path == "-") {
+    text.resize(MaxTextBytes + 1);
+    environment.in.read(text.data(), static_cast<std::streamsize>(text.size()));
+    text.resize(static_cast<std::size_t>(environment.in.gcount()));
+  } else {
+    try {
+      text = TCBase::ReadFileBytes(path, MaxTextBytes);
+    } catch (const qor::win::xsystem& failed) {
+      throw CommandError(FileFailed, qor::Format("{1} could not be read: {2}", {path, failed.Description()}));
+    }
+  }
+  if (text.size() > MaxTextBytes) throw CommandError(FileFailed, ShownName(path) + " is larger than 1 MiB");
+  return text;
+}
+
+/// Reads the steps of a text, of which there must be `fewest`; complains of lines that are none.
+std::vector<TCBase::Step> ReadSteps(const std::string& path, std::size_t fewest, Invocation& invocation) {
+  const std::string name = ShownName(path);
+  std::vector<TCBase::Step> steps;
+  std::vector<std::size_t> skipped;
+  TCBase::ParseStepsText(ReadText(path, invocation.environment), steps, &skipped);
+  for (std::size_t i = 0; i < skipped.size() && i < MostNamedLines; ++i) {
+    invocation.printer.Complain(
+        qor::Format("warning: {1}, line {2} is no step and was left out", {name, skipped[i]}));
+  }
+  if (skipped.size() > MostNamedLines) {
+    invocation.printer.Complain(
+        qor::Format("warning: {1}: {2} lines in all are no steps", {name, skipped.size()}));
+  }
+  if (steps.size() < fewest) {
+    throw CommandError(
+        FileFailed,
+        qor::Format("{1} holds {2} steps where at least {3} are needed; a line is 'hh:mm value' or "
+                    "'hh:mm value J'",
+                    {name, steps.size(), fewest}));
+  }
+  invocation.printer.Log().Message("Text contains {1} steps", {steps.size()});
+  return steps;
+}
+
+void CheckOptions(const StepsOptions& options) {
+  const bool isEdit = !options.set.empty() || !options.add.empty();
+  if (isEdit && options.out.empty())
+    throw CommandError(WrongUsage, "--set and --add need -o OUT, the file to write");
+  if (!isEdit && !options.out.empty()) throw CommandError(WrongUsage, "-o goes with --set or --add");
+  if (isEdit) CheckOutput(options.path, options.out);
+}
+
+ExitStatus RunSteps(const StepsOptions& options, Invocation& invocation) {
+  CheckOptions(options);
+  TCBase::Program program = Load(options.path, invocation);
+  TCBase::Mode& mode = program.modes[ModeIndexOf(program, options.mode, options.path)];
+  TCBase::Channel& channel = mode.channels[static_cast<std::size_t>(options.channel) - 1];
+  if (options.out.empty()) {
+    for (const TCBase::Step& step : channel.steps)
+      invocation.environment.out << TCBase::StepText(step) << '\n';
+    return Done;
+  }
+  if (!options.set.empty()) {
+    TCBase::ReplaceSteps(channel, ReadSteps(options.set, FewestSteps, invocation));
+    if (channel.steps.size() < FewestSteps) {
+      throw CommandError(FileFailed,
+                         options.set + ": all steps are at the same minute; at least 2 are needed");
+    }
+  } else {
+    const std::vector<TCBase::Step> steps = ReadSteps(options.add, 1, invocation);
+    TCBase::InsertSteps(channel, steps);
+    for (const TCBase::Step& step : steps) {
+      invocation.printer.Log().Message("Added new step {1}.", {TCBase::StepText(step)});
+    }
+  }
+  WarnOfLongModes(TCBase::Program::ModeListView(program), invocation.printer);
+  Save(program, options.out, invocation);
+  return Done;
+}
+
+}  // namespace
+
+Runner DefineSteps(CLI::App& parser) {
+  const auto options = std::make_shared<StepsOptions>();
+  AddFile(parser, options->path);
+  AddMode(parser, options->mode);
+  parser.add_option("--channel", options->channel, "The channel, 1 to 5")
+      ->required()
+      ->type_name("C")
+      ->check(CLI::Range(1, static_cast<int>(TCBase::ChannelCount)));
+  CLI::Option* set =
+      parser.add_option("--set", options->set, "Replace the steps by those of a text (- is standard input)");
+  CLI::Option* add =
+      parser.add_option("--add", options->add, "Add the steps of a text (- is standard input)");
+  set->type_name("TEXTFILE")->excludes(add);
+  add->type_name("TEXTFILE");
+  AddOutput(parser, options->out);
+  return [options](Invocation& invocation) { return RunSteps(*options, invocation); };
+}
+
+}  // namespace cli

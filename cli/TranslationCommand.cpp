@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+// translation
+#include <memory>
+
+#include "cli/Commands.h"
+#include "cli/LogPrinter.h"
+
+namespace cli {
+namespace {
+
+ExitStatus Export(const std::string& path, Invocation& invocation) {
+  const TCBase::ExportResult result = invocation.texts.Export(path);
+  if (!result.isExported)
+    throw CommandError(FileFailed, invocation.Text(result.message) + " " + result.reason);
+  invocation.printer.Log().Message(result.message);
+  return Done;
+}
+
+ExitStatus Test(const std::string& path, Invocation& invocation) {
+  const TCBase::TranslationTest result = invocation.texts.Test(path);
+  if (result.isLoaded) {
+    invocation.printer.Log().Message(result.message);
+    return Done;
+  }
+  invocation.printer.Complain(path + ": " + invocation.Text(result.caption));
+  for (const std::string& fault : result.faults) invocation.printer.Complain(path + ": " + fault);
+  return FileFailed;
+}
+
+}  // namespace
+
+Runner DefineTranslation(CLI::App& parser) {
+  const auto exported = std::make_shared<std::string>();
+  const auto tested = std::make_shared<std::string>();
+  CLI::Option_group& what = *parser.add_option_group("what");
+  what.add_option("--export", *exported, "Write all texts, with those marked that --lang lacks")
+      ->type_name("OUT");
+  what.add_option("--test", *tested, "Check a translator's file")->type_name("FILE");
+  what.require_option(1);
+  return [=](Invocation& invocation) {
+    return tested->empty() ? Export(*exported, invocation) : Test(*tested, invocation);
+  };
+}
+
+}  // namespace cli

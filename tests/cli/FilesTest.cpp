@@ -1,0 +1,252 @@
+// SPDX-License-Identifier: MIT
+// What can be done to programs without a device: formats, edits, languages.
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "formats/Settings.h"
+#include "tests/cli/CliFixture.h"
+#include "tests/support/TestLog.h"
+
+using test::Cli;
+using test::LineCount;
+
+namespace {
+
+class CliFiles : public Cli {
+ protected:
+  /// The sample table of the file's first mode.
+  std::string Table(const std::string& path) {
+    EXPECT_EQ(Run({"sample", path, "--mode", "1", "--table"}), cli::Done) << err;
+    return out;
+  }
+  /// A channel's steps text.
+  std::string Steps(const std::string& path, const std::string& channel) {
+    EXPECT_EQ(Run({"steps", path, "--mode", "1", "--channel", channel}), cli::Done) << err;
+    return out;
+  }
+  std::string Info(const std::string& path) {
+    EXPECT_EQ(Run({"info", path}), cli::Done) << err;
+    return out.substr(0, out.find("Channel 1"));
+  }
+};
+
+}  // namespace
+
+TEST_F(CliFiles, ConvertsAmongAllFormats) {
+  const std::string xml = NewProgram();
+  const std::string tmf = folder.File(
+      "R\xC3\xBC"
+      "ck.TMF");
+  const std::string back = folder.File("back.xml");
+  EXPECT_EQ(Run({"convert", xml, tmf, "--mode", "1"}), cli::Done);
+  EXPECT_EQ(err, "");
+  EXPECT_EQ(Run({"convert", tmf, back}), cli::Done);
+  EXPECT_EQ(Table(back), Table(xml));
+  EXPECT_EQ(Info(back),
+            "Mode 1: R\xC3\xBC"
+            "ck, 12 steps, within all limits\n");
+
+  const std::string lmf = folder.File("a.lmf");
+  EXPECT_EQ(Run({"convert", tmf, lmf}), cli::Done);
+  EXPECT_EQ(Table(lmf), Table(xml)) << "all steps are at half hours";
+  const std::string raw = folder.File("a.raw");
+  EXPECT_EQ(Run({"convert", xml, raw, "--mode", "2"}), cli::Done);
+  EXPECT_EQ(test::Contents(raw), std::string(432000, '\x64'));
+
+  EXPECT_EQ(Run({"convert", xml, raw}), cli::Done);
+  EXPECT_EQ(err,
+            "halvex: warning: " + raw +
+                ": only the mode 'Normal' is written, since RAW files hold one; --mode chooses another\n");
+  EXPECT_EQ(Run({"convert", raw, back}), cli::FileFailed);
+  EXPECT_EQ(err, "halvex: Error loading program " + raw + ": RAW files are written only\n");
+}
+
+TEST_F(CliFiles, LimitsTmfFilesAndRefusesOtherSizes) {
+  const std::string tmf = folder.File("long.tmf");
+  const std::string xml = folder.File("long.xml");
+  std::string bytes(12, '\0');
+  for (char minute = 0; minute < 50; ++minute) bytes += std::string(5, '\0') + minute + std::string(50, '\0');
+  test::Write(tmf, bytes);
+  EXPECT_EQ(Run({"convert", tmf, xml}), cli::Done);
+  EXPECT_EQ(err, "halvex: warning: " + tmf +
+                     ": TMF max number of steps exceeded. Limiting to 48: the file has 50\n");
+  EXPECT_EQ(LineCount(Table(xml)), 48u);
+
+  test::Write(tmf, bytes.substr(0, 12));
+  test::Write(xml, "precious");
+  EXPECT_EQ(Run({"convert", tmf, xml, "--lang", "de"}), cli::FileFailed);
+  EXPECT_EQ(err, "halvex: Fehler beim Laden des Programms " + tmf +
+                     ": Ung\xC3\xBCltiges Dateiformat: a TMF file has 12 bytes and 56 more for each step, "
+                     "this one has 12\n");
+  EXPECT_EQ(test::Contents(xml), "precious");
+}
+
+TEST_F(CliFiles, NeverWritesOverItsInput) {
+  const std::string path = NewProgram();
+  const std::string before = test::Contents(path);
+  in = "08:00 1\n09:00 2";
+  for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
+           {"convert", path, path},
+           {"convert", path, folder.File("./a.xml")},
+           {"optimize", path, "-o", path},
+           {"align", path, "--minutes", "15", "-o", path},
+           {"add-step", path, "--at", "9:15", "-o", path},
+           {"steps", path, "--mode", "1", "--channel", "1", "--set", "-", "-o", path}}) {
+    EXPECT_EQ(Run(arguments), cli::FileFailed) << arguments[0];
+    EXPECT_NE(err.find("is the file that is read"), std::string::npos) << err;
+    EXPECT_EQ(test::Contents(path), before);
+  }
+}
+
+TEST_F(CliFiles, EditsSteps) {
+  const std::string a = NewProgram();
+  const std::string b = folder.File("b.xml");
+  EXPECT_EQ(Run({"add-step", a, "--at", "23:59:59", "-o", b, "--mode", "1"}), cli::Done);
+  EXPECT_EQ(out, "Added step at 23:59 to all channels. Current number of steps is 13.\n");
+  EXPECT_EQ(Steps(b, "5"), "09:00 0\n09:30 30\n21:30 30\n22:00 0\n23:59 0\n");
+
+  EXPECT_EQ(Run({"align", a, "--minutes", "60", "-o", b, "--lang", "pl"}), cli::Done);
+  EXPECT_EQ(out.substr(0, out.find('.')),
+            "Wszystkie kroki wyr\xC3\xB3wnano do odst\xC4\x99p\xC3\xB3w 60-minutowych");
+  EXPECT_EQ(Steps(b, "5"), "09:00 0\n10:00 30\n21:00 30\n22:00 0\n");
+
+  EXPECT_EQ(Run({"optimize", a, "-o", b}), cli::Done);
+  EXPECT_EQ(out, "Program optimized\n");
+  EXPECT_EQ(test::Contents(a), test::Contents(b)) << "all modes were within the limit";
+  EXPECT_EQ(Run({"optimize", a, "-o", b, "--tc421", "--mode", "1"}), cli::Done);
+  EXPECT_EQ(LineCount(out), 1u);
+  EXPECT_EQ(Table(b), Table(a)) << "all steps are at half hours";
+
+  for (const char* minutes : {"0", "61", "-5", "1.5", "x"}) {
+    EXPECT_EQ(Run({"align", a, "--minutes", minutes, "-o", b}), cli::WrongUsage) << minutes;
+  }
+  EXPECT_EQ(Run({"add-step", a, "--at", "24:00", "-o", b}), cli::WrongUsage);
+  EXPECT_EQ(Run({"optimize", a, "-o", folder.File("b.doc")}), cli::WrongUsage);
+}
+
+TEST_F(CliFiles, OptimisesLongModes) {
+  std::string channel = "<c>";
+  for (int i = 0; i < 60; ++i)
+    channel += "<step hour='" + std::to_string(i / 3) + "' minute='" + std::to_string(i % 3) + "' value='" +
+               std::to_string(i * 37 % 101) + "'/>";
+  const std::string path = folder.File("long.xml");
+  test::Write(path, "<l><mode name='m'>" + channel + "</c><c/><c/><c/><c/></mode></l>");
+  const std::string optimised = folder.File("short.xml");
+  EXPECT_EQ(Run({"add-step", path, "--at", "1:30", "-o", optimised}), cli::WrongUsage);
+  EXPECT_EQ(err,
+            "halvex: mode 1, 'm': Unable to add new step. Maximum number of 48 steps for the current mode "
+            "reached; " +
+                optimised + " was not written\n");
+  EXPECT_FALSE(std::filesystem::exists(test::PathOf(optimised)));
+  EXPECT_EQ(Run({"optimize", path, "-o", optimised}), cli::Done);
+  EXPECT_EQ(out, "Mode m has more than 48 steps, optimizing...\nProgram optimized\n");
+  EXPECT_EQ(LineCount(Table(optimised)), 48u);
+}
+
+TEST_F(CliFiles, SetsAndAddsStepsFromText) {
+  const std::string a = NewProgram();
+  const std::string b = folder.File("b.xml");
+  const std::string text = folder.File("steps.txt");
+  test::Write(text, "10:00 80 j\r\n09:00 7\r\n25:00 50\r\n10:00 1");
+  EXPECT_EQ(Run({"steps", a, "--mode", "1", "--channel", "5", "--set", text, "-o", b}), cli::Done);
+  EXPECT_EQ(out, "Text contains 4 steps\n");
+  EXPECT_EQ(Steps(b, "5"), "09:00 7\n10:00 80 J\n23:59 50\n");
+
+  in = "12:00 5\nnoon\n9:30 1";
+  EXPECT_EQ(Run({"steps", a, "--mode", "1", "--channel", "5", "--add", "-", "-o", b}), cli::Done);
+  EXPECT_EQ(out, "Text contains 2 steps\nAdded new step 12:00 5.\nAdded new step 09:30 1.\n");
+  EXPECT_EQ(err, "halvex: warning: standard input, line 2 is no step and was left out\n");
+  EXPECT_EQ(Steps(b, "5"), "09:00 0\n09:30 1\n12:00 5\n21:30 30\n22:00 0\n");
+
+  test::Write(b, "precious");
+  struct Case {
+    std::vector<std::string> arguments;
+    std::string text;
+    int status;
+  };
+  for (const Case& one : {Case{{"--set", "-", "-o", b}, "", cli::FileFailed},
+                          {{"--set", "-", "-o", b}, "9:00 1", cli::FileFailed},
+                          {{"--set", "-", "-o", b}, "9:00 1\n9:00 2", cli::FileFailed},
+                          {{"--add", "-", "-o", b}, "no step", cli::FileFailed},
+                          {{"--add", "-", "-o", b}, std::string((1 << 20) + 1, ' '), cli::FileFailed},
+                          {{"--add", folder.File("missing"), "-o", b}, "", cli::FileFailed},
+                          {{"--add", "-"}, "9:00 1", cli::WrongUsage},
+                          {{"--add", "-", "--set", "-", "-o", b}, "9:00 1", cli::WrongUsage},
+                          {{"-o", b}, "", cli::WrongUsage},
+                          {{"--channel", "6"}, "", cli::WrongUsage}}) {
+    std::vector<std::string> arguments = {"steps", a, "--mode", "1"};
+    if (one.arguments[0] != "--channel") arguments.insert(arguments.end(), {"--channel", "1"});
+    arguments.insert(arguments.end(), one.arguments.begin(), one.arguments.end());
+    in = one.text;
+    EXPECT_EQ(Run(arguments), one.status) << one.text << err;
+    EXPECT_EQ(test::Contents(b), "precious");
+  }
+}
+
+TEST_F(CliFiles, NamesWhatAControllerWillNotTake) {
+  const std::string path = folder.File("odd.xml");
+  const std::string channel = "<c><step hour='1' jump='1'/><step hour='2'/></c>";
+  std::string modes = "<mode name='Gr&#xFC;&#xFC;&#xFC;&#xFC;n'>" + channel + channel + "<c><step/></c>" +
+                      channel + channel + "</mode><mode><c/><c/><c/><c/><c/></mode>";
+  std::string long21 = "<c>";
+  for (int i = 0; i < 21; ++i) long21 += "<step minute='" + std::to_string(i) + "'/>";
+  modes += "<mode name='m'>" + long21 + "</c>" + channel + channel + channel + "<c/></mode>";
+  test::Write(path, "<l>" + modes + "</l>");
+  EXPECT_EQ(Info(path),
+            "Mode 1: Gr\xC3\xBC\xC3\xBC\xC3\xBC\xC3\xBCn, 3 steps:\n"
+            "  the name is cut to 8 bytes on a TC420: 'Gr\xC3\xBC\xC3\xBC\xC3\xBC'\n"
+            "  the name is cut to 7 bytes on a TC421: 'Gr\xC3\xBC\xC3\xBC\xEF\xBF\xBD'\n"
+            "  channel 3 has 1 step; at least 2 are needed\n"
+            "  a TC421 carries no jumps and fades instead (4 here); see 'halvex optimize --tc421'\n"
+            "Mode 2: , 0 steps:\n"
+            "  controllers refuse a mode of fewer than 2 steps\n"
+            "  controllers refuse a mode without a name\n"
+            "  channel 1 has no steps; at least 2 are needed\n"
+            "  channel 2 has no steps; at least 2 are needed\n"
+            "  channel 3 has no steps; at least 2 are needed\n"
+            "  channel 4 has no steps; at least 2 are needed\n"
+            "  channel 5 has no steps; at least 2 are needed\n"
+            "Mode 3: m, 23 steps:\n"
+            "  23 steps are over 20, the limit of the earlier TC420 in the blue case\n"
+            "  channel 5 has no steps; at least 2 are needed\n"
+            "  a TC421 carries no jumps and fades instead (3 here); see 'halvex optimize --tc421'\n");
+  EXPECT_EQ(Run({"info", "--json", path}), cli::Done);
+  EXPECT_EQ(nlohmann::json::parse(out)["modes"][2]["remarks"].size(), 3u);
+}
+
+TEST_F(CliFiles, SpeaksTheUsersLanguage) {
+  const std::string path = folder.File("neu.xml");
+  EXPECT_EQ(Run({"--lang", "de", "new", path}), cli::Done);
+  EXPECT_EQ(Info(path).substr(0, 19), "Mode 1: Tagesablauf");
+  EXPECT_NE(out.find("Channel 5: Kanal 5"), std::string::npos);
+  EXPECT_EQ(Run({"upload", path, "--device", "emulator", "--lang", "fr"}), cli::Done);
+  EXPECT_NE(out.find("Envoi du mode\xC2\xA0: Tagesablauf\n"), std::string::npos) << out;
+
+  EXPECT_EQ(Run({"new", path, "--lang", "xx"}), cli::WrongUsage);
+  EXPECT_EQ(err, "halvex: there is no language 'xx'; languages are en, de, sk, it, cz, fr, pl\n");
+  test::TestLog log;
+  TCBase::Settings(folder.File("home"), log).Set(TCBase::SettingLocale, "it");
+  EXPECT_EQ(Run({"new", path}), cli::Done);
+  EXPECT_EQ(Info(path).substr(0, 25), "Mode 1: Ciclo giornaliero");
+  EXPECT_EQ(Run({"new", path, "--lang", "en"}), cli::Done);
+  EXPECT_EQ(Info(path).substr(0, 14), "Mode 1: Normal");
+}
+
+TEST_F(CliFiles, ServesTranslators) {
+  const std::string path = folder.File("t.xml");
+  EXPECT_EQ(Run({"translation", "--export", path, "--lang", "de"}), cli::Done);
+  EXPECT_EQ(out, "Lokalisierungsdatei " + path + " erfolgreich exportiert!\n");
+  EXPECT_EQ(Run({"translation", "--test", path}), cli::Done);
+  EXPECT_EQ(out, "Translation file " + path + " loaded successfully!\n");
+
+  test::Write(path,
+              "<localisation><strings>\n<string "
+              "id='Mode'><es>Modo</es>\n<de>{1}</de></string></strings></localisation>");
+  EXPECT_EQ(Run({"translation", "--test", path}), cli::FileFailed);
+  EXPECT_EQ(err, "halvex: " + path + ": Invalid Translation File\n" + "halvex: " + path +
+                     ": line 2, column 19: the program has no language 'es'\n" + "halvex: " + path +
+                     ": line 3, column 1: there is no placeholder {1} in the English text\n");
+  EXPECT_EQ(Run({"translation", "--export", folder.File("no/t.xml")}), cli::FileFailed);
+  EXPECT_EQ(Run({"translation"}), cli::WrongUsage);
+}
