@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "QorLib/qor_win_str_utils.h"
 
+#include <bit>
 #include <cstdint>
 #include <cstring>
 
@@ -130,16 +131,27 @@ void AppendUtf8(char32_t codePoint, std::string& utf8) {
 }
 
 std::size_t FindBrokenUtf8(std::string_view utf8) {
+  const char* const text = utf8.data();
   std::size_t i = 0;
   while (i < utf8.size()) {
     // Eight bytes at a time while they are ASCII, as nearly all of a file is.
     std::uint64_t block;
     if (i + sizeof block <= utf8.size()) {
-      std::memcpy(&block, utf8.data() + i, sizeof block);
-      if ((block & 0x8080808080808080u) == 0) {
+      std::memcpy(&block, text + i, sizeof block);
+      const std::uint64_t nonAscii = block & 0x8080808080808080u;
+      if (nonAscii == 0) {
         i += sizeof block;
         continue;
       }
+      if constexpr (std::endian::native == std::endian::little) {
+        i += static_cast<std::size_t>(std::countr_zero(nonAscii)) / 8;
+      }
+    }
+    // Two bytes, which is what European letters have, without a call.
+    const auto first = static_cast<unsigned char>(text[i]);
+    if (first >= 0xC2 && first <= 0xDF && i + 1 < utf8.size() && (text[i + 1] & 0xC0) == 0x80) {
+      i += 2;
+      continue;
     }
     const Decoded decoded = Decode(utf8.substr(i));
     if (decoded.isBroken) return i;

@@ -305,7 +305,22 @@ void reader::RefuseSecond(std::string_view name) const {
   Fail(name.data(), Format("the attribute '{1}' stands here for the second time", {Shown(name)}));
 }
 
-void reader::ReadEndTag() {
+inline void reader::ReadEndTag() {
+  const std::string_view expected = open_.back();
+  const std::size_t behind = 2 + expected.size();
+  // Nearly always it is the right one, without blanks.
+  const bool isUsual = static_cast<std::size_t>(end_ - at_) > behind && at_[behind] == '>' &&
+                       std::memcmp(at_ + 2, expected.data(), expected.size()) == 0;
+  if (isUsual) {
+    at_ += behind + 1;
+  } else {
+    ReadUnusualEndTag();
+  }
+  target_.EndElement();
+  open_.pop_back();
+}
+
+void reader::ReadUnusualEndTag() {
   const char* start = at_;
   at_ += 2;
   if (at_ == end_) FailAtEnd();
@@ -318,8 +333,6 @@ void reader::ReadEndTag() {
     Fail(start, Format("</{1}> does not close <{2}>", {Shown(name), Shown(open_.back())}));
   }
   ++at_;
-  target_.EndElement();
-  open_.pop_back();
 }
 
 void reader::ReadCData() {

@@ -56,6 +56,7 @@ class reader {
   void ReadAttributes();
   const char* ReadAttribute(const char* at);
   void ReadEndTag();
+  void ReadUnusualEndTag();
   void ReadCData();
   void ReadText();
   std::string_view ReadName(const char* at, const char* what) const;
