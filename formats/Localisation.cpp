@@ -35,14 +35,14 @@ std::vector<StringTable::Language> Localisation::Languages() {
 
 std::string_view Localisation::Translate(std::string_view english) {
   const std::lock_guard lock(mutex_);
-  const StringTable::Entry* entry = table_.Find(english);
-  if (entry == nullptr) {
+  const std::optional<std::size_t> entry = table_.Find(english);
+  if (!entry) {
     const auto [missing, isNew] = isMissing_.emplace(english);
     if (isNew) missing_.push_back(*missing);
     return english;
   }
-  if (!current_ || entry->texts[*current_].empty()) return english;
-  return entry->texts[*current_];
+  const std::string_view text = current_ ? table_.Text(*entry, *current_) : std::string_view();
+  return text.empty() ? english : text;
 }
 
 qor::Translate Localisation::Translator() {

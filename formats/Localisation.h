@@ -38,7 +38,7 @@ class Localisation {
  public:
   /// With the table that is built into the program; all texts stay English when there is none.
   Localisation();
-  /// With the table of those bytes.
+  /// With a table as StringTable::Write gives it; the bytes must outlive this object.
   explicit Localisation(std::string_view table) : table_(table) {}
 
   /// The languages beside English, in the order of the table.

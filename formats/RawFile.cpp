@@ -5,51 +5,58 @@
 #include <array>
 #include <cstdint>
 #include <memory>
-#include <span>
 
 namespace TCBase {
 namespace {
 
 using Day = std::array<std::uint8_t, SecondsPerDay>;
 
-/// Truncated to a whole percent, in the order that lets a compiler work on several values at once; what is no
-/// number becomes 0.
+/// Truncated to a whole percent.
 std::uint8_t ByteOf(float percent) {
-  const float clamped = percent > 0 ? (percent < 100 ? percent : 100.0f) : 0.0f;
-  return static_cast<std::uint8_t>(static_cast<std::int32_t>(clamped));
+  return static_cast<std::uint8_t>(std::clamp(WholePercent(percent), 0, 100));
+}
+
+/// The whole percents of `count` seconds, where all are known to be within the range. Without clamping,
+/// compilers compute several at a time.
+void FillWithinRange(const Fade fade, std::int32_t elapsed, std::int32_t count, std::uint8_t* bytes) {
+  for (std::int32_t i = 0; i < count; ++i) {
+    const float percent = fade.ValueAfter(static_cast<float>(elapsed + i));
+    bytes[i] = static_cast<std::uint8_t>(static_cast<std::int32_t>(percent));
+  }
+}
+
+bool IsWithinRanges(const Step& step) {
+  return step.SecondOfDay() >= 0 && step.SecondOfDay() < SecondsPerDay && step.value >= 0 &&
+         step.value <= 100;
 }
 
 /// The seconds from `from` up to and without `to`, over all of which the curve runs from `previous` to `next`
-/// and reaches neither. Both are within the day.
+/// and reaches neither.
 void FillStretch(const Step& previous, const Step& next, int from, int to, Day& day) {
-  const std::span<std::uint8_t> stretch(day.data() + from, day.data() + to);
+  std::uint8_t* const stretch = day.data() + from;
   const Fade fade(previous, next);
   if (fade.IsFlat()) {
-    std::ranges::fill(stretch, ByteOf(previous.value));
+    std::fill(stretch, day.data() + to, ByteOf(previous.value));
     return;
   }
-  const auto start = static_cast<std::int32_t>(ElapsedSeconds(previous.SecondOfDay(), from));
-  for (std::size_t i = 0; i < stretch.size(); ++i) {
-    stretch[i] = ByteOf(fade.ValueAfter(static_cast<float>(start + static_cast<std::int32_t>(i))));
+  const std::int64_t start = ElapsedSeconds(previous.SecondOfDay(), from);
+  const std::int64_t span = ElapsedSeconds(previous.SecondOfDay(), next.SecondOfDay());
+  // Steps out of order can send the curve past the next one's value.
+  const bool isBetween = start + to - from - 1 <= span && IsWithinRanges(previous) && IsWithinRanges(next);
+  if (!isBetween) {
+    for (int i = 0; i < to - from; ++i) stretch[i] = ByteOf(fade.ValueAfter(static_cast<float>(start + i)));
+    return;
   }
+  FillWithinRange(fade, static_cast<std::int32_t>(start), to - from, stretch);
 }
 
 /// The seconds over which `previous` and `next` are a step's neighbours: from `from` up to and without `to`.
 void FillBetween(const Step& previous, const Step& next, int from, int to, Day& day) {
-  const auto isInDay = [](const Step& step) {
-    return step.SecondOfDay() >= 0 && step.SecondOfDay() < SecondsPerDay;
-  };
-  if (!isInDay(previous) || !isInDay(next)) {
-    for (int second = from; second < to; ++second) {
-      day[static_cast<std::size_t>(second)] = ByteOf(ValueBetween(previous, next, second));
-    }
-    return;
-  }
   // Before the previous step's time the curve has come across midnight.
-  const int midnight = std::clamp(static_cast<int>(previous.SecondOfDay()), from, to);
+  const int midnight = static_cast<int>(std::clamp<std::int64_t>(previous.SecondOfDay(), from, to));
   FillStretch(previous, next, from, midnight, day);
   FillStretch(previous, next, midnight, to, day);
-  const auto arrival = static_cast<int>(next.SecondOfDay());
+  const std::int64_t arrival = next.SecondOfDay();
   if (arrival >= from && arrival < to) day[static_cast<std::size_t>(arrival)] = ByteOf(next.value);
 }
 
@@ -75,7 +82,7 @@ void Sample(const Channel& channel, Day& day) {
 }  // namespace
 
 std::string ExportRAW(const Mode& mode) {
-  const auto days = std::make_unique<std::array<Day, ChannelCount>>();
+  const auto days = std::make_unique_for_overwrite<std::array<Day, ChannelCount>>();
   for (std::size_t i = 0; i < ChannelCount; ++i) Sample(mode.channels[i], (*days)[i]);
   std::string bytes(ChannelCount * SecondsPerDay, '\0');
   char* record = bytes.data();

@@ -60,7 +60,11 @@ void Settings::Change(qor::xml::element setting, std::string_view text) {
   std::string value = qor::win::WellFormedUtf8(text);
   std::erase(value, '\0');
   if (setting.Text() == value) return;
-  setting.SetAnyText(value);
+  setting.SetText(value);
+  const qor::xml::element root = document_.Root();
+  for (qor::xml::element child = root.FirstChild(); child; child = child.NextSibling()) {
+    if (child.Text().starts_with('<')) child.SetAnyText(child.Text());
+  }
 
   std::string bytes = document_.Write();
   const platform::SystemError failed = WriteFile(bytes);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <map>
+#include <utility>
 
 #include "QorLib/Format.h"
 
@@ -60,6 +61,30 @@ void ForEachChild(const element& parent, Visitor visit) {
   for (element child = parent.FirstChild(); child; child = child.NextSibling()) visit(child);
 }
 
+/// Takes the text through the first `end` off the front; nothing, and all of it stays, when there is none.
+std::string_view TakeThrough(std::string_view end, std::string_view& text) {
+  const std::size_t found = text.find(end);
+  if (found == std::string_view::npos) return {};
+  const std::string_view taken = text.substr(0, found + end.size());
+  text.remove_prefix(taken.size());
+  return taken;
+}
+
+/// The id of an element as it is written.
+std::string_view RawId(std::string_view element) {
+  constexpr std::string_view Start = "<string id='";
+  if (!element.starts_with(Start)) return {};
+  element.remove_prefix(Start.size());
+  return element.substr(0, element.find('\''));
+}
+
+/// A written attribute's value.
+std::string Decoded(std::string_view raw) {
+  qor::xml::document document;
+  document.Parse("<a b='" + std::string(raw) + "'/>");
+  return std::string(document.Root().Attribute("b"));
+}
+
 }  // namespace
 
 /// Collects what is wrong with a file.
@@ -81,56 +106,54 @@ class StringTable::Faults {
   std::vector<std::string> texts_;
 };
 
-const StringTable::Entry* StringTable::EntryList::Find(std::string_view id) const {
+std::optional<std::size_t> StringTable::EntryList::Find(std::string_view id) const {
   const auto found = index.find(id);
-  return found != index.end() ? &list[found->second] : nullptr;
+  if (found == index.end()) return std::nullopt;
+  return found->second;
 }
 
-StringTable::Entry* StringTable::EntryList::Add(std::string_view id, std::size_t languageCount) {
-  if (!index.try_emplace(id, list.size()).second) return nullptr;
-  return &list.emplace_back(Entry{id, std::vector<std::string_view>(languageCount)});
+StringTable::Entry& StringTable::EntryList::Add(std::string_view id) {
+  index.emplace(id, list.size());
+  return list.emplace_back(Entry{id, {}, {}});
 }
 
-StringTable::StringTable(std::string_view xml) {
-  if (document_.Parse(std::string(xml))) return;
-  if (const element languages = document_.Root().FindChild("languages")) ReadLanguages(languages);
-  const element strings = document_.Root().FindChild("strings");
-  if (!strings) return;
-  const std::size_t count = strings.ChildCount();
-  entries_.list.reserve(count);
-  entries_.index.reserve(count);
-  for (element child = strings.FirstChild(); child; child = child.NextSibling()) {
-    if (child.Name() != "string") continue;
-    if (Entry* entry = entries_.Add(child.Attribute("id"), languages_.size())) ReadEntry(child, *entry);
+StringTable::StringTable(std::string_view written) {
+  constexpr std::size_t UsualCount = 256;
+  entries_.list.reserve(UsualCount);
+  entries_.index.reserve(UsualCount);
+
+  qor::xml::document head;
+  head.Parse(std::string(TakeThrough("</languages>", written)).append("</localisation>"));
+  ForEachChild(head.Root().FindChild("languages"), [this](const element& language) {
+    const auto text = [&language](std::string_view name) { return std::string(language.Attribute(name)); };
+    languages_.push_back({text("id"), text("name"), text("author")});
+  });
+  // Within ids and texts "<" is written as an entity.
+  for (std::string_view entry = TakeThrough("</string>", written); !entry.empty();
+       entry = TakeThrough("</string>", written)) {
+    const std::string_view unparsed = entry.substr(std::min(entry.find("<string "), entry.size()));
+    const std::string_view id = RawId(unparsed);
+    const bool isPlain = id.find('&') == std::string_view::npos;
+    entries_.Add(isPlain ? id : Keep(Decoded(id))).unparsed = unparsed;
   }
 }
 
-void StringTable::ReadLanguages(const element& list) {
-  for (element child = list.FirstChild(); child; child = child.NextSibling()) {
-    if (child.Name() != "language") continue;
-    languages_.push_back({std::string(child.Attribute("id")), std::string(child.Attribute("name")),
-                          std::string(child.Attribute("author"))});
-  }
+StringTable::Entry& StringTable::Parsed(Entry& entry) {
+  entry.texts.resize(languages_.size());
+  if (entry.unparsed.empty()) return entry;
+  qor::xml::document parsed;
+  if (!parsed.Parse(std::string(std::exchange(entry.unparsed, {})))) MergeTexts(parsed.Root(), entry);
+  return entry;
 }
 
-void StringTable::ReadEntry(const element& source, Entry& entry) const {
-  std::size_t expected = 0;  // languages nearly always stand in the order of their list
-  for (element child = source.FirstChild(); child; child = child.NextSibling(), ++expected) {
-    const std::string_view name = child.Name();
-    const bool isExpected = expected < languages_.size() && languages_[expected].id == name;
-    const std::optional<std::size_t> language = isExpected ? expected : LanguageIndex(name);
-    if (language && entry.texts[*language].empty()) entry.texts[*language] = child.Text();
-  }
+std::string_view StringTable::Text(std::size_t entry, std::size_t language) {
+  return Parsed(entries_.list[entry]).texts[language];
 }
 
 std::optional<std::size_t> StringTable::LanguageIndex(std::string_view id) const {
   const auto found = std::ranges::find(languages_, id, &Language::id);
   if (found == languages_.end()) return std::nullopt;
   return static_cast<std::size_t>(found - languages_.begin());
-}
-
-const StringTable::Entry* StringTable::Find(std::string_view english) const {
-  return entries_.Find(english);
 }
 
 // Merging
@@ -151,7 +174,8 @@ std::vector<std::string> StringTable::Merge(std::string xml) {
   if (!faults.AreNone()) return faults.Take();
 
   ForEachChild(languages, [this](const element& child) { MergeLanguage(child); });
-  ForEachChild(strings, [this](const element& child) { MergeEntry(child); });
+  ForEachChild(strings,
+               [this](const element& child) { MergeTexts(child, EntryToMerge(child.Attribute("id"))); });
   return {};
 }
 
@@ -184,18 +208,14 @@ void StringTable::MergeLanguage(const element& source) {
 }
 
 StringTable::Entry& StringTable::EntryToMerge(std::string_view id) {
-  for (const std::string& written : {std::string(id), WithCrLf(id)}) {
-    if (const auto found = entries_.index.find(written); found != entries_.index.end()) {
-      return entries_.list[found->second];
-    }
+  for (const std::string& spelt : {std::string(id), WithCrLf(id)}) {
+    if (const auto known = entries_.Find(spelt)) return Parsed(entries_.list[*known]);
   }
-  const auto known = notFound_.index.find(id);
-  return known != notFound_.index.end() ? notFound_.list[known->second]
-                                        : *notFound_.Add(Keep(id), languages_.size());
+  if (const auto known = notFound_.Find(id)) return notFound_.list[*known];
+  return Parsed(notFound_.Add(Keep(id)));
 }
 
-void StringTable::MergeEntry(const element& source) {
-  Entry& entry = EntryToMerge(source.Attribute("id"));
+void StringTable::MergeTexts(const element& source, Entry& entry) {
   ForEachChild(source, [&](const element& text) {
     const std::optional<std::size_t> language = LanguageIndex(text.Name());
     if (language && !text.Text().empty()) entry.texts[*language] = Keep(WithCrLf(text.Text()));
@@ -205,7 +225,7 @@ void StringTable::MergeEntry(const element& source) {
 // Writing
 
 std::string StringTable::Write(std::optional<std::size_t> language,
-                               std::span<const std::string_view> missing) const {
+                               std::span<const std::string_view> missing) {
   qor::xml::document written("localisation");
   element languages = written.Root().CreateChild("languages");
   for (const Language& one : languages_) {
@@ -215,9 +235,10 @@ std::string StringTable::Write(std::optional<std::size_t> language,
     if (!one.author.empty()) child.SetAttribute("author", one.author);
   }
   element strings = written.Root().CreateChild("strings");
-  for (const Entry& entry : entries_.list) WriteEntry(entry, language, strings);
+  for (Entry& entry : entries_.list) WriteEntry(Parsed(entry), language, strings);
   for (const std::string_view text : missing) {
-    WriteEntry({text, std::vector<std::string_view>(languages_.size())}, language, strings);
+    Entry entry{text, {}, {}};
+    WriteEntry(Parsed(entry), language, strings);
   }
   if (!notFound_.list.empty()) {
     element apart = written.Root().CreateChild("not_found");

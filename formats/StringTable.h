@@ -14,11 +14,17 @@
 
 namespace TCBase {
 
-/// The translations of the program's texts, in UTF-8:
+/// The translations of the program's texts. As a file, XML in UTF-8:
 ///
 ///     <localisation>
-///       <languages><language id='de' name='Deutsch' author='…'/>…</languages>
-///       <strings><string id='English text'><de>Text</de>…</string>…</strings>
+///       <languages>
+///         <language id='de' name='Deutsch' author='…'/>
+///       </languages>
+///       <strings>
+///         <string id='English text'>
+///           <de>Text</de>
+///         </string>
+///       </strings>
 ///     </localisation>
 ///
 /// Views that it gives hold as long as the table, whatever is merged into it.
@@ -31,19 +37,22 @@ class StringTable {
 
     bool operator==(const Language&) const = default;
   };
-  struct Entry {
-    std::string_view id;                  // the English text
-    std::vector<std::string_view> texts;  // for each language; empty where there is none
-  };
 
-  /// Empty when the bytes are no such table.
-  explicit StringTable(std::string_view xml);
+  /// A table as `Write` gives it. The bytes are not copied and must outlive the table. Its entries are found
+  /// by their tags and parsed when they are first asked for: a program needs few of them in its first
+  /// moments.
+  explicit StringTable(std::string_view written);
 
   const std::vector<Language>& Languages() const { return languages_; }
-  const std::vector<Entry>& Entries() const { return entries_.list; }
   std::optional<std::size_t> LanguageIndex(std::string_view id) const;
-  /// None when the table lacks the text.
-  const Entry* Find(std::string_view english) const;
+
+  /// The number of entries, and the English text of each.
+  std::size_t Size() const { return entries_.list.size(); }
+  std::string_view English(std::size_t entry) const { return entries_.list[entry].id; }
+  /// The entry of an English text; none when the table lacks it.
+  std::optional<std::size_t> Find(std::string_view english) const { return entries_.Find(english); }
+  /// The translation; empty when there is none.
+  std::string_view Text(std::size_t entry, std::size_t language);
 
   /// Merges a translator's file: texts that are not empty take the places of those with the same ids. Entries
   /// that the table lacks are kept apart. Line breaks of ids may have lost their CR on the way.
@@ -57,33 +66,36 @@ class StringTable {
   /// begins with an empty element "translate" and has an empty one for each missing language. Behind the
   /// table's entries stand, so marked, the `missing` texts, and under "not_found" the entries that were kept
   /// apart.
-  std::string Write(std::optional<std::size_t> language, std::span<const std::string_view> missing) const;
+  std::string Write(std::optional<std::size_t> language, std::span<const std::string_view> missing);
 
  private:
   class Faults;
 
+  struct Entry {
+    std::string_view id;
+    std::string_view unparsed;            // the element as it was written, until it is needed
+    std::vector<std::string_view> texts;  // for each language; empty where there is none
+  };
   /// Entries in order, found by their ids.
   struct EntryList {
     std::vector<Entry> list;
     std::unordered_map<std::string_view, std::size_t> index;
 
-    const Entry* Find(std::string_view id) const;
-    /// None when there is an entry of that id already.
-    Entry* Add(std::string_view id, std::size_t languageCount);
+    std::optional<std::size_t> Find(std::string_view id) const;
+    /// For an id that is not there yet.
+    Entry& Add(std::string_view id);
   };
 
-  void ReadLanguages(const qor::xml::element& list);
-  void ReadEntry(const qor::xml::element& source, Entry& entry) const;
+  Entry& Parsed(Entry& entry);
   void CheckLanguage(const qor::xml::element& source, Faults& faults) const;
   void CheckEntry(const qor::xml::element& source, Faults& faults) const;
   Entry& EntryToMerge(std::string_view id);
-  void MergeEntry(const qor::xml::element& source);
+  void MergeTexts(const qor::xml::element& source, Entry& entry);
   void MergeLanguage(const qor::xml::element& source);
   void WriteEntry(const Entry& entry, std::optional<std::size_t> language, qor::xml::element list) const;
   std::string_view Keep(std::string_view text) { return kept_.emplace_back(text); }
 
-  qor::xml::document document_;   // holds the texts that were built in
-  std::deque<std::string> kept_;  // those that came later; a deque never moves them
+  std::deque<std::string> kept_;  // texts that do not stand so in the bytes; a deque never moves them
   std::vector<Language> languages_;
   EntryList entries_;
   EntryList notFound_;

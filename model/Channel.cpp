@@ -5,12 +5,6 @@
 
 namespace TCBase {
 
-Fade::Fade(const Step& previous, const Step& next)
-    : start_(previous.value),
-      difference_(next.value - previous.value),
-      span_(static_cast<float>(ElapsedSeconds(previous.SecondOfDay(), next.SecondOfDay()))),
-      isFlat_(previous.jump || span_ == 0) {}
-
 float ValueBetween(const Step& previous, const Step& next, std::int64_t second) {
   if (second == next.SecondOfDay()) return next.value;
   const Fade fade(previous, next);

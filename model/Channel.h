@@ -44,7 +44,11 @@ inline std::int64_t ElapsedSeconds(std::int64_t start, std::int64_t end) {
 /// How the light goes from a step towards the next one.
 class Fade {
  public:
-  Fade(const Step& previous, const Step& next);
+  Fade(const Step& previous, const Step& next)
+      : start_(previous.value),
+        difference_(next.value - previous.value),
+        span_(static_cast<float>(ElapsedSeconds(previous.SecondOfDay(), next.SecondOfDay()))),
+        isFlat_(previous.jump || span_ == 0) {}
 
   /// Whether the light holds the first step's value all the way.
   bool IsFlat() const { return isFlat_; }

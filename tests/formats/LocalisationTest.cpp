@@ -193,13 +193,15 @@ TEST(BuiltInTable, HoldsAllTextsInAllLanguages) {
 }
 
 TEST(BuiltInTable, KeepsTheShapeOfTheTexts) {
-  const StringTable table(platform::StringTableResource());
+  StringTable table(platform::StringTableResource());
   const auto lineEnds = [](std::string_view text) { return std::count(text.begin(), text.end(), '\r'); };
-  for (const StringTable::Entry& entry : table.Entries()) {
-    for (const std::string_view text : entry.texts) {
-      EXPECT_EQ(lineEnds(text), lineEnds(entry.id)) << entry.id << ": " << text;
-      EXPECT_EQ(text.ends_with("..."), entry.id.ends_with("...")) << entry.id << ": " << text;
-      EXPECT_EQ(text.ends_with('.'), entry.id.ends_with('.')) << entry.id << ": " << text;
+  for (std::size_t entry = 0; entry < table.Size(); ++entry) {
+    const std::string_view english = table.English(entry);
+    for (std::size_t language = 0; language < table.Languages().size(); ++language) {
+      const std::string_view text = table.Text(entry, language);
+      EXPECT_EQ(lineEnds(text), lineEnds(english)) << english << ": " << text;
+      EXPECT_EQ(text.ends_with("..."), english.ends_with("...")) << english << ": " << text;
+      EXPECT_EQ(text.ends_with('.'), english.ends_with('.')) << english << ": " << text;
       EXPECT_FALSE(text.starts_with(' ') || text.ends_with(' ') || text.find('&') != std::string_view::npos)
           << text;
     }

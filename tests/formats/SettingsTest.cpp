@@ -68,6 +68,8 @@ TEST_F(SettingsTest, KeepsWhateverTextItIsGiven) {
     settings.Set("key", text);
     EXPECT_EQ(settings.Get("key"), text);
     EXPECT_EQ(Reopened("key"), text);
+    settings.Set("other", "after '" + text + "'");
+    EXPECT_EQ(Reopened("key"), text) << "written again";
   }
   settings.Set("key", std::string_view("a\xFF\0b", 4));
   EXPECT_EQ(Reopened("key"),
