@@ -1,0 +1,10 @@
+// SPDX-License-Identifier: MIT
+#include <cstddef>
+#include <cstdint>
+
+#include "tests/fuzz/Fuzz.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  Feed({reinterpret_cast<const char*>(data), size});
+  return 0;
+}

@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#include "formats/Settings.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "tests/fuzz/Fuzz.h"
+
+// The input is the file, and what follows its last zero byte is a value.
+void Feed(std::string_view input) {
+  static const std::filesystem::path folder = [] {
+    std::string name = (std::filesystem::temp_directory_path() / "halvex-fuzz-XXXXXX").string();
+    return std::filesystem::path(mkdtemp(name.data()));
+  }();
+  const std::size_t end = std::min(input.rfind('\0'), input.size());
+  const std::string_view value = input.substr(std::min(end + 1, input.size()));
+  std::ofstream(folder / "TC420Config.xml", std::ios::binary) << input.substr(0, end);
+
+  qor::Log log([] { return qor::TimeOfDay{}; });
+  TCBase::Settings settings(folder.string(), log);
+  settings.Get(TCBase::SettingLogging);
+  settings.Set(TCBase::SettingLocale, value);
+  settings.Set(TCBase::SettingLastOpenFile, "main", value);
+  TCBase::Settings reopened(folder.string(), log);
+  Expect(reopened.Get(TCBase::SettingLocale) == settings.Get(TCBase::SettingLocale), "values are kept");
+  Expect(reopened.Get(TCBase::SettingLastOpenFile, "main", "") == settings.Get(TCBase::SettingLocale),
+         "values with an id are kept");
+  std::filesystem::remove_all(folder);
+  std::filesystem::create_directory(folder);
+}
