@@ -58,4 +58,15 @@ std::vector<ModeSample> SampleTablePlainly(const Mode& mode) {
   return table;
 }
 
+std::string ExportRawPlainly(const Mode& mode) {
+  std::string bytes;
+  bytes.reserve(ChannelCount * SecondsPerDay);
+  for (int second = 0; second < SecondsPerDay; ++second) {
+    for (const std::int32_t value : SampleAt(mode, second).values) {
+      bytes += static_cast<char>(std::clamp(value, 0, 100));
+    }
+  }
+  return bytes;
+}
+
 }  // namespace bench

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "model/ModeSample.h"
@@ -13,5 +14,8 @@ void OptimisePlainly(TCBase::Mode& mode);
 
 /// Goes through the minutes of the day and searches each channel at each of them.
 std::vector<TCBase::ModeSample> SampleTablePlainly(const TCBase::Mode& mode);
+
+/// Samples the mode at each second of the day.
+std::string ExportRawPlainly(const TCBase::Mode& mode);
 
 }  // namespace bench

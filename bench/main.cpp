@@ -29,6 +29,12 @@ std::vector<Ratio> Ratios() {
       {"sample table of 5 × 1440 steps, against the plain definition", "SampleTable/1440",
        "SampleTablePlainly/1440", 1, FasterBy, 200},
       {"upload of two modes to the emulator, against the prescribed waits", "Upload", "", 1000, AtMost, 1.01},
+      {"RAW file of 5 × 300 steps, against sampling each second", "ExportRaw", "ExportRawByDefinition", 1,
+       FasterBy, 100},
+      {"look-up of a translation, against one in a plain hash map", "Translate", "TranslateByPlainMap", 1,
+       AtMost, 3},
+      {"loading the built-in string table, against parsing its bytes by pugixml", "LoadStringTable",
+       "LoadStringTableByPugi", 1, AtMost, 1},
   };
   const auto addXml = [&ratios](const std::string& what, const std::string& halvex) {
     const auto row = [&](const std::string& memory, const char* fresh, std::optional<double> required) {
