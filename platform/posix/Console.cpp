@@ -28,6 +28,7 @@ void OccupyStandardDescriptors() {
 
 std::vector<std::string> StartConsole(int argc, char** argv) {
   OccupyStandardDescriptors();
+  std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow is an error like a full disk, not the end
   return {argv + (argc > 0 ? 1 : 0), argv + argc};
 }
 

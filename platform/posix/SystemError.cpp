@@ -17,6 +17,7 @@ ErrorKind KindOf(std::uint32_t code) {
     case EBUSY:
     case ETXTBSY: return ErrorKind::SharingViolation;
     case ENOSPC:
+    case EFBIG:
     case EDQUOT: return ErrorKind::DiskFull;
     case EIO: return ErrorKind::WriteFault;
     default: return ErrorKind::Other;
