@@ -42,6 +42,8 @@ class Log {
   /// Writes a message: `english` translated, then its placeholders replaced.
   void Message(std::string_view english, std::initializer_list<FormatArgument> arguments = {});
   void Message(const Sentence& sentence);
+  /// Writes a message that is no text of the program, such as the system's.
+  void ForeignMessage(std::string text) { Write(Kind::Message, std::move(text)); }
 
   /// Writes a trace line: the local time as hour:minute:second:millisecond, the hour not filled with zeros, a
   /// blank and the text.

@@ -71,7 +71,7 @@ void Worker::RunNextJob() {
   try {
     job();
   } catch (const std::exception& failed) {
-    context_.log.Message("{1}", {failed.what()});  // the job's outcomes tell which devices were not reached
+    context_.log.ForeignMessage(failed.what());  // the job's outcomes tell which devices were not reached
   }
   --unfinishedJobs_;
 }

@@ -70,6 +70,38 @@ TEST(ProgramFile, ReadsBackWhatItWrote) {
   EXPECT_NE(read.modes[0].channels[0].steps[0].id, program.modes[0].channels[0].steps[0].id);
 }
 
+TEST(ProgramFile, CarriesAllButFractions) {
+  std::mt19937 random(7);
+  const auto text = [&random] {
+    constexpr const char* Parts[] = {"a",    " ",  "<",        "&amp;", "'",        "\"",
+                                     "\r\n", "\t", "\xC3\x84", "]]>",   "<![CDATA["};
+    std::string result;
+    for (std::size_t i = random() % 5; i > 0; --i) result += Parts[random() % std::size(Parts)];
+    return result;
+  };
+  for (int i = 0; i < 100; ++i) {
+    TCBase::Program program;
+    program.modes.resize(1 + random() % 4);
+    for (TCBase::Mode& mode : program.modes) {
+      mode.name = text();
+      mode.description = text();
+      for (TCBase::Channel& channel : mode.channels)
+        channel = test::RandomCurve(random, 20, random() % 2 == 0);
+    }
+    for (auto& info : program.channelInfos) {
+      info = {text(), text(), 0xFF000000u | static_cast<std::uint32_t>(random() & 0xFFFFFF)};
+    }
+    const TCBase::Program read = Read(TCBase::WriteProgram(program));
+    for (TCBase::Mode& mode : program.modes) {
+      for (TCBase::Channel& channel : mode.channels) {
+        for (TCBase::Step& step : channel.steps)
+          step.value = static_cast<float>(TCBase::WholePercent(step.value));
+      }
+    }
+    ASSERT_EQ(read, program) << i;
+  }
+}
+
 TEST(ProgramFile, ReadsStepsAsTheyStand) {
   const TCBase::Program program = Read(
       "<any><mode><c><step hour='9' value='5'/><step hour='99999999999' minute='-5x' value='-5' jump='2'/>"
