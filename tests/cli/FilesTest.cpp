@@ -82,23 +82,6 @@ TEST_F(CliFiles, LimitsTmfFilesAndRefusesOtherSizes) {
   EXPECT_EQ(test::Contents(xml), "precious");
 }
 
-TEST_F(CliFiles, NeverWritesOverItsInput) {
-  const std::string path = NewProgram();
-  const std::string before = test::Contents(path);
-  in = "08:00 1\n09:00 2";
-  for (const std::vector<std::string>& arguments : std::vector<std::vector<std::string>>{
-           {"convert", path, path},
-           {"convert", path, folder.File("./a.xml")},
-           {"optimize", path, "-o", path},
-           {"align", path, "--minutes", "15", "-o", path},
-           {"add-step", path, "--at", "9:15", "-o", path},
-           {"steps", path, "--mode", "1", "--channel", "1", "--set", "-", "-o", path}}) {
-    EXPECT_EQ(Run(arguments), cli::FileFailed) << arguments[0];
-    EXPECT_NE(err.find("is the file that is read"), std::string::npos) << err;
-    EXPECT_EQ(test::Contents(path), before);
-  }
-}
-
 TEST_F(CliFiles, EditsSteps) {
   const std::string a = NewProgram();
   const std::string b = folder.File("b.xml");
