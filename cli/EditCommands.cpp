@@ -30,7 +30,8 @@ template <typename Edit>
 ExitStatus EditModes(const EditOptions& options, Invocation& invocation, Edit edit) {
   CheckOutput(options.in, options.out);
   TCBase::Program program = Load(options.in, invocation);
-  for (const std::size_t index : ModeIndicesOf(program, options.modes, options.in)) {
+  const std::vector<std::size_t> indices = ModeIndicesOf(program, options.modes, options.in);
+  for (const std::size_t index : indices) {
     TCBase::Mode& mode = program.modes[index];
     const TCBase::EditResult result = edit(mode);
     if (!result.isChanged) {
@@ -40,7 +41,7 @@ ExitStatus EditModes(const EditOptions& options, Invocation& invocation, Edit ed
     }
     if (result.status) invocation.printer.Log().Message(result.status);
   }
-  Save(program, options.out, invocation);
+  Save(program, indices[0], options.out, invocation);
   return Done;
 }
 
@@ -84,7 +85,7 @@ Runner DefineAddStep(CLI::App& parser) {
   const auto options = std::make_shared<EditOptions>();
   const auto time = std::make_shared<std::string>();
   AddEditOptions(parser, *options);
-  parser.add_option("--at", *time, "The time of day of the step")->required()->type_name("HH:MM");
+  parser.add_option("--at", *time, "The time of day of the step")->required()->type_name("HH:MM[:SS]");
   return [=](Invocation& invocation) {
     const int second = SecondOf(*time);
     return EditModes(*options, invocation,

@@ -26,7 +26,7 @@ ExitStatus RunConvert(const ConvertOptions& options, Invocation& invocation) {
     const TCBase::Program::ModeListView modes(program, ModeIndicesOf(program, options.modes, options.in));
     program.modes.assign(modes.begin(), modes.end());
   }
-  Save(program, options.out, invocation);
+  Save(program, 0, options.out, invocation);
   return Done;
 }
 
@@ -36,7 +36,11 @@ Runner DefineNew(CLI::App& parser) {
   const auto path = std::make_shared<std::string>();
   parser.add_option("FILE", *path, "The program file to write")->required()->type_name("");
   return [path](Invocation& invocation) {
-    Save(TCBase::NewProgram(invocation.texts.Translator()), *path, invocation);
+    if (KindOf(*path).isSingleMode) {
+      throw CommandError(WrongUsage,
+                         *path + " is the name of a file of one mode; a new program has two: use .xml");
+    }
+    Save(TCBase::NewProgram(invocation.texts.Translator()), 0, *path, invocation);
     return Done;
   };
 }

@@ -72,6 +72,14 @@ void LogPrinter::Complain(const std::string& sentence) {
   WriteToFile(line);
 }
 
+void LogPrinter::WarnOfEach(const std::vector<std::string>& sentences) {
+  constexpr std::size_t MostNamed = 5;
+  for (std::size_t i = 0; i < sentences.size() && i < MostNamed; ++i) Complain("warning: " + sentences[i]);
+  if (sentences.size() > MostNamed) {
+    Complain(qor::Format("warning: {1} more like these", {sentences.size() - MostNamed}));
+  }
+}
+
 void LogPrinter::WriteToFile(const std::string& text) {
   if (!file_.is_open()) return;
   if (!isFileBegun_) file_ << "--- " << DateAndTime(environment_.clock) << '\n';

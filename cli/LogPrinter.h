@@ -3,6 +3,7 @@
 
 #include <fstream>
 #include <mutex>
+#include <vector>
 
 #include "QorLib/Log.h"
 #include "cli/Environment.h"
@@ -22,6 +23,8 @@ class LogPrinter {
   qor::Log& Log() { return log_; }
   /// Prints a complaint on standard error, in the log file as well.
   void Complain(const std::string& sentence);
+  /// Complains of the first few of many things of a kind, and says how many there are.
+  void WarnOfEach(const std::vector<std::string>& sentences);
 
  private:
   void WriteToFile(const std::string& text);

@@ -89,14 +89,13 @@ TCBase::Program Import(const ModeFormat& format, const std::string& path, Invoca
 }
 
 /// Says what a file of one mode cannot take of the program.
-void WarnOfLoss(const ModeFormat& format, const TCBase::Program& program, const std::string& path,
-                Invocation& invocation) {
+void WarnOfLoss(const ModeFormat& format, const TCBase::Program& program, const TCBase::Mode& mode,
+                const std::string& path, Invocation& invocation) {
   const auto warn = [&](const std::string& sentence) {
     invocation.printer.Complain("warning: " + path + ": " + sentence);
   };
-  const TCBase::Mode& mode = program.modes[0];
   if (program.modes.size() > 1) {
-    warn(qor::Format("only the mode '{1}' is written, since {2} files hold one; --mode chooses another",
+    warn(qor::Format("only the mode '{1}' is written, since {2} files hold one (see --mode)",
                      {mode.name, format.name}));
   }
   const auto hasJump = [](const TCBase::Channel& channel) {
@@ -140,12 +139,12 @@ void CheckOutput(const std::string& input, const std::string& output) {
   }
 }
 
-void Save(const TCBase::Program& program, const std::string& path, Invocation& invocation) {
+void Save(const TCBase::Program& program, std::size_t mode, const std::string& path, Invocation& invocation) {
   const ModeFormat* format = ModeFormatOf(path);
-  if (format != nullptr) WarnOfLoss(*format, program, path, invocation);
+  if (format != nullptr) WarnOfLoss(*format, program, program.modes[mode], path, invocation);
   try {
     if (format != nullptr) {
-      TCBase::ReplaceFileBytes(path, format->exported(program.modes[0]));
+      TCBase::ReplaceFileBytes(path, format->exported(program.modes[mode]));
     } else {
       TCBase::SaveProgram(program, path);
     }

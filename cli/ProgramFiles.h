@@ -25,8 +25,8 @@ TCBase::Program Load(const std::string& path, Invocation& invocation);
 /// Refuses an output path of no known kind, or one that leads to the input file.
 void CheckOutput(const std::string& input, const std::string& output);
 
-/// Writes a program safely. Into a file of a single mode goes the first one, and a complaint names it when
-/// there are more. What is of no known kind becomes XML.
-void Save(const TCBase::Program& program, const std::string& path, Invocation& invocation);
+/// Writes a program safely. Into a file of a single mode goes the one at `mode`, and a complaint names it
+/// when there are more. What is of no known kind becomes XML.
+void Save(const TCBase::Program& program, std::size_t mode, const std::string& path, Invocation& invocation);
 
 }  // namespace cli

@@ -18,7 +18,6 @@ namespace {
 
 constexpr std::size_t MaxTextBytes = std::size_t{1} << 20;
 constexpr std::size_t FewestSteps = 2;  // of a channel
-constexpr std::size_t MostNamedLines = 5;
 
 struct StepsOptions {
   std::string path, out;
@@ -48,26 +47,27 @@ std::string ReadText(const std::string& path, Environment& environment) {
   return text;
 }
 
-/// Reads the steps of a text, of which there must be `fewest`; complains of lines that are none.
+/// Complains of lines by their numbers.
+void WarnOfLines(const std::vector<std::size_t>& lines, const std::string& name, const char* what,
+                 LogPrinter& printer) {
+  std::vector<std::string> sentences;
+  for (const std::size_t line : lines)
+    sentences.push_back(qor::Format("{1}, line {2} {3}", {name, line, what}));
+  printer.WarnOfEach(sentences);
+}
+
+/// Reads the steps of a text, of which there must be `fewest`; complains of lines that are none or look odd.
 std::vector<TCBase::Step> ReadSteps(const std::string& path, std::size_t fewest, Invocation& invocation) {
   const std::string name = ShownName(path);
   std::vector<TCBase::Step> steps;
-  std::vector<std::size_t> skipped;
-  TCBase::ParseStepsText(ReadText(path, invocation.environment), steps, &skipped);
-  for (std::size_t i = 0; i < skipped.size() && i < MostNamedLines; ++i) {
-    invocation.printer.Complain(
-        qor::Format("warning: {1}, line {2} is no step and was left out", {name, skipped[i]}));
-  }
-  if (skipped.size() > MostNamedLines) {
-    invocation.printer.Complain(
-        qor::Format("warning: {1}: {2} lines in all are no steps", {name, skipped.size()}));
-  }
+  TCBase::OddLines odd;
+  TCBase::ParseStepsText(ReadText(path, invocation.environment), steps, &odd);
+  WarnOfLines(odd.skipped, name, "is no step and was left out", invocation.printer);
+  WarnOfLines(odd.withoutNumber, name, "lacks a number, which was taken as 0", invocation.printer);
   if (steps.size() < fewest) {
-    throw CommandError(
-        FileFailed,
-        qor::Format("{1} holds {2} steps where at least {3} are needed; a line is 'hh:mm value' or "
-                    "'hh:mm value J'",
-                    {name, steps.size(), fewest}));
+    throw CommandError(FileFailed, qor::Format("{1} holds {2} steps where at least {3} are needed; a line is "
+                                               "'hh:mm value' or 'hh:mm value J'",
+                                               {name, steps.size(), fewest}));
   }
   invocation.printer.Log().Message("Text contains {1} steps", {steps.size()});
   return steps;
@@ -84,7 +84,8 @@ void CheckOptions(const StepsOptions& options) {
 ExitStatus RunSteps(const StepsOptions& options, Invocation& invocation) {
   CheckOptions(options);
   TCBase::Program program = Load(options.path, invocation);
-  TCBase::Mode& mode = program.modes[ModeIndexOf(program, options.mode, options.path)];
+  const std::size_t index = ModeIndexOf(program, options.mode, options.path);
+  TCBase::Mode& mode = program.modes[index];
   TCBase::Channel& channel = mode.channels[static_cast<std::size_t>(options.channel) - 1];
   if (options.out.empty()) {
     for (const TCBase::Step& step : channel.steps)
@@ -105,7 +106,7 @@ ExitStatus RunSteps(const StepsOptions& options, Invocation& invocation) {
     }
   }
   WarnOfLongModes(TCBase::Program::ModeListView(program), invocation.printer);
-  Save(program, options.out, invocation);
+  Save(program, index, options.out, invocation);
   return Done;
 }
 

@@ -2,6 +2,7 @@
 // translation
 #include <memory>
 
+#include "QorLib/Format.h"
 #include "cli/Commands.h"
 #include "cli/LogPrinter.h"
 
@@ -19,6 +20,11 @@ ExitStatus Export(const std::string& path, Invocation& invocation) {
 ExitStatus Test(const std::string& path, Invocation& invocation) {
   const TCBase::TranslationTest result = invocation.texts.Test(path);
   if (result.isLoaded) {
+    std::vector<std::string> warnings;
+    for (const std::string& text : result.notFound) {
+      warnings.push_back(qor::Format("{1}: the program has no text '{2}'", {path, text}));
+    }
+    invocation.printer.WarnOfEach(warnings);
     invocation.printer.Log().Message(result.message);
     return Done;
   }

@@ -21,7 +21,7 @@ TranslationTest Refusal(std::vector<std::string> faults) {
       "Error loading the XML translation file!\r\n{1}\r\n\r\nThis is most probably caused by invalid XML.\r\n"
       "Please try to open your XML file in your web browser to see the parsing error location.",
       {Joined(faults)}};
-  return {false, message, {"Invalid Translation File", {}}, std::move(faults)};
+  return {false, message, {"Invalid Translation File", {}}, std::move(faults), {}};
 }
 
 }  // namespace
@@ -89,7 +89,7 @@ TranslationTest Localisation::Test(const std::string& path) {
     const std::lock_guard lock(mutex_);
     std::vector<std::string> faults = table_.Merge(std::move(bytes));
     if (!faults.empty()) return Refusal(std::move(faults));
-    return {true, {"Translation file {1} loaded successfully!", {path}}, {}, {}};
+    return {true, {"Translation file {1} loaded successfully!", {path}}, {}, {}, table_.NotFound()};
   } catch (const qor::win::xsystem& failed) {
     return Refusal({failed.Description()});
   }

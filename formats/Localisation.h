@@ -21,8 +21,9 @@ inline constexpr std::string_view EnglishId = "en";
 struct TranslationTest {
   bool isLoaded = false;
   qor::Sentence message;
-  qor::Sentence caption;            // of a message box, when it was not loaded
-  std::vector<std::string> faults;  // why not, line by line; stands in the message as well
+  qor::Sentence caption;              // of a message box, when it was not loaded
+  std::vector<std::string> faults;    // why not, line by line; stands in the message as well
+  std::vector<std::string> notFound;  // texts that the table lacks, of this file and those before it
 };
 
 /// What came of writing the table for translators.

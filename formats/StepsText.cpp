@@ -43,6 +43,11 @@ std::int32_t NumberAt(std::string_view field) {
   return qor::ParseInteger(field);
 }
 
+bool HasNumber(std::string_view field) {
+  if (field.starts_with('+') || field.starts_with('-')) field.remove_prefix(1);
+  return !field.empty() && field[0] >= '0' && field[0] <= '9';
+}
+
 }  // namespace
 
 std::string StepText(const Step& step) {
@@ -60,7 +65,7 @@ std::string WriteStepsText(const std::vector<Step>& steps) {
   return text;
 }
 
-void ParseStepsText(std::string_view text, std::vector<Step>& steps, std::vector<std::size_t>* skippedLines) {
+void ParseStepsText(std::string_view text, std::vector<Step>& steps, OddLines* odd) {
   steps.clear();
   if (text.starts_with(ByteOrderMark)) text.remove_prefix(ByteOrderMark.size());
   for (std::size_t number = 1; !text.empty(); ++number) {
@@ -70,8 +75,10 @@ void ParseStepsText(std::string_view text, std::vector<Step>& steps, std::vector
       Step& step = steps.emplace_back();
       step = {NumberAt(fields[0]), NumberAt(fields[1]), static_cast<float>(NumberAt(fields[2])), jump, 0};
       step.Clamp();
-    } else if (!fields.empty() && skippedLines != nullptr) {
-      skippedLines->push_back(number);
+      const bool areNumbers = std::all_of(fields.begin(), fields.begin() + 3, HasNumber);
+      if (!areNumbers && odd != nullptr) odd->withoutNumber.push_back(number);
+    } else if (!fields.empty() && odd != nullptr) {
+      odd->skipped.push_back(number);
     }
   }
 }

@@ -18,10 +18,14 @@ std::string StepText(const Step& step);
 void WriteStepLine(const Step& step, std::string& text);
 std::string WriteStepsText(const std::vector<Step>& steps);
 
+/// Lines of a text that its writer may have meant otherwise, by their numbers from 1.
+struct OddLines {
+  std::vector<std::size_t> skipped;        // no steps, and not blank
+  std::vector<std::size_t> withoutNumber;  // steps of which a field has no digits and counts as 0
+};
+
 /// Reads the steps of a text in the order of its lines, clamped and without ids. Lines end at CR, LF or both;
-/// fields at blanks, tabs and colons. Lines that are no step are passed over; the numbers of those that are
-/// not blank, from 1, go into `skippedLines` where it is given.
-void ParseStepsText(std::string_view text, std::vector<Step>& steps,
-                    std::vector<std::size_t>* skippedLines = nullptr);
+/// fields at blanks, tabs and colons. Lines that are no step are passed over.
+void ParseStepsText(std::string_view text, std::vector<Step>& steps, OddLines* odd = nullptr);
 
 }  // namespace TCBase

@@ -222,6 +222,12 @@ void StringTable::MergeTexts(const element& source, Entry& entry) {
   });
 }
 
+std::vector<std::string> StringTable::NotFound() const {
+  std::vector<std::string> ids;
+  for (const Entry& entry : notFound_.list) ids.emplace_back(entry.id);
+  return ids;
+}
+
 // Writing
 
 std::string StringTable::Write(std::optional<std::size_t> language,

@@ -61,6 +61,8 @@ class StringTable {
   /// that the table lacks, or a text lacks one of its placeholders or has one too many. Nothing is merged
   /// then.
   std::vector<std::string> Merge(std::string xml);
+  /// The English texts of the entries that were kept apart.
+  std::vector<std::string> NotFound() const;
 
   /// The table for translators into one language, or (none) into all. An entry that lacks a translation
   /// begins with an empty element "translate" and has an empty one for each missing language. Behind the

@@ -17,8 +17,9 @@ struct EditResult {
   qor::Sentence status;  // for the status line; empty where a command has nothing to say
 };
 
-/// Puts a step into each channel at that second of the day (0 to 86399), at the value that the channel has
-/// there, so that the light stays as it is. A step that is there already stays. Refused from 48 steps on.
+/// Puts a fading step into each channel at that second of the day (0 to 86399), at the value that the channel
+/// has there, so that a fading light stays as it is; where a jump is being held, the light fades from here
+/// on. A step that is there already stays. Refused from 48 steps on.
 EditResult AddStepToAllChannels(Mode& mode, std::int64_t second);
 
 enum class Endpoint { Start, End };  // 00:00 and 23:59

@@ -12,9 +12,9 @@
 namespace platform {
 
 std::string SettingsFolder() {
-  wchar_t own[MAX_PATH];
-  const DWORD length = GetEnvironmentVariableW(L"HALVEX_HOME", own, MAX_PATH);
-  if (length > 0 && length < MAX_PATH) return Narrow({own, length});
+  std::wstring own(GetEnvironmentVariableW(L"HALVEX_HOME", nullptr, 0), L'\0');
+  own.resize(GetEnvironmentVariableW(L"HALVEX_HOME", own.data(), static_cast<DWORD>(own.size())));
+  if (!own.empty()) return Narrow(own);
 
   PWSTR documents = nullptr;
   std::string folder;

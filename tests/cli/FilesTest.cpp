@@ -55,9 +55,12 @@ TEST_F(CliFiles, ConvertsAmongAllFormats) {
   EXPECT_EQ(test::Contents(raw), std::string(432000, '\x64'));
 
   EXPECT_EQ(Run({"convert", xml, raw}), cli::Done);
-  EXPECT_EQ(err,
-            "halvex: warning: " + raw +
-                ": only the mode 'Normal' is written, since RAW files hold one; --mode chooses another\n");
+  EXPECT_EQ(err, "halvex: warning: " + raw +
+                     ": only the mode 'Normal' is written, since RAW files hold one (see --mode)\n");
+  in = "08:00 1\n20:00 2";
+  EXPECT_EQ(Run({"steps", xml, "--mode", "2", "--channel", "1", "--set", "-", "-o", tmf}), cli::Done);
+  EXPECT_EQ(Steps(tmf, "1"), "08:00 1\n09:00 1\n20:00 2\n22:00 1\n") << "the mode that was changed";
+  EXPECT_EQ(Run({"new", tmf}), cli::WrongUsage);
   EXPECT_EQ(Run({"convert", raw, back}), cli::FileFailed);
   EXPECT_EQ(err, "halvex: Error loading program " + raw + ": RAW files are written only\n");
 }
@@ -136,11 +139,15 @@ TEST_F(CliFiles, SetsAndAddsStepsFromText) {
   EXPECT_EQ(out, "Text contains 4 steps\n");
   EXPECT_EQ(Steps(b, "5"), "09:00 7\n10:00 80 J\n23:59 50\n");
 
-  in = "12:00 5\nnoon\n9:30 1";
+  in = "12:00 5\nnoon\n# in the morning\n9:30 1";
   EXPECT_EQ(Run({"steps", a, "--mode", "1", "--channel", "5", "--add", "-", "-o", b}), cli::Done);
-  EXPECT_EQ(out, "Text contains 2 steps\nAdded new step 12:00 5.\nAdded new step 09:30 1.\n");
-  EXPECT_EQ(err, "halvex: warning: standard input, line 2 is no step and was left out\n");
-  EXPECT_EQ(Steps(b, "5"), "09:00 0\n09:30 1\n12:00 5\n21:30 30\n22:00 0\n");
+  EXPECT_EQ(
+      out,
+      "Text contains 3 steps\nAdded new step 12:00 5.\nAdded new step 00:00 0.\nAdded new step 09:30 1.\n");
+  EXPECT_EQ(err,
+            "halvex: warning: standard input, line 2 is no step and was left out\n"
+            "halvex: warning: standard input, line 3 lacks a number, which was taken as 0\n");
+  EXPECT_EQ(Steps(b, "5"), "00:00 0\n09:00 0\n09:30 1\n12:00 5\n21:30 30\n22:00 0\n");
 
   test::Write(b, "precious");
   struct Case {

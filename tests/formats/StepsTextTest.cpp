@@ -49,13 +49,15 @@ TEST(StepsText, ReadsWhatPeopleType) {
   }
 }
 
-TEST(StepsText, NamesTheLinesThatAreNoSteps) {
+TEST(StepsText, NamesOddLines) {
   std::vector<Step> steps;
-  std::vector<std::size_t> skipped;
-  TCBase::ParseStepsText("10:00\r\n\r\n08:00 5\r\n10:00 80 J extra\rhello", steps, &skipped);
-  EXPECT_EQ(steps.size(), 1u);
+  TCBase::OddLines odd;
+  TCBase::ParseStepsText("10:00\r\n\r\n08:00 5\r\n10:00 80 J extra\rhello\n# my steps\n9:00 -x\n9:00 +5",
+                         steps, &odd);
+  EXPECT_EQ(steps.size(), 4u);
   EXPECT_EQ(steps[0].id, 0u);
-  EXPECT_EQ(skipped, (std::vector<std::size_t>{1, 4, 5}));
+  EXPECT_EQ(odd.skipped, (std::vector<std::size_t>{1, 4, 5}));
+  EXPECT_EQ(odd.withoutNumber, (std::vector<std::size_t>{6, 7}));
 }
 
 TEST(StepsText, CarriesWholePercents) {
