@@ -37,18 +37,18 @@ LogPrinter::LogPrinter(Environment& environment, const CommonOptions& options, q
     : environment_(environment),
       options_(options),
       log_([&clock = environment.clock] { return TimeOfDayOf(clock); }) {
-  if (!options_.logFile.empty()) OpenFile();
+  if (!options_.logFile.empty()) OpenFile(translate);
   log_.SetTranslation(std::move(translate));
   log_.SetTracing(options_.trace);
   log_.OnLine([this] { Print(); });
 }
 
-void LogPrinter::OpenFile() {
+void LogPrinter::OpenFile(const qor::Translate& translate) {
   const std::string& path = options_.logFile;
   errno = 0;
   file_.open(std::filesystem::path(std::u8string(path.begin(), path.end())), std::ios::app);
   if (!file_) {
-    throw CommandError(FileFailed, qor::Format("Error creating file {1}, error: {2}",
+    throw CommandError(FileFailed, qor::Format(translate("Error creating file {1}, error: {2}"),
                                                {path, platform::RuntimeErrorText(errno)}));
   }
 }

@@ -28,7 +28,7 @@ class LogPrinter {
 
  private:
   void WriteToFile(const std::string& text);
-  void OpenFile();
+  void OpenFile(const qor::Translate& translate);
   void Print();
 
   Environment& environment_;

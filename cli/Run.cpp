@@ -65,10 +65,15 @@ std::string UnknownCommand(const std::vector<std::string>& arguments) {
 }
 
 /// Makes the language current that was asked for, or else the one in the settings.
-void ChooseLanguage(const std::string& asked, const std::string& settingsFolder, TCBase::Localisation& texts,
-                    qor::Log& log) {
-  texts.SetLanguage(asked.empty() ? TCBase::Settings(settingsFolder, log).Get(TCBase::SettingLocale) : asked);
-  if (asked.empty() || texts.CurrentLanguage() == asked) return;
+void ChooseLanguage(const std::string& asked, const std::string& settingsFolder,
+                    TCBase::Localisation& texts) {
+  if (asked.empty()) {
+    qor::Log unused([] { return qor::TimeOfDay{}; });  // reading settings logs nothing
+    texts.SetLanguage(TCBase::Settings(settingsFolder, unused).Get(TCBase::SettingLocale));
+    return;
+  }
+  texts.SetLanguage(asked);
+  if (texts.CurrentLanguage() == asked) return;
   std::string known(TCBase::EnglishId);
   for (const TCBase::StringTable::Language& language : texts.Languages()) known += ", " + language.id;
   throw CommandError(WrongUsage,
@@ -77,8 +82,8 @@ void ChooseLanguage(const std::string& asked, const std::string& settingsFolder,
 
 ExitStatus RunCommand(const Runner& chosen, const CommonOptions& options, Environment& environment) {
   TCBase::Localisation texts;
+  ChooseLanguage(options.language, environment.settingsFolder, texts);
   LogPrinter printer(environment, options, texts.Translator());
-  ChooseLanguage(options.language, environment.settingsFolder, texts, printer.Log());
   Invocation invocation{environment, texts, printer};
   try {
     return chosen(invocation);

@@ -51,6 +51,7 @@ std::string ReadText(const std::string& path, Environment& environment) {
 void WarnOfLines(const std::vector<std::size_t>& lines, const std::string& name, const char* what,
                  LogPrinter& printer) {
   std::vector<std::string> sentences;
+  sentences.reserve(lines.size());
   for (const std::size_t line : lines)
     sentences.push_back(qor::Format("{1}, line {2} {3}", {name, line, what}));
   printer.WarnOfEach(sentences);

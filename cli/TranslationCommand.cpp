@@ -21,6 +21,7 @@ ExitStatus Test(const std::string& path, Invocation& invocation) {
   const TCBase::TranslationTest result = invocation.texts.Test(path);
   if (result.isLoaded) {
     std::vector<std::string> warnings;
+    warnings.reserve(result.notFound.size());
     for (const std::string& text : result.notFound) {
       warnings.push_back(qor::Format("{1}: the program has no text '{2}'", {path, text}));
     }
@@ -29,7 +30,8 @@ ExitStatus Test(const std::string& path, Invocation& invocation) {
     return Done;
   }
   invocation.printer.Complain(path + ": " + invocation.Text(result.caption));
-  for (const std::string& fault : result.faults) invocation.printer.Complain(path + ": " + fault);
+  for (const std::string& fault : result.faults)
+    invocation.printer.Complain(qor::Format("{1}: {2}", {path, fault}));
   return FileFailed;
 }
 

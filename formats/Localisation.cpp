@@ -2,13 +2,14 @@
 #include "formats/Localisation.h"
 
 #include "QorLib/Exceptions.h"
-#include "QorLib/xml/reader.h"
 #include "formats/FileBytes.h"
 #include "formats/Settings.h"
 #include "platform/Resources.h"
 
 namespace TCBase {
 namespace {
+
+constexpr std::size_t MaxFileBytes = std::size_t{4} << 20;  // of a translator's file; the table has 60 KB
 
 std::string Joined(const std::vector<std::string>& lines) {
   std::string text;
@@ -85,7 +86,8 @@ ExportResult Localisation::Export(const std::string& path) {
 
 TranslationTest Localisation::Test(const std::string& path) {
   try {
-    std::string bytes = ReadFileBytes(path, qor::xml::reader::MaxBytes);
+    std::string bytes = ReadFileBytes(path, MaxFileBytes);
+    if (bytes.size() > MaxFileBytes) return Refusal({"the file is larger than 4 MiB"});
     const std::lock_guard lock(mutex_);
     std::vector<std::string> faults = table_.Merge(std::move(bytes));
     if (!faults.empty()) return Refusal(std::move(faults));

@@ -9,17 +9,17 @@ namespace {
 
 constexpr const char* FileName = "TC420Config.xml";
 constexpr const char* BrokenEnding = ".broken";
+constexpr std::size_t MaxBytes = std::size_t{1} << 20;  // what is larger is no settings file
 
 }  // namespace
 
 Settings::Settings(const std::string& folder, qor::Log& log)
     : folder_(folder.empty() ? "." : folder), path_(platform::PathIn(folder_, FileName)), log_(log) {
   std::string bytes;
-  if (const platform::SystemError failed =
-          platform::ReadWholeFile(path_, qor::xml::reader::MaxBytes, bytes)) {
+  if (const platform::SystemError failed = platform::ReadWholeFile(path_, MaxBytes, bytes)) {
     isFileBroken_ = failed.kind != platform::ErrorKind::NotFound;
   } else {
-    isFileBroken_ = document_.Parse(std::move(bytes)).has_value();
+    isFileBroken_ = bytes.size() > MaxBytes || document_.Parse(std::move(bytes)).has_value();
     if (isFileBroken_) document_.Parse("<config/>");
   }
 }
@@ -76,9 +76,9 @@ void Settings::Change(qor::xml::element setting, std::string_view text) {
 }
 
 platform::SystemError Settings::WriteFile(const std::string& bytes) {
-  if (const platform::SystemError failed = platform::CreateFolders(folder_)) return failed;
+  if (platform::SystemError failed = platform::CreateFolders(folder_)) return failed;
   if (isFileBroken_) {
-    const platform::SystemError failed = platform::RenameFile(path_, path_ + BrokenEnding);
+    platform::SystemError failed = platform::RenameFile(path_, path_ + BrokenEnding);
     if (failed && failed.kind != platform::ErrorKind::NotFound) return failed;
     isFileBroken_ = false;
   }
