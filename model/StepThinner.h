@@ -13,7 +13,8 @@ namespace TCBase {
 /// Removes a mode's steps one by one in the order of their cost. Costs are kept in order, and a removal
 /// renews those of the two neighbours only: the value at a step's own time is the step's own, and without it
 /// the curve there depends on its neighbours alone. That asks for strictly ascending times within the day; a
-/// channel without them has all its costs found anew after each removal from it.
+/// channel without them has all its costs found anew after each removal from it, and one with more steps than
+/// the day has minutes, or with steps outside the day, is sorted and rid of equal times first.
 class StepThinner {
  public:
   /// The mode's channels are taken out until `PutBack`.
