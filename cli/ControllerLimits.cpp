@@ -15,7 +15,7 @@ using namespace TCBase;
 constexpr std::size_t NameBytesTC420 = 8;
 constexpr std::size_t NameBytesTC421 = 7;
 constexpr std::size_t MaxModes = 64;
-constexpr int FewestSteps = 2;  // of a mode and of a channel
+constexpr int FewestSteps = 2;  // of a mode
 
 void AddStepCount(const Mode& mode, std::vector<std::string>& remarks) {
   const int steps = StepCount(mode);
@@ -44,12 +44,31 @@ void AddName(const Mode& mode, std::vector<std::string>& remarks) {
   }
 }
 
+/// What a file may bring that no edit leaves behind.
+void AddOddSteps(const Mode& mode, std::vector<std::string>& remarks) {
+  const auto isOutsideDay = [](const Step& step) {
+    return step.MinuteOfDay() < 0 || step.MinuteOfDay() >= MinutesPerDay;
+  };
+  const auto isOutsideRange = [](const Step& step) { return step.value < 0 || step.value > 100; };
+  const auto isNotLater = [](const Step& a, const Step& b) { return !IsEarlier(a, b); };
+  for (std::size_t i = 0; i < ChannelCount; ++i) {
+    const std::vector<Step>& steps = mode.channels[i].steps;
+    const auto add = [&](const char* what) { remarks.push_back(qor::Format(what, {i + 1})); };
+    if (std::ranges::any_of(steps, isOutsideDay))
+      add("channel {1} has steps outside the day, which are never sent");
+    if (std::ranges::any_of(steps, isOutsideRange)) add("channel {1} has values outside 0 to 100 %");
+    if (std::ranges::adjacent_find(steps, isNotLater) != steps.end()) {
+      add("channel {1} has steps that are out of order or at the same minute");
+    }
+  }
+}
+
 void AddChannels(const Mode& mode, std::vector<std::string>& remarks) {
   std::ptrdiff_t jumps = 0;
   for (std::size_t i = 0; i < ChannelCount; ++i) {
     const std::vector<Step>& steps = mode.channels[i].steps;
     jumps += std::ranges::count_if(steps, &Step::jump);
-    if (steps.size() < FewestSteps) {
+    if (steps.size() < MinChannelSteps) {
       remarks.push_back(qor::Format("channel {1} has {2}; at least 2 are needed",
                                     {i + 1, steps.empty() ? "no steps" : "1 step"}));
     }
@@ -67,6 +86,7 @@ std::vector<std::string> RemarksOn(const Mode& mode) {
   AddStepCount(mode, remarks);
   AddName(mode, remarks);
   AddChannels(mode, remarks);
+  AddOddSteps(mode, remarks);
   return remarks;
 }
 

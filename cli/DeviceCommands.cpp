@@ -2,11 +2,11 @@
 // upload, devices, monitor
 #include <algorithm>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <ostream>
 
 #include "QorLib/Format.h"
 #include "cli/Commands.h"
+#include "cli/JsonOutput.h"
 #include "cli/LogPrinter.h"
 #include "cli/ProgramArguments.h"
 #include "cli/ProgramFiles.h"
@@ -129,7 +129,7 @@ ExitStatus RunUpload(const UploadOptions& options, Invocation& invocation) {
 
 ExitStatus RunDevices(bool asJson, Invocation& invocation) {
   LogPrinter& printer = invocation.printer;
-  nlohmann::ordered_json found = nlohmann::ordered_json::array();
+  Json found = Json::array();
   bool lacksAccess = false;
   for (const DeviceName& model : UsbModels) {
     const TCBase::DeviceInfo info = TCBase::DeviceOfKind(model.kind);
@@ -142,7 +142,7 @@ ExitStatus RunDevices(bool asJson, Invocation& invocation) {
     }
   }
   if (asJson) {
-    invocation.environment.out << found.dump(2) << '\n';
+    Print(found, invocation.environment.out);
   } else {
     for (const auto& entry : found) {
       invocation.environment.out << entry["device"].get<std::string>() << "  "

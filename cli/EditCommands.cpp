@@ -74,7 +74,7 @@ Runner DefineAlign(CLI::App& parser) {
   parser.add_option("--minutes", *minutes, "The grid, from 1 to 60 minutes")
       ->required()
       ->type_name("I")
-      ->check(CLI::Range(1, LongestInterval));
+      ->check(CheckNumber(LongestInterval));
   return [=](Invocation& invocation) {
     return EditModes(*options, invocation,
                      [&](TCBase::Mode& mode) { return TCBase::AlignSteps(mode, *minutes); });

@@ -34,7 +34,7 @@ ExitStatus RunConvert(const ConvertOptions& options, Invocation& invocation) {
 
 Runner DefineNew(CLI::App& parser) {
   const auto path = std::make_shared<std::string>();
-  parser.add_option("FILE", *path, "The program file to write")->required()->type_name("");
+  parser.add_option("FILE", *path, "The program file to write")->required()->type_name("")->check(CheckPath);
   return [path](Invocation& invocation) {
     if (KindOf(*path).isSingleMode) {
       throw CommandError(WrongUsage,
@@ -47,10 +47,14 @@ Runner DefineNew(CLI::App& parser) {
 
 Runner DefineConvert(CLI::App& parser) {
   const auto options = std::make_shared<ConvertOptions>();
-  parser.add_option("IN", options->in, "The file to read: .xml, .tmf or .lmf")->required()->type_name("");
+  parser.add_option("IN", options->in, "The file to read: .xml, .tmf or .lmf")
+      ->required()
+      ->type_name("")
+      ->check(CheckPath);
   parser.add_option("OUT", options->out, "The file to write: .xml, or for one mode .tmf, .lmf or .raw")
       ->required()
-      ->type_name("");
+      ->type_name("")
+      ->check(CheckPath);
   AddModes(parser, options->modes);
   return [options](Invocation& invocation) { return RunConvert(*options, invocation); };
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "cli/ProgramArguments.h"
 
+#include <algorithm>
 #include <charconv>
 #include <numeric>
 
@@ -21,12 +22,7 @@ int TakeNumber(std::string_view& text, int max) {
   return number;
 }
 
-/// What is wrong with the text as a mode's number, in plain digits; empty when nothing is.
-std::string CheckModeNumber(const std::string& text) {
-  const bool isNumber = !text.empty() && text.size() <= 9 && text[0] != '0' &&
-                        text.find_first_not_of("0123456789") == std::string::npos;
-  return isNumber ? "" : "'" + text + "' is no number of a mode";
-}
+constexpr int MostModes = 999999999;
 
 }  // namespace
 
@@ -42,7 +38,14 @@ std::size_t ModeIndexOf(const TCBase::Program& program, int number, const std::s
 std::vector<std::size_t> ModeIndicesOf(const TCBase::Program& program, const std::vector<int>& numbers,
                                        const std::string& path) {
   std::vector<std::size_t> indices;
-  for (const int number : numbers) indices.push_back(ModeIndexOf(program, number, path));
+  indices.reserve(program.modes.size());
+  for (const int number : numbers) {
+    const std::size_t index = ModeIndexOf(program, number, path);
+    if (std::ranges::find(indices, index) != indices.end()) {
+      throw CommandError(WrongUsage, qor::Format("the mode {1} is named twice", {number}));
+    }
+    indices.push_back(index);
+  }
   if (!indices.empty()) return indices;
   indices.resize(program.modes.size());
   std::iota(indices.begin(), indices.end(), std::size_t{0});
@@ -86,22 +89,40 @@ std::string TimeText(int hour, int minute) {
   return qor::ZeroFilled(hour, 2) + ":" + qor::ZeroFilled(minute, 2);
 }
 
+std::function<std::string(const std::string&)> CheckNumber(int most) {
+  return [most](const std::string& text) {
+    int number = 0;
+    const char* end = text.data() + text.size();
+    const auto [next, failed] = std::from_chars(text.data(), end, number);
+    const bool isPlain = failed == std::errc{} && next == end && text[0] != '0';
+    if (isPlain && number >= 1 && number <= most) return std::string();
+    const std::string range = most == MostModes ? "" : " to " + std::to_string(most);
+    return qor::Format("'{1}' is no number from 1{2}", {text, range});
+  };
+}
+
+std::string CheckPath(const std::string& path) {
+  return path.empty() ? "the name of a file is empty" : "";
+}
+
 void AddFile(CLI::App& parser, std::string& path) {
-  parser.add_option("FILE", path, "The program file")->required()->type_name("");
+  parser.add_option("FILE", path, "The program file")->required()->type_name("")->check(CheckPath);
 }
 
 CLI::Option* AddOutput(CLI::App& parser, std::string& path) {
-  return parser.add_option("-o", path, "The file to write, another than FILE")->type_name("OUT");
+  return parser.add_option("-o", path, "The file to write, another than FILE")
+      ->type_name("OUT")
+      ->check(CheckPath);
 }
 
 void AddMode(CLI::App& parser, int& number) {
-  parser.add_option("--mode", number, "The mode")->required()->type_name("N")->check(CheckModeNumber);
+  parser.add_option("--mode", number, "The mode")->required()->type_name("N")->check(CheckNumber(MostModes));
 }
 
 void AddModes(CLI::App& parser, std::vector<int>& numbers) {
   parser.add_option("--mode", numbers, "Only this mode; may be given several times")
       ->type_name("N")
-      ->check(CheckModeNumber)
+      ->check(CheckNumber(MostModes))
       ->expected(1)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }

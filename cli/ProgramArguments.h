@@ -2,6 +2,7 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -25,6 +26,11 @@ void WarnOfLongModes(const TCBase::Program::ModeListView& modes, LogPrinter& pri
 int SecondOf(std::string_view time);
 /// "HH:MM"
 std::string TimeText(int hour, int minute);
+
+/// What makes sure of a whole number from 1 to `most`, in plain decimal digits.
+std::function<std::string(const std::string&)> CheckNumber(int most);
+/// What is wrong with a text as the name of a file; empty when nothing is.
+std::string CheckPath(const std::string& path);
 
 /// Adds the argument FILE.
 void AddFile(CLI::App& parser, std::string& path);

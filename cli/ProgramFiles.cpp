@@ -54,7 +54,7 @@ const ModeFormat* ModeFormatOf(const std::string& path) {
 std::string ModeNameOf(const std::string& path) {
   const std::string file = path.substr(NameStart(path));
   const std::string name = file.substr(0, file.rfind('.'));
-  return qor::win::WellFormedUtf8(name.empty() ? file : name);
+  return Printable(qor::win::WellFormedUtf8(name.empty() ? file : name));
 }
 
 [[noreturn]] void FailToLoad(const std::string& path, const std::string& reason,
@@ -123,10 +123,16 @@ FileKind KindOf(const std::string& path) {
 }
 
 TCBase::Program Load(const std::string& path, Invocation& invocation) {
+  CheckIsNoLog(path, invocation);
   if (const ModeFormat* format = ModeFormatOf(path)) return Import(*format, path, invocation);
   TCBase::Program program;
   if (const auto reason = TCBase::LoadProgram(path, program)) FailToLoad(path, *reason, invocation);
   return program;
+}
+
+void CheckIsNoLog(const std::string& path, const Invocation& invocation) {
+  if (!platform::IsSameFile(path, invocation.logFile)) return;
+  throw CommandError(FileFailed, qor::Format("{1} is the log file; give --log another one", {path}));
 }
 
 void CheckOutput(const std::string& input, const std::string& output) {
@@ -140,6 +146,7 @@ void CheckOutput(const std::string& input, const std::string& output) {
 }
 
 void Save(const TCBase::Program& program, std::size_t mode, const std::string& path, Invocation& invocation) {
+  CheckIsNoLog(path, invocation);
   const ModeFormat* format = ModeFormatOf(path);
   if (format != nullptr) WarnOfLoss(*format, program, program.modes[mode], path, invocation);
   try {

@@ -84,7 +84,7 @@ ExitStatus RunCommand(const Runner& chosen, const CommonOptions& options, Enviro
   TCBase::Localisation texts;
   ChooseLanguage(options.language, environment.settingsFolder, texts);
   LogPrinter printer(environment, options, texts.Translator());
-  Invocation invocation{environment, texts, printer};
+  Invocation invocation{environment, texts, printer, options.logFile};
   try {
     return chosen(invocation);
   } catch (const CommandError& failed) {

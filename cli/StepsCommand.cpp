@@ -6,6 +6,7 @@
 
 #include "QorLib/Exceptions.h"
 #include "QorLib/Format.h"
+#include "QorLib/qor_win_str_utils.h"
 #include "cli/Commands.h"
 #include "cli/ProgramArguments.h"
 #include "cli/ProgramFiles.h"
@@ -17,7 +18,6 @@ namespace cli {
 namespace {
 
 constexpr std::size_t MaxTextBytes = std::size_t{1} << 20;
-constexpr std::size_t FewestSteps = 2;  // of a channel
 
 struct StepsOptions {
   std::string path, out;
@@ -44,6 +44,9 @@ std::string ReadText(const std::string& path, Environment& environment) {
     }
   }
   if (text.size() > MaxTextBytes) throw CommandError(FileFailed, ShownName(path) + " is larger than 1 MiB");
+  if (qor::win::FindBrokenUtf8(text) != std::string::npos || text.find('\0') != std::string::npos) {
+    throw CommandError(FileFailed, ShownName(path) + " is no UTF-8 text; save it as such");
+  }
   return text;
 }
 
@@ -79,7 +82,11 @@ void CheckOptions(const StepsOptions& options) {
   if (isEdit && options.out.empty())
     throw CommandError(WrongUsage, "--set and --add need -o OUT, the file to write");
   if (!isEdit && !options.out.empty()) throw CommandError(WrongUsage, "-o goes with --set or --add");
-  if (isEdit) CheckOutput(options.path, options.out);
+  if (!isEdit) return;
+  CheckOutput(options.path, options.out);
+  if (const std::string& text = options.set.empty() ? options.add : options.set; text != "-") {
+    CheckOutput(text, options.out);
+  }
 }
 
 ExitStatus RunSteps(const StepsOptions& options, Invocation& invocation) {
@@ -94,15 +101,17 @@ ExitStatus RunSteps(const StepsOptions& options, Invocation& invocation) {
     return Done;
   }
   if (!options.set.empty()) {
-    TCBase::ReplaceSteps(channel, ReadSteps(options.set, FewestSteps, invocation));
-    if (channel.steps.size() < FewestSteps) {
+    TCBase::ReplaceSteps(channel, ReadSteps(options.set, TCBase::MinChannelSteps, invocation));
+    if (channel.steps.size() < TCBase::MinChannelSteps) {
       throw CommandError(FileFailed,
                          options.set + ": all steps are at the same minute; at least 2 are needed");
     }
   } else {
     const std::vector<TCBase::Step> steps = ReadSteps(options.add, 1, invocation);
     TCBase::InsertSteps(channel, steps);
-    for (const TCBase::Step& step : steps) {
+    TCBase::Channel added;  // one a minute, as they came into the channel
+    TCBase::InsertSteps(added, steps);
+    for (const TCBase::Step& step : added.steps) {
       invocation.printer.Log().Message("Added new step {1}.", {TCBase::StepText(step)});
     }
   }
@@ -120,13 +129,13 @@ Runner DefineSteps(CLI::App& parser) {
   parser.add_option("--channel", options->channel, "The channel, 1 to 5")
       ->required()
       ->type_name("C")
-      ->check(CLI::Range(1, static_cast<int>(TCBase::ChannelCount)));
+      ->check(CheckNumber(static_cast<int>(TCBase::ChannelCount)));
   CLI::Option* set =
       parser.add_option("--set", options->set, "Replace the steps by those of a text (- is standard input)");
   CLI::Option* add =
       parser.add_option("--add", options->add, "Add the steps of a text (- is standard input)");
-  set->type_name("TEXTFILE")->excludes(add);
-  add->type_name("TEXTFILE");
+  set->type_name("TEXTFILE")->check(CheckPath)->excludes(add);
+  add->type_name("TEXTFILE")->check(CheckPath);
   AddOutput(parser, options->out);
   return [options](Invocation& invocation) { return RunSteps(*options, invocation); };
 }

@@ -5,6 +5,7 @@
 #include "QorLib/Format.h"
 #include "cli/Commands.h"
 #include "cli/LogPrinter.h"
+#include "cli/ProgramArguments.h"
 
 namespace cli {
 namespace {
@@ -42,8 +43,9 @@ Runner DefineTranslation(CLI::App& parser) {
   const auto tested = std::make_shared<std::string>();
   CLI::Option_group& what = *parser.add_option_group("what");
   what.add_option("--export", *exported, "Write all texts, with those marked that --lang lacks")
-      ->type_name("OUT");
-  what.add_option("--test", *tested, "Check a translator's file")->type_name("FILE");
+      ->type_name("OUT")
+      ->check(CheckPath);
+  what.add_option("--test", *tested, "Check a translator's file")->type_name("FILE")->check(CheckPath);
   what.require_option(1);
   return [=](Invocation& invocation) {
     return tested->empty() ? Export(*exported, invocation) : Test(*tested, invocation);

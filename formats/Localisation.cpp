@@ -36,14 +36,7 @@ std::vector<StringTable::Language> Localisation::Languages() {
 
 std::string_view Localisation::Translate(std::string_view english) {
   const std::lock_guard lock(mutex_);
-  const std::optional<std::size_t> entry = table_.Find(english);
-  if (!entry) {
-    const auto [missing, isNew] = isMissing_.emplace(english);
-    if (isNew) missing_.push_back(*missing);
-    return english;
-  }
-  const std::string_view text = current_ ? table_.Text(*entry, *current_) : std::string_view();
-  return text.empty() ? english : text;
+  return table_.Translate(english, current_);
 }
 
 qor::Translate Localisation::Translator() {
@@ -52,7 +45,7 @@ qor::Translate Localisation::Translator() {
 
 std::vector<std::string> Localisation::MissingTexts() {
   const std::lock_guard lock(mutex_);
-  return {missing_.begin(), missing_.end()};
+  return table_.Missing();
 }
 
 std::string Localisation::CurrentLanguage() {
@@ -75,7 +68,7 @@ ExportResult Localisation::Export(const std::string& path) {
     std::string table;
     {
       const std::lock_guard lock(mutex_);
-      table = table_.Write(current_, missing_);
+      table = table_.Write(current_);
     }
     ReplaceFileBytes(path, table);
     return {true, {"Localization file {1} exported successfully!", {path}}, {}};

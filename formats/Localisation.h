@@ -5,7 +5,6 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 #include "QorLib/Log.h"
@@ -69,8 +68,6 @@ class Localisation {
   std::mutex mutex_;  // guards the members below
   StringTable table_;
   std::optional<std::size_t> current_;  // none is English
-  std::vector<std::string_view> missing_;
-  std::unordered_set<std::string> isMissing_;  // its elements never move
 };
 
 /// Makes a language current as the user's choice: it is kept in the settings, and the log says so.

@@ -9,7 +9,15 @@ namespace {
 
 constexpr const char* FileName = "TC420Config.xml";
 constexpr const char* BrokenEnding = ".broken";
-constexpr std::size_t MaxBytes = std::size_t{1} << 20;  // what is larger is no settings file
+constexpr std::size_t MaxTextBytes = std::size_t{1} << 15;  // as long as a path can be
+constexpr std::size_t MaxBytes = std::size_t{1} << 20;      // what is larger is no settings file
+
+/// The text as a file can hold it: UTF-8 without zero bytes, and no longer than a setting can be.
+std::string AsXmlText(std::string_view text) {
+  std::string written = qor::win::WellFormedUtf8(text.substr(0, MaxTextBytes));
+  std::erase(written, '\0');
+  return written;
+}
 
 }  // namespace
 
@@ -34,7 +42,7 @@ std::string Settings::Get(std::string_view key) {
 
 std::string Settings::Get(std::string_view key, std::string_view id, std::string_view defaultText) {
   const std::lock_guard lock(mutex_);
-  const qor::xml::element setting = document_.Root().FindChild(key, id);
+  const qor::xml::element setting = document_.Root().FindChild(key, AsXmlText(id));
   return std::string(setting ? setting.Text() : defaultText);
 }
 
@@ -42,23 +50,22 @@ void Settings::Set(std::string_view key, std::string_view text) {
   const std::lock_guard lock(mutex_);
   qor::xml::element root = document_.Root();
   const qor::xml::element setting = root.FindChild(key);
-  Change(setting ? setting : root.CreateChild(key), text);
+  Change(setting ? setting : root.CreateChild(key), AsXmlText(text));
 }
 
 void Settings::Set(std::string_view key, std::string_view id, std::string_view text) {
   const std::lock_guard lock(mutex_);
+  const std::string writtenId = AsXmlText(id);
   qor::xml::element root = document_.Root();
-  qor::xml::element setting = root.FindChild(key, id);
+  qor::xml::element setting = root.FindChild(key, writtenId);
   if (!setting) {
     setting = root.CreateChild(key);
-    setting.SetAttribute("id", id);
+    setting.SetAttribute("id", writtenId);
   }
-  Change(setting, text);
+  Change(setting, AsXmlText(text));
 }
 
-void Settings::Change(qor::xml::element setting, std::string_view text) {
-  std::string value = qor::win::WellFormedUtf8(text);
-  std::erase(value, '\0');
+void Settings::Change(qor::xml::element setting, const std::string& value) {
   if (setting.Text() == value) return;
   setting.SetText(value);
   const qor::xml::element root = document_.Root();
@@ -66,13 +73,13 @@ void Settings::Change(qor::xml::element setting, std::string_view text) {
     if (child.Text().starts_with('<')) child.SetAnyText(child.Text());
   }
 
-  std::string bytes = document_.Write();
+  const std::string bytes = document_.Write();
   const platform::SystemError failed = WriteFile(bytes);
   if (failed && !hasReported_) {
     log_.Message("Error creating file {1}, error: {2}", {path_, failed.text});
     hasReported_ = true;
   }
-  document_.Parse(std::move(bytes));  // a tree keeps the texts that were replaced; so they go
+  document_.Parse(bytes);  // a tree keeps the texts that were replaced; so they go
 }
 
 platform::SystemError Settings::WriteFile(const std::string& bytes) {

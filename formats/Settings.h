@@ -32,12 +32,13 @@ class Settings {
   /// The value of the setting of that name and id.
   std::string Get(std::string_view key, std::string_view id, std::string_view defaultText);
 
-  /// Values that are no UTF-8 are kept with U+FFFD for their broken parts.
+  /// Keys are names of XML elements. Values and ids that are no UTF-8 are kept with U+FFFD for their broken
+  /// parts, those of more than 32 KiB are cut.
   void Set(std::string_view key, std::string_view text);
   void Set(std::string_view key, std::string_view id, std::string_view text);
 
  private:
-  void Change(qor::xml::element setting, std::string_view text);
+  void Change(qor::xml::element setting, const std::string& value);
   platform::SystemError WriteFile(const std::string& bytes);
 
   std::recursive_mutex mutex_;  // guards the members below

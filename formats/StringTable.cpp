@@ -34,6 +34,15 @@ std::string WithCrLf(std::string_view text) {
   return result;
 }
 
+/// The text with a blank for each line break.
+std::string WithBlanks(std::string_view text) {
+  std::string result;
+  for (const char c : text) {
+    if (c != '\r') result += c == '\n' ? ' ' : c;
+  }
+  return result;
+}
+
 /// What a translation does wrong with the placeholders of the English text; empty when it is right or when
 /// there is no translation.
 std::string PlaceholderFault(std::string_view english, std::string_view translation) {
@@ -112,6 +121,13 @@ std::optional<std::size_t> StringTable::EntryList::Find(std::string_view id) con
   return found->second;
 }
 
+std::vector<std::string> StringTable::EntryList::Ids() const {
+  std::vector<std::string> ids;
+  ids.reserve(list.size());
+  for (const Entry& entry : list) ids.emplace_back(entry.id);
+  return ids;
+}
+
 StringTable::Entry& StringTable::EntryList::Add(std::string_view id) {
   index.emplace(id, list.size());
   return list.emplace_back(Entry{id, {}, {}});
@@ -134,7 +150,12 @@ StringTable::StringTable(std::string_view written) {
     const std::string_view unparsed = entry.substr(std::min(entry.find("<string "), entry.size()));
     const std::string_view id = RawId(unparsed);
     const bool isPlain = id.find('&') == std::string_view::npos;
-    entries_.Add(isPlain ? id : Keep(Decoded(id))).unparsed = unparsed;
+    Entry& added = entries_.Add(isPlain ? id : Keep(Decoded(id)));
+    added.unparsed = unparsed;
+    // Other XML programs make blanks of the line breaks in attributes.
+    if (const std::string blank = WithBlanks(added.id); blank != added.id) {
+      entries_.index.emplace(Keep(blank), entries_.list.size() - 1);
+    }
   }
 }
 
@@ -148,6 +169,19 @@ StringTable::Entry& StringTable::Parsed(Entry& entry) {
 
 std::string_view StringTable::Text(std::size_t entry, std::size_t language) {
   return Parsed(entries_.list[entry]).texts[language];
+}
+
+std::string_view StringTable::Translate(std::string_view english, std::optional<std::size_t> language) {
+  EntryList* list = &entries_;
+  std::optional<std::size_t> known = entries_.Find(english);
+  if (!known) {
+    list = &missing_;
+    known = missing_.Find(english);
+    if (!known) Parsed(missing_.Add(Keep(english)));
+  }
+  if (!known || !language) return english;
+  const std::string_view text = Parsed(list->list[*known]).texts[*language];
+  return text.empty() ? english : text;
 }
 
 std::optional<std::size_t> StringTable::LanguageIndex(std::string_view id) const {
@@ -191,9 +225,12 @@ void StringTable::CheckEntry(const element& source, Faults& faults) const {
     faults.Add(source, "<string id='…'> with an English text was expected here");
     return;
   }
+  constexpr const char* Misplaced = "a translation belongs into an element of its language, such as <de>";
+  if (!source.Text().empty()) faults.Add(source, Misplaced);
   ForEachChild(source, [&](const element& text) {
-    if (text.Name() == UntranslatedMark) return;
-    if (!LanguageIndex(text.Name())) {
+    if (text.Name() == UntranslatedMark) {
+      if (!text.Text().empty()) faults.Add(text, Misplaced);
+    } else if (!LanguageIndex(text.Name())) {
       faults.Add(text, qor::Format("the program has no language '{1}'", {text.Name()}));
     } else if (const std::string fault = PlaceholderFault(id, text.Text()); !fault.empty()) {
       faults.Add(text, fault);
@@ -208,10 +245,11 @@ void StringTable::MergeLanguage(const element& source) {
 }
 
 StringTable::Entry& StringTable::EntryToMerge(std::string_view id) {
-  for (const std::string& spelt : {std::string(id), WithCrLf(id)}) {
-    if (const auto known = entries_.Find(spelt)) return Parsed(entries_.list[*known]);
+  for (EntryList* list : {&entries_, &missing_, &notFound_}) {
+    for (const std::string& spelt : {std::string(id), WithCrLf(id)}) {
+      if (const auto known = list->Find(spelt)) return Parsed(list->list[*known]);
+    }
   }
-  if (const auto known = notFound_.Find(id)) return notFound_.list[*known];
   return Parsed(notFound_.Add(Keep(id)));
 }
 
@@ -222,16 +260,9 @@ void StringTable::MergeTexts(const element& source, Entry& entry) {
   });
 }
 
-std::vector<std::string> StringTable::NotFound() const {
-  std::vector<std::string> ids;
-  for (const Entry& entry : notFound_.list) ids.emplace_back(entry.id);
-  return ids;
-}
-
 // Writing
 
-std::string StringTable::Write(std::optional<std::size_t> language,
-                               std::span<const std::string_view> missing) {
+std::string StringTable::Write(std::optional<std::size_t> language) {
   qor::xml::document written("localisation");
   element languages = written.Root().CreateChild("languages");
   for (const Language& one : languages_) {
@@ -242,10 +273,7 @@ std::string StringTable::Write(std::optional<std::size_t> language,
   }
   element strings = written.Root().CreateChild("strings");
   for (Entry& entry : entries_.list) WriteEntry(Parsed(entry), language, strings);
-  for (const std::string_view text : missing) {
-    Entry entry{text, {}, {}};
-    WriteEntry(Parsed(entry), language, strings);
-  }
+  for (const Entry& entry : missing_.list) WriteEntry(entry, language, strings);
   if (!notFound_.list.empty()) {
     element apart = written.Root().CreateChild("not_found");
     for (const Entry& entry : notFound_.list) WriteEntry(entry, language, apart);

@@ -4,7 +4,6 @@
 #include <cstddef>
 #include <deque>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -38,9 +37,9 @@ class StringTable {
     bool operator==(const Language&) const = default;
   };
 
-  /// A table as `Write` gives it. The bytes are not copied and must outlive the table. Its entries are found
-  /// by their tags and parsed when they are first asked for: a program needs few of them in its first
-  /// moments.
+  /// A table as `Write` gives it for texts that do not begin like a CDATA section. The bytes are not copied
+  /// and must outlive the table. Its entries are found by their tags and parsed when they are first asked
+  /// for: a program needs few of them in its first moments.
   explicit StringTable(std::string_view written);
 
   const std::vector<Language>& Languages() const { return languages_; }
@@ -53,6 +52,11 @@ class StringTable {
   std::optional<std::size_t> Find(std::string_view english) const { return entries_.Find(english); }
   /// The translation; empty when there is none.
   std::string_view Text(std::size_t entry, std::size_t language);
+  /// The translation into a language, or the English text as it was given: where there is none, or for no
+  /// language. A text that the table lacks is remembered.
+  std::string_view Translate(std::string_view english, std::optional<std::size_t> language);
+  /// The remembered texts, in the order of their first time.
+  std::vector<std::string> Missing() const { return missing_.Ids(); }
 
   /// Merges a translator's file: texts that are not empty take the places of those with the same ids. Entries
   /// that the table lacks are kept apart. Line breaks of ids may have lost their CR on the way.
@@ -62,13 +66,12 @@ class StringTable {
   /// then.
   std::vector<std::string> Merge(std::string xml);
   /// The English texts of the entries that were kept apart.
-  std::vector<std::string> NotFound() const;
+  std::vector<std::string> NotFound() const { return notFound_.Ids(); }
 
   /// The table for translators into one language, or (none) into all. An entry that lacks a translation
   /// begins with an empty element "translate" and has an empty one for each missing language. Behind the
-  /// table's entries stand, so marked, the `missing` texts, and under "not_found" the entries that were kept
-  /// apart.
-  std::string Write(std::optional<std::size_t> language, std::span<const std::string_view> missing);
+  /// table's entries stand the remembered texts, and under "not_found" the entries that were kept apart.
+  std::string Write(std::optional<std::size_t> language);
 
  private:
   class Faults;
@@ -84,6 +87,7 @@ class StringTable {
     std::unordered_map<std::string_view, std::size_t> index;
 
     std::optional<std::size_t> Find(std::string_view id) const;
+    std::vector<std::string> Ids() const;
     /// For an id that is not there yet.
     Entry& Add(std::string_view id);
   };
@@ -100,7 +104,8 @@ class StringTable {
   std::deque<std::string> kept_;  // texts that do not stand so in the bytes; a deque never moves them
   std::vector<Language> languages_;
   EntryList entries_;
-  EntryList notFound_;
+  EntryList missing_;   // asked for, and not in the table
+  EntryList notFound_;  // of translators' files, and neither in the table nor asked for
 };
 
 }  // namespace TCBase

@@ -11,7 +11,6 @@
 namespace TCBase {
 namespace {
 
-constexpr std::size_t FewestSteps = 2;  // of a channel
 constexpr std::int64_t LastMinuteSecond = SecondsPerDay - 60;
 
 EditResult Changed(std::string english, std::vector<qor::FormatArgument> arguments = {}) {
@@ -34,7 +33,9 @@ void PutInOrder(Channel& channel) {
 }
 
 Step StepAtMinute(std::int64_t minute, float value, bool jump) {
-  return MakeStep(static_cast<int>(minute / 60 % 24), static_cast<int>(minute % 60), value, jump);
+  Step step = MakeStep(static_cast<int>(minute / 60 % 24), static_cast<int>(minute % 60), value, jump);
+  step.Clamp();
+  return step;
 }
 
 /// The steps on a grid that runs from midnight: each rounded down, but at least one grid line behind the one
@@ -86,6 +87,7 @@ EditResult AddEndpointStep(Mode& mode, Endpoint endpoint) {
 }
 
 EditResult AlignSteps(Mode& mode, int minutes) {
+  if (minutes < 1) return {};
   for (Channel& channel : mode.channels) {
     channel.steps = Aligned(channel.steps, minutes);
     PutInOrder(channel);
@@ -98,7 +100,7 @@ EditResult DeleteStep(Mode& mode, std::size_t channel, std::size_t step) {
   if (channel >= ChannelCount) return {};
   std::vector<Step>& steps = mode.channels[channel].steps;
   if (step >= steps.size()) return {};
-  if (steps.size() <= FewestSteps) {
+  if (steps.size() <= MinChannelSteps) {
     return Unchanged("Unable to delete step. Minimum 2 steps per channel is required.");
   }
   steps.erase(steps.begin() + static_cast<std::ptrdiff_t>(step));

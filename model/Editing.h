@@ -25,8 +25,8 @@ EditResult AddStepToAllChannels(Mode& mode, std::int64_t second);
 enum class Endpoint { Start, End };  // 00:00 and 23:59
 EditResult AddEndpointStep(Mode& mode, Endpoint endpoint);
 
-/// Moves all steps onto multiples of `minutes` (at least 1), those of a channel at least so far apart. What
-/// is pushed past midnight comes round to the morning.
+/// Moves all steps onto multiples of `minutes`, those of a channel at least so far apart; nothing for less
+/// than 1. What is pushed past midnight comes round to the morning.
 EditResult AlignSteps(Mode& mode, int minutes);
 
 /// Refused when the channel would keep fewer than 2 steps.

@@ -10,6 +10,7 @@
 
 namespace TCBase {
 
+inline constexpr std::size_t MinChannelSteps = 2;
 inline constexpr int MaxModeSteps = 48;         // what a controller takes in one mode
 inline constexpr int MaxModeStepsEarlier = 20;  // what the earlier TC420 in the blue case takes
 

@@ -43,16 +43,27 @@ bool WriteAll(int file, std::string_view bytes) {
   return true;
 }
 
-/// The file that `path` names when links are followed; `path` itself when nothing is there yet.
-std::string Resolved(const std::string& path) {
-  char resolved[PATH_MAX];
-  return realpath(path.c_str(), resolved) != nullptr ? std::string(resolved) : path;
-}
-
 std::string FolderOf(const std::string& path) {
   const std::size_t slash = path.rfind('/');
   if (slash == std::string::npos) return ".";
   return slash == 0 ? "/" : path.substr(0, slash);
+}
+
+/// The file that `path` names when links are followed, also when that file is not there yet. What has no path
+/// of its own, such as a pipe, stays under the name that it was given.
+std::string Resolved(const std::string& path) {
+  constexpr int MostLinks = 40;
+  char text[PATH_MAX];
+  struct stat status {};
+  if (stat(path.c_str(), &status) == 0) return realpath(path.c_str(), text) != nullptr ? text : path;
+  std::string target = path;
+  for (int i = 0; i < MostLinks; ++i) {
+    const ssize_t length = readlink(target.c_str(), text, sizeof text);
+    if (length < 0) return target;
+    const std::string link(text, static_cast<std::size_t>(length));
+    target = link.starts_with('/') ? link : FolderOf(target) + "/" + link;
+  }
+  return path;
 }
 
 SystemError WriteInPlace(const std::string& path, std::string_view bytes) {
@@ -119,9 +130,7 @@ SystemError ReplaceWholeFile(const std::string& path, std::string_view bytes) {
   const std::string target = Resolved(path);
   struct stat old {};
   const bool exists = stat(target.c_str(), &old) == 0;
-  struct stat own {};
-  const bool isLinkToNothing = !exists && lstat(target.c_str(), &own) == 0 && S_ISLNK(own.st_mode);
-  if (isLinkToNothing || (exists && !S_ISREG(old.st_mode))) return WriteInPlace(target, bytes);
+  if (exists && !S_ISREG(old.st_mode)) return WriteInPlace(target, bytes);
   // Renaming asks for no right to the old file; one that is protected from writing stays protected.
   if (exists && access(target.c_str(), W_OK) != 0) return LastError();
 

@@ -104,7 +104,7 @@ TEST_F(CliFiles, EditsSteps) {
   EXPECT_EQ(LineCount(out), 1u);
   EXPECT_EQ(Table(b), Table(a)) << "all steps are at half hours";
 
-  for (const char* minutes : {"0", "61", "-5", "1.5", "x"}) {
+  for (const char* minutes : {"0", "61", "-5", "1.5", "x", "030", "0x10", ""}) {
     EXPECT_EQ(Run({"align", a, "--minutes", minutes, "-o", b}), cli::WrongUsage) << minutes;
   }
   EXPECT_EQ(Run({"add-step", a, "--at", "24:00", "-o", b}), cli::WrongUsage);
@@ -143,7 +143,7 @@ TEST_F(CliFiles, SetsAndAddsStepsFromText) {
   EXPECT_EQ(Run({"steps", a, "--mode", "1", "--channel", "5", "--add", "-", "-o", b}), cli::Done);
   EXPECT_EQ(
       out,
-      "Text contains 3 steps\nAdded new step 12:00 5.\nAdded new step 00:00 0.\nAdded new step 09:30 1.\n");
+      "Text contains 3 steps\nAdded new step 00:00 0.\nAdded new step 09:30 1.\nAdded new step 12:00 5.\n");
   EXPECT_EQ(err,
             "halvex: warning: standard input, line 2 is no step and was left out\n"
             "halvex: warning: standard input, line 3 lacks a number, which was taken as 0\n");
@@ -161,6 +161,10 @@ TEST_F(CliFiles, SetsAndAddsStepsFromText) {
                           {{"--add", "-", "-o", b}, "no step", cli::FileFailed},
                           {{"--add", "-", "-o", b}, std::string((1 << 20) + 1, ' '), cli::FileFailed},
                           {{"--add", folder.File("missing"), "-o", b}, "", cli::FileFailed},
+                          {{"--add", "-", "-o", b}, "9\xFF:00 1\n8:00 1", cli::FileFailed},
+                          {{"--add", text, "-o", text}, "", cli::WrongUsage},
+                          {{"--add", "", "-o", b}, "", cli::WrongUsage},
+                          {{"--add", "-", "-o", b, "--log", a}, "9:00 1", cli::FileFailed},
                           {{"--add", "-"}, "9:00 1", cli::WrongUsage},
                           {{"--add", "-", "--set", "-", "-o", b}, "9:00 1", cli::WrongUsage},
                           {{"-o", b}, "", cli::WrongUsage},

@@ -85,6 +85,9 @@ TEST_F(LocalisationTest, TranslatesOrLeavesEnglish) {
 TEST_F(LocalisationTest, RemembersMissingTextsOnce) {
   for (const char* text : {"new", "Mode {1}", "mode {1}", "new"}) EXPECT_EQ(texts.Translate(text), text);
   EXPECT_EQ(texts.MissingTexts(), (std::vector<std::string>{"new", "mode {1}"}));
+  EXPECT_TRUE(TestBytes(File("<string id='mode {1}'><de>modus {1}</de></string>")).isLoaded);
+  texts.SetLanguage("de");
+  EXPECT_EQ(texts.Translate("mode {1}"), "modus {1}") << "translated once a translator has seen to it";
   texts.SetLanguage("sk");
   EXPECT_NE(Exported().find("<string id='new'>\r\n      <translate/>\r\n      <sk/>\r\n    </string>"),
             std::string::npos);
@@ -112,12 +115,15 @@ TEST_F(LocalisationTest, MergesATranslatorsFile) {
       "<string id=\"a&lt;b\nc'\"><de>e\nf</de></string>"
       "<string id='unknown'><de>g</de></string></strings></localisation>");
   EXPECT_TRUE(result.isLoaded);
+  EXPECT_EQ(result.notFound, std::vector<std::string>{"unknown"});
   EXPECT_EQ(result.message.In(qor::InEnglish),
             "Translation file " + folder.File("t.xml") + " loaded successfully!");
   EXPECT_EQ(Texts(texts.SetLanguage("de")).back(), "translated by C. D.!");
   EXPECT_EQ(texts.Translate("Mode {1}"), "Modus {1}") << "an empty text changes nothing";
   EXPECT_EQ(texts.Translate("a<b\r\nc'"), "e\r\nf");
   EXPECT_EQ(texts.Translate("unknown"), "unknown");
+  EXPECT_TRUE(TestBytes(File("<string id=\"a&lt;b c'\"><de>blanks</de></string>")).isLoaded);
+  EXPECT_EQ(texts.Translate("a<b\r\nc'"), "blanks");
   texts.SetLanguage("sk");
   EXPECT_EQ(texts.Translate("Mode {1}"), "{1}. mod");
   EXPECT_EQ(before, "a<b\r\nc'");
@@ -145,6 +151,10 @@ TEST_F(LocalisationTest, RefusesAFaultyFileByLine) {
              "line 6, column 23: there is no placeholder {2} in the English text"}));
   EXPECT_EQ(FaultsOf("<localisation><languages><language id='xx'/></languages><strings/></localisation>"),
             Lines{"line 1, column 26: the program has no language 'xx'"});
+  EXPECT_EQ(
+      FaultsOf(File("<string id='x'>y<translate>z</translate></string>")),
+      (Lines{"line 3, column 1: a translation belongs into an element of its language, such as <de>",
+             "line 3, column 17: a translation belongs into an element of its language, such as <de>"}));
   EXPECT_EQ(FaultsOf("").size(), 1u);
   EXPECT_EQ(texts.Test(folder.File("missing.xml")).faults.size(), 1u);
 }
@@ -197,6 +207,7 @@ TEST(BuiltInTable, KeepsTheShapeOfTheTexts) {
   const auto lineEnds = [](std::string_view text) { return std::count(text.begin(), text.end(), '\r'); };
   for (std::size_t entry = 0; entry < table.Size(); ++entry) {
     const std::string_view english = table.English(entry);
+    EXPECT_EQ(table.Find(english), entry) << english << " stands there twice";
     for (std::size_t language = 0; language < table.Languages().size(); ++language) {
       const std::string_view text = table.Text(entry, language);
       EXPECT_EQ(lineEnds(text), lineEnds(english)) << english << ": " << text;

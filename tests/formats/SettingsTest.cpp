@@ -72,6 +72,8 @@ TEST_F(SettingsTest, KeepsWhateverTextItIsGiven) {
     EXPECT_EQ(Reopened("key"), text) << "written again";
   }
   settings.Set("key", std::string_view("a\xFF\0b", 4));
+  settings.Set("place", "\xFF", "1");
+  EXPECT_EQ(settings.Get("place", "\xFF", ""), "1");
   EXPECT_EQ(Reopened("key"),
             "a\xEF\xBF\xBD"
             "b");

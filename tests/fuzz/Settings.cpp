@@ -33,10 +33,10 @@ void Feed(std::string_view input) {
   TCBase::Settings settings(folder.string(), log);
   settings.Get(TCBase::SettingLogging);
   settings.Set(TCBase::SettingLocale, value);
-  settings.Set(TCBase::SettingLastOpenFile, "main", value);
+  settings.Set(TCBase::SettingLastOpenFile, value, value);
   TCBase::Settings reopened(folder.string(), log);
   Expect(reopened.Get(TCBase::SettingLocale) == settings.Get(TCBase::SettingLocale), "values are kept");
-  Expect(reopened.Get(TCBase::SettingLastOpenFile, "main", "") == settings.Get(TCBase::SettingLocale),
+  Expect(reopened.Get(TCBase::SettingLastOpenFile, value, "") == settings.Get(TCBase::SettingLocale),
          "values with an id are kept");
   for (const auto& file : std::filesystem::directory_iterator(folder)) std::filesystem::remove(file);
 }

@@ -56,6 +56,11 @@ TEST(Files, KeepsPermissionsAndLinks) {
   fs::create_symlink("program.xml", folder.File("link.xml"));
   ASSERT_FALSE(ReplaceWholeFile(folder.File("link.xml"), "new"));
   EXPECT_TRUE(fs::is_symlink(folder.File("link.xml")));
+  fs::create_symlink("link2.xml", folder.File("link1.xml"));
+  fs::create_symlink("later.xml", folder.File("link2.xml"));
+  ASSERT_FALSE(ReplaceWholeFile(folder.File("link1.xml"), "later"));
+  EXPECT_EQ(test::Contents(folder.File("later.xml")), "later");
+  EXPECT_TRUE(fs::is_symlink(folder.File("link2.xml")));
   EXPECT_EQ(test::Contents(path), "new");
   EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 }
