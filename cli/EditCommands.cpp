@@ -28,7 +28,7 @@ void AddEditOptions(CLI::App& parser, EditOptions& options) {
 /// not changed.
 template <typename Edit>
 ExitStatus EditModes(const EditOptions& options, Invocation& invocation, Edit edit) {
-  CheckOutput(options.in, options.out);
+  CheckOutput(options.in, options.out, invocation);
   TCBase::Program program = Load(options.in, invocation);
   const std::vector<std::size_t> indices = ModeIndicesOf(program, options.modes, options.in);
   for (const std::size_t index : indices) {

@@ -20,7 +20,7 @@ ExitStatus RunConvert(const ConvertOptions& options, Invocation& invocation) {
   if (!KindOf(options.in)) {
     throw CommandError(WrongUsage, qor::Format("{1} does not end in .xml, .tmf or .lmf", {options.in}));
   }
-  CheckOutput(options.in, options.out);
+  CheckOutput(options.in, options.out, invocation);
   TCBase::Program program = Load(options.in, invocation);
   if (!options.modes.empty()) {
     const TCBase::Program::ModeListView modes(program, ModeIndicesOf(program, options.modes, options.in));

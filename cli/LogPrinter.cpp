@@ -53,6 +53,11 @@ void LogPrinter::OpenFile(const qor::Translate& translate) {
   }
 }
 
+void LogPrinter::CloseFile() {
+  const std::lock_guard lock(mutex_);
+  file_.close();
+}
+
 void LogPrinter::Print() {
   const std::lock_guard lock(mutex_);
   for (const qor::Log::Line& line : log_.TakeLines()) {

@@ -21,6 +21,8 @@ class LogPrinter {
   LogPrinter(Environment& environment, const CommonOptions& options, qor::Translate translate);
 
   qor::Log& Log() { return log_; }
+  /// Leaves the log file alone from now on.
+  void CloseFile();
   /// Prints a complaint on standard error, in the log file as well.
   void Complain(const std::string& sentence);
   /// Complains of the first few of many things of a kind, and says how many there are.

@@ -132,10 +132,12 @@ TCBase::Program Load(const std::string& path, Invocation& invocation) {
 
 void CheckIsNoLog(const std::string& path, const Invocation& invocation) {
   if (!platform::IsSameFile(path, invocation.logFile)) return;
+  invocation.printer.CloseFile();  // the complaint must not go into it
   throw CommandError(FileFailed, qor::Format("{1} is the log file; give --log another one", {path}));
 }
 
-void CheckOutput(const std::string& input, const std::string& output) {
+void CheckOutput(const std::string& input, const std::string& output, const Invocation& invocation) {
+  CheckIsNoLog(output, invocation);
   if (!KindOf(output)) {
     throw CommandError(WrongUsage, qor::Format("{1} does not end in {2}", {output, KnownEndings}));
   }

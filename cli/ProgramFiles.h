@@ -22,10 +22,11 @@ FileKind KindOf(const std::string& path);
 /// as XML.
 TCBase::Program Load(const std::string& path, Invocation& invocation);
 
-/// Refuses an output path of no known kind, or one that leads to the input file.
-void CheckOutput(const std::string& input, const std::string& output);
-/// Refuses to use a file that is the log file.
+/// Refuses to use a file that is the log file; before the first line is logged, to save the file.
 void CheckIsNoLog(const std::string& path, const Invocation& invocation);
+
+/// Refuses an output path of no known kind, or one that leads to the input file or the log file.
+void CheckOutput(const std::string& input, const std::string& output, const Invocation& invocation);
 
 /// Writes a program safely. Into a file of a single mode goes the one at `mode`, and a complaint names it
 /// when there are more. What is of no known kind becomes XML.

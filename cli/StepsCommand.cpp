@@ -77,20 +77,20 @@ std::vector<TCBase::Step> ReadSteps(const std::string& path, std::size_t fewest,
   return steps;
 }
 
-void CheckOptions(const StepsOptions& options) {
+void CheckOptions(const StepsOptions& options, const Invocation& invocation) {
   const bool isEdit = !options.set.empty() || !options.add.empty();
   if (isEdit && options.out.empty())
     throw CommandError(WrongUsage, "--set and --add need -o OUT, the file to write");
   if (!isEdit && !options.out.empty()) throw CommandError(WrongUsage, "-o goes with --set or --add");
   if (!isEdit) return;
-  CheckOutput(options.path, options.out);
+  CheckOutput(options.path, options.out, invocation);
   if (const std::string& text = options.set.empty() ? options.add : options.set; text != "-") {
-    CheckOutput(text, options.out);
+    CheckOutput(text, options.out, invocation);
   }
 }
 
 ExitStatus RunSteps(const StepsOptions& options, Invocation& invocation) {
-  CheckOptions(options);
+  CheckOptions(options, invocation);
   TCBase::Program program = Load(options.path, invocation);
   const std::size_t index = ModeIndexOf(program, options.mode, options.path);
   TCBase::Mode& mode = program.modes[index];

@@ -6,6 +6,7 @@
 #include "cli/Commands.h"
 #include "cli/LogPrinter.h"
 #include "cli/ProgramArguments.h"
+#include "cli/ProgramFiles.h"
 
 namespace cli {
 namespace {
@@ -48,6 +49,7 @@ Runner DefineTranslation(CLI::App& parser) {
   what.add_option("--test", *tested, "Check a translator's file")->type_name("FILE")->check(CheckPath);
   what.require_option(1);
   return [=](Invocation& invocation) {
+    CheckIsNoLog(tested->empty() ? *exported : *tested, invocation);
     return tested->empty() ? Export(*exported, invocation) : Test(*tested, invocation);
   };
 }

@@ -150,6 +150,7 @@ TEST_F(CliFiles, SetsAndAddsStepsFromText) {
   EXPECT_EQ(Steps(b, "5"), "00:00 0\n09:00 0\n09:30 1\n12:00 5\n21:30 30\n22:00 0\n");
 
   test::Write(b, "precious");
+  const std::string before = test::Contents(a);
   struct Case {
     std::vector<std::string> arguments;
     std::string text;
@@ -165,6 +166,7 @@ TEST_F(CliFiles, SetsAndAddsStepsFromText) {
                           {{"--add", text, "-o", text}, "", cli::WrongUsage},
                           {{"--add", "", "-o", b}, "", cli::WrongUsage},
                           {{"--add", "-", "-o", b, "--log", a}, "9:00 1", cli::FileFailed},
+                          {{"--add", "-", "-o", b, "--log", b}, "9:00 1", cli::FileFailed},
                           {{"--add", "-"}, "9:00 1", cli::WrongUsage},
                           {{"--add", "-", "--set", "-", "-o", b}, "9:00 1", cli::WrongUsage},
                           {{"-o", b}, "", cli::WrongUsage},
@@ -175,6 +177,7 @@ TEST_F(CliFiles, SetsAndAddsStepsFromText) {
     in = one.text;
     EXPECT_EQ(Run(arguments), one.status) << one.text << err;
     EXPECT_EQ(test::Contents(b), "precious");
+    EXPECT_EQ(test::Contents(a), before);
   }
 }
 
