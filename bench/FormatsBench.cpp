@@ -61,6 +61,13 @@ void LoadStringTable(benchmark::State& state) {
   for (auto _ : state) benchmark::DoNotOptimize(TCBase::StringTable(platform::StringTableResource()));
 }
 
+void LoadAllOfStringTable(benchmark::State& state) {
+  for (auto _ : state) {
+    TCBase::StringTable table(platform::StringTableResource());
+    for (std::size_t entry = 0; entry < table.Size(); ++entry) benchmark::DoNotOptimize(table.Text(entry, 0));
+  }
+}
+
 void LoadStringTableByPugi(benchmark::State& state) {
   const std::string_view bytes = platform::StringTableResource();
   for (auto _ : state) {
@@ -75,6 +82,7 @@ BENCHMARK(ExportRawByDefinition)->Unit(benchmark::kMillisecond);
 BENCHMARK(Translate);
 BENCHMARK(TranslateByPlainMap);
 BENCHMARK(LoadStringTable);
+BENCHMARK(LoadAllOfStringTable);
 BENCHMARK(LoadStringTableByPugi);
 
 }  // namespace

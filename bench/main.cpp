@@ -35,6 +35,8 @@ std::vector<Ratio> Ratios() {
        AtMost, 3},
       {"loading the built-in string table, against parsing its bytes by pugixml", "LoadStringTable",
        "LoadStringTableByPugi", 1, AtMost, 1},
+      {"the same, and each of its entries parsed", "LoadAllOfStringTable", "LoadStringTableByPugi", 1, AtMost,
+       std::nullopt},
   };
   const auto addXml = [&ratios](const std::string& what, const std::string& halvex) {
     const auto row = [&](const std::string& memory, const char* fresh, std::optional<double> required) {
