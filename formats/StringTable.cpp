@@ -153,8 +153,8 @@ StringTable::StringTable(std::string_view written) {
     Entry& added = entries_.Add(isPlain ? id : Keep(Decoded(id)));
     added.unparsed = unparsed;
     // Other XML programs make blanks of the line breaks in attributes.
-    if (const std::string blank = WithBlanks(added.id); blank != added.id) {
-      entries_.index.emplace(Keep(blank), entries_.list.size() - 1);
+    if (added.id.find('\n') != std::string_view::npos) {
+      entries_.index.emplace(Keep(WithBlanks(added.id)), entries_.list.size() - 1);
     }
   }
 }
@@ -162,8 +162,7 @@ StringTable::StringTable(std::string_view written) {
 StringTable::Entry& StringTable::Parsed(Entry& entry) {
   entry.texts.resize(languages_.size());
   if (entry.unparsed.empty()) return entry;
-  qor::xml::document parsed;
-  if (!parsed.Parse(std::string(std::exchange(entry.unparsed, {})))) MergeTexts(parsed.Root(), entry);
+  if (!parsed_.Parse(std::string(std::exchange(entry.unparsed, {})))) MergeTexts(parsed_.Root(), entry);
   return entry;
 }
 

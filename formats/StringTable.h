@@ -101,6 +101,7 @@ class StringTable {
   void WriteEntry(const Entry& entry, std::optional<std::size_t> language, qor::xml::element list) const;
   std::string_view Keep(std::string_view text) { return kept_.emplace_back(text); }
 
+  qor::xml::document parsed_;     // the entry that was parsed last; its memory serves the next one
   std::deque<std::string> kept_;  // texts that do not stand so in the bytes; a deque never moves them
   std::vector<Language> languages_;
   EntryList entries_;
