@@ -30,8 +30,8 @@ bool IsWithinRanges(const Step& step) {
          step.value <= 100;
 }
 
-/// The seconds from `from` up to and without `to`, over all of which the curve runs from `previous` to `next`
-/// and reaches neither.
+/// The seconds from `from` up to and without `to`, as the curve runs from `previous` to `next` without
+/// passing the time of `previous`. At the very time of `next` its own value counts, which the caller sets.
 void FillStretch(const Step& previous, const Step& next, int from, int to, Day& day) {
   std::uint8_t* const stretch = day.data() + from;
   const Fade fade(previous, next);
