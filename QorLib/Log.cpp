@@ -9,16 +9,6 @@ namespace qor {
 
 Log::Log(std::function<TimeOfDay()> timeOfDay) : timeOfDay_(std::move(timeOfDay)) {}
 
-void Log::SetTracing(bool on) {
-  const std::lock_guard lock(mutex_);
-  isTracing_ = on;
-}
-
-bool Log::IsTracing() {
-  const std::lock_guard lock(mutex_);
-  return isTracing_;
-}
-
 void Log::Message(std::string_view english, std::initializer_list<FormatArgument> arguments) {
   Write(Kind::Message, Format(translate_(english), arguments));
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <atomic>
 #include <functional>
 #include <initializer_list>
 #include <mutex>
@@ -37,7 +38,9 @@ class Log {
   /// outside the sink's lock; it may take the lines.
   void OnLine(std::function<void()> onLine) { onLine_ = std::move(onLine); }
   void SetTranslation(Translate translate) { translate_ = std::move(translate); }
-  void SetTracing(bool on);
+  void SetTracing(bool on) { isTracing_ = on; }
+  /// Whether trace lines are kept: no need to put one together when they are not.
+  bool IsTracing() const { return isTracing_; }
 
   /// Writes a message: `english` translated, then its placeholders replaced.
   void Message(std::string_view english, std::initializer_list<FormatArgument> arguments = {});
@@ -56,15 +59,14 @@ class Log {
   std::vector<Line> TakeLines();
 
  private:
-  bool IsTracing();
   void Write(Kind kind, std::string text);
 
   std::function<TimeOfDay()> timeOfDay_;
   std::function<void()> onLine_;
   Translate translate_ = InEnglish;
-  std::mutex mutex_;  // guards the members below
+  std::atomic<bool> isTracing_ = false;
+  std::mutex mutex_;  // guards the member below
   std::vector<Line> lines_;
-  bool isTracing_ = false;
 };
 
 /// The lines as one text for a log pane, each ending in CR LF; the rows of a dump keep their line feeds.

@@ -17,7 +17,7 @@ void Upload(benchmark::State& state) {
     qor::Log log([] { return qor::TimeOfDay{}; });
     log.SetTracing(true);
     JobControl control;
-    const JobContext job{{platform::SystemClock(), log}, control};
+    const JobContext job{{platform::SystemClock(), log, platform::SystemNetwork()}, control};
     if (!UploadDevice(emulator, modes, job).IsDone()) state.SkipWithError("the upload failed");
   }
 }

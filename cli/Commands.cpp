@@ -15,7 +15,12 @@ std::span<const Command> Commands() {
       {"add-step", "Add a step to all channels", DefineAddStep},
       {"packets", "Show the packets that an upload would send", DefinePackets},
       {"upload", "Upload a program to controllers", DefineUpload},
-      {"devices", "List the controllers that are plugged in", DefineDevices},
+      {"demo", "Play a mode's whole day on controllers, in a minute", DefineDemo},
+      {"sync-time", "Set controllers' clocks to this computer's time", DefineSyncTime},
+      {"set-time", "Set controllers' clocks to a date and time", DefineSetTime},
+      {"clear", "Remove all modes from controllers", DefineClear},
+      {"wifi", "Have a TC421 join a Wi-Fi network", DefineWiFi},
+      {"devices", "List the controllers that are plugged in, or on the network", DefineDevices},
       {"monitor", "Report controllers being plugged in and out, until Ctrl+C", DefineMonitor},
       {"translation", "Write the program's texts for translators, or check their file", DefineTranslation},
   };

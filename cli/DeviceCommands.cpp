@@ -1,109 +1,24 @@
 // SPDX-License-Identifier: MIT
-// upload, devices, monitor
+// upload, sync-time, set-time, clear
 #include <algorithm>
+#include <chrono>
 #include <memory>
 #include <ostream>
 
 #include "QorLib/Format.h"
 #include "cli/Commands.h"
-#include "cli/JsonOutput.h"
+#include "cli/DeviceArguments.h"
+#include "cli/DeviceJob.h"
 #include "cli/LogPrinter.h"
 #include "cli/ProgramArguments.h"
 #include "cli/ProgramFiles.h"
-#include "device/CreateDevice.h"
-#include "platform/SystemError.h"
-#include "worker/Worker.h"
 
 namespace cli {
 namespace {
 
-using Stage = TCBase::DeviceOutcome::Stage;
-
-constexpr std::uint32_t PollMilliseconds = 20;
-constexpr const char* AccessAdvice =
-    "; on Linux, install the udev rule 70-halvex.rules and plug the controller in again";
-
-struct DeviceName {
-  std::string_view name;
-  TCBase::DeviceKind kind;
-};
-constexpr DeviceName DeviceNames[] = {{"emulator", TCBase::DeviceKind::Emulator},
-                                      {"tc420", TCBase::DeviceKind::TC420}};
-constexpr DeviceName UsbModels[] = {{"tc420", TCBase::DeviceKind::TC420},
-                                    {"tc421", TCBase::DeviceKind::TC421Usb}};
-
-TCBase::DeviceInfo DeviceOf(const std::string& argument) {
-  for (const DeviceName& known : DeviceNames) {
-    if (known.name != argument) continue;
-    TCBase::DeviceInfo info = TCBase::DeviceOfKind(known.kind);
-    info.selected = true;
-    return info;
-  }
-  if (argument.starts_with("tc421")) {
-    throw CommandError(WrongUsage, "the TC421 is not supported yet; devices are emulator and tc420");
-  }
-  throw CommandError(WrongUsage,
-                     qor::Format("there is no device '{1}'; devices are emulator and tc420", {argument}));
-}
-
-std::vector<TCBase::DeviceInfo> DevicesOf(const std::vector<std::string>& arguments) {
-  std::vector<TCBase::DeviceInfo> devices;
-  for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
-    if (std::find(arguments.begin(), argument, *argument) != argument) {
-      throw CommandError(WrongUsage, qor::Format("the device {1} is named twice", {*argument}));
-    }
-    devices.push_back(DeviceOf(*argument));
-  }
-  return devices;
-}
+using Devices = std::vector<TCBase::DeviceInfo>;
 
 // upload
-
-std::string_view StageText(Stage stage) {
-  switch (stage) {
-    case Stage::Done: return "done";
-    case Stage::NotReached: return "not reached";
-    case Stage::NotConnected: return "could not be opened";
-    case Stage::Refused: return "modes not taken";
-    case Stage::Incomplete: return "incomplete";
-    case Stage::Cancelled: return "stopped before all modes were sent";
-  }
-  return "";
-}
-
-/// Names each device on which the job was not done; the exit status for all of them together.
-ExitStatus Report(const std::vector<TCBase::DeviceOutcome>& outcomes, bool isInterrupted,
-                  LogPrinter& printer) {
-  bool hasFailed = false;
-  bool lacksAccess = false;
-  for (const TCBase::DeviceOutcome& outcome : outcomes) {
-    if (outcome.IsDone()) continue;
-    const bool isDenied = outcome.stage == Stage::NotConnected && platform::SaysNoAccess(outcome.detail);
-    const bool isStop = outcome.stage == Stage::Cancelled || outcome.stage == Stage::NotReached;
-    hasFailed |= !isStop || !isInterrupted;
-    lacksAccess |= isDenied;
-    printer.Complain(qor::Format("{1}: {2}{3}{4}{5}", {outcome.device.name, StageText(outcome.stage),
-                                                       outcome.detail.empty() ? "" : ": ", outcome.detail,
-                                                       isDenied ? AccessAdvice : ""}));
-  }
-  if (hasFailed) return lacksAccess ? NoAccess : DeviceFailed;
-  return isInterrupted ? Interrupted : Done;
-}
-
-/// Waits for the worker's job; Ctrl+C stops it. Returns whether it was interrupted.
-bool WaitForJob(TCBase::Worker& worker, Environment& environment, LogPrinter& printer) {
-  bool isStopping = false;
-  while (worker.IsBusy()) {
-    if (environment.isInterrupted()) {
-      if (!isStopping) printer.Complain("stopping after the mode that is being sent");
-      isStopping = true;
-      // Again and again: a job that is just beginning drops what was posted before it.
-      worker.Control().Post(TCBase::JobControl::Stop);
-    }
-    environment.clock.Sleep(PollMilliseconds);
-  }
-  return isStopping;
-}
 
 struct UploadOptions {
   std::string path;
@@ -112,58 +27,85 @@ struct UploadOptions {
 };
 
 ExitStatus RunUpload(const UploadOptions& options, Invocation& invocation) {
-  const std::vector<TCBase::DeviceInfo> devices = DevicesOf(options.devices);
+  const Devices devices = DevicesOf(options.devices);
   const TCBase::Program program = Load(options.path, invocation);
   const TCBase::Program::ModeListView modes(program, ModeIndicesOf(program, options.modes, options.path));
-
-  LogPrinter& printer = invocation.printer;
-  WarnOfLongModes(modes, printer);
-  invocation.environment.watchInterrupts();
-  TCBase::Worker worker({invocation.environment.clock, printer.Log()}, TCBase::Worker::UsbWatch::Off);
-  worker.StartUpload(devices, modes);
-  const bool isInterrupted = WaitForJob(worker, invocation.environment, printer);
-  return Report(worker.Outcomes(), isInterrupted, printer);
+  if (TCBase::HasTC420(devices)) WarnOfLongModes(modes, invocation.printer);
+  return RunJob({[&](TCBase::Worker& worker) { worker.StartUpload(devices, modes); },
+                 "stopping after the mode that is being sent"},
+                invocation);
 }
 
-// devices
+// sync-time, set-time
 
-ExitStatus RunDevices(bool asJson, Invocation& invocation) {
-  LogPrinter& printer = invocation.printer;
-  Json found = Json::array();
-  bool lacksAccess = false;
-  for (const DeviceName& model : UsbModels) {
-    const TCBase::DeviceInfo info = TCBase::DeviceOfKind(model.kind);
-    const auto device = TCBase::CreateDevice(info, {invocation.environment.clock, printer.Log()});
-    if (device->Open()) {
-      found.push_back({{"device", model.name}, {"name", info.name}, {"transport", "usb"}});
-    } else if (platform::SaysNoAccess(device->OpenFailure())) {
-      lacksAccess = true;
-      printer.Complain(qor::Format("{1}: {2}{3}", {info.name, device->OpenFailure(), AccessAdvice}));
-    }
-  }
-  if (asJson) {
-    Print(found, invocation.environment.out);
-  } else {
-    for (const auto& entry : found) {
-      invocation.environment.out << entry["device"].get<std::string>() << "  "
-                                 << entry["name"].get<std::string>() << "  USB\n";
-    }
-  }
-  if (!found.empty()) return Done;
-  if (lacksAccess) return NoAccess;
-  if (!asJson) printer.Complain("no controller could be opened");
-  return NothingFound;
+ExitStatus SetTime(const Devices& devices, const platform::SYSTEMTIME& time, Invocation& invocation) {
+  return RunJob({[&](TCBase::Worker& worker) { worker.StartTimeSync(devices, time); }}, invocation);
 }
 
-// monitor
+/// The number at that place of the text, which is all digits.
+int NumberAt(const std::string& text, std::size_t start, std::size_t length) {
+  return std::stoi(text.substr(start, length));
+}
 
-ExitStatus RunMonitor(Invocation& invocation) {
-  LogPrinter& printer = invocation.printer;
-  invocation.environment.watchInterrupts();
-  TCBase::Worker worker({invocation.environment.clock, printer.Log()}, TCBase::Worker::UsbWatch::On);
-  Environment& environment = invocation.environment;
-  while (!environment.isInterrupted() && environment.out) environment.clock.Sleep(PollMilliseconds);
-  return Done;
+/// Whether the text has that form, in which 0 stands for any digit.
+bool HasForm(std::string_view text, std::string_view form) {
+  return std::ranges::equal(text, form,
+                            [](char c, char f) { return f == '0' ? c >= '0' && c <= '9' : c == f; });
+}
+
+platform::SYSTEMTIME DateAndTimeOf(const std::string& text) {
+  using namespace std::chrono;
+  constexpr int FirstYear = 1601;  // as SYSTEMTIME has it
+  const auto field = [](auto number) { return static_cast<std::uint16_t>(number); };
+  if (HasForm(text, "0000-00-00 00:00:00")) {
+    const year_month_day date{year(NumberAt(text, 0, 4)), month(static_cast<unsigned>(NumberAt(text, 5, 2))),
+                              day(static_cast<unsigned>(NumberAt(text, 8, 2)))};
+    const int hour = NumberAt(text, 11, 2), minute = NumberAt(text, 14, 2), second = NumberAt(text, 17, 2);
+    if (date.ok() && int{date.year()} >= FirstYear && hour < 24 && minute < 60 && second < 60) {
+      return {field(int{date.year()}),
+              field(unsigned{date.month()}),
+              field(weekday(sys_days(date)).c_encoding()),
+              field(unsigned{date.day()}),
+              field(hour),
+              field(minute),
+              field(second),
+              0};
+    }
+  }
+  throw CommandError(WrongUsage,
+                     qor::Format("'{1}' is no date and time; give them as \"YYYY-MM-DD HH:MM:SS\"", {text}));
+}
+
+// clear
+
+struct ClearOptions {
+  std::vector<std::string> devices;
+  bool isSure = false;
+};
+
+bool IsConfirmed(const Devices& devices, Environment& environment) {
+  environment.err << "Clear all modes in";
+  for (const TCBase::DeviceInfo& device : devices) {
+    environment.err << (&device == &devices.front() ? " " : ", ") << Printable(device.name);
+  }
+  environment.err << "? They cannot be read back. [y/N] " << std::flush;
+  std::string answer;
+  std::getline(environment.in, answer);
+  return answer == "y" || answer == "Y" || answer == "yes";
+}
+
+ExitStatus RunClear(const ClearOptions& options, Invocation& invocation) {
+  const Devices devices = DevicesOf(options.devices);
+  if (!options.isSure) {
+    if (!invocation.environment.terminal.isInput) {
+      throw CommandError(WrongUsage, "clearing removes all modes, which cannot be read back; add --yes");
+    }
+    if (!IsConfirmed(devices, invocation.environment)) {
+      invocation.printer.Complain("nothing was cleared");
+      return Interrupted;
+    }
+  }
+  return RunJob({[&](TCBase::Worker& worker) { worker.StartClearAll(devices); }}, invocation);
 }
 
 }  // namespace
@@ -171,23 +113,34 @@ ExitStatus RunMonitor(Invocation& invocation) {
 Runner DefineUpload(CLI::App& parser) {
   const auto options = std::make_shared<UploadOptions>();
   AddFile(parser, options->path);
-  parser.add_option("--device", options->devices, "Where to: emulator or tc420; may be given several times")
-      ->required()
-      ->type_name("D")
-      ->expected(1)
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  AddDevices(parser, options->devices);
   AddModes(parser, options->modes);
   return [options](Invocation& invocation) { return RunUpload(*options, invocation); };
 }
 
-Runner DefineDevices(CLI::App& parser) {
-  const auto asJson = std::make_shared<bool>(false);
-  parser.add_flag("--json", *asJson, "Answer as JSON");
-  return [asJson](Invocation& invocation) { return RunDevices(*asJson, invocation); };
+Runner DefineSyncTime(CLI::App& parser) {
+  const auto devices = std::make_shared<std::vector<std::string>>();
+  AddDevices(parser, *devices);
+  return [devices](Invocation& invocation) {
+    return SetTime(DevicesOf(*devices), invocation.environment.clock.LocalTime(), invocation);
+  };
 }
 
-Runner DefineMonitor(CLI::App&) {
-  return RunMonitor;
+Runner DefineSetTime(CLI::App& parser) {
+  const auto devices = std::make_shared<std::vector<std::string>>();
+  const auto time = std::make_shared<std::string>();
+  parser.add_option("TIME", *time, "Date and time, as \"YYYY-MM-DD HH:MM:SS\"")->required()->type_name("");
+  AddDevices(parser, *devices);
+  return [devices, time](Invocation& invocation) {
+    return SetTime(DevicesOf(*devices), DateAndTimeOf(*time), invocation);
+  };
+}
+
+Runner DefineClear(CLI::App& parser) {
+  const auto options = std::make_shared<ClearOptions>();
+  AddDevices(parser, options->devices);
+  parser.add_flag("--yes", options->isSure, "Do not ask; needed where nobody can be asked");
+  return [options](Invocation& invocation) { return RunClear(*options, invocation); };
 }
 
 }  // namespace cli

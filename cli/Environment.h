@@ -7,10 +7,19 @@
 
 #include "formats/Localisation.h"
 #include "platform/Clock.h"
+#include "platform/Network.h"
+#include "platform/Terminal.h"
 
 namespace cli {
 
 class LogPrinter;
+
+/// The terminal that the program runs in, as far as there is one.
+struct Terminal {
+  bool isInput = false;  // questions can be asked
+  bool isError = false;  // progress can be shown
+  std::function<std::unique_ptr<platform::Keyboard>()> openKeyboard = [] { return nullptr; };
+};
 
 /// What a run of the program works with from outside.
 struct Environment {
@@ -18,9 +27,11 @@ struct Environment {
   std::ostream& out;  // results
   std::ostream& err;  // complaints and the communication trace
   platform::Clock& clock;
+  platform::Network& network;
   std::string settingsFolder;
   std::function<void()> watchInterrupts;  // called before a device is touched
   std::function<bool()> isInterrupted;
+  Terminal terminal;
 };
 
 /// The options that every command takes.

@@ -36,6 +36,7 @@ std::string Printable(std::string text) {
 LogPrinter::LogPrinter(Environment& environment, const CommonOptions& options, qor::Translate translate)
     : environment_(environment),
       options_(options),
+      messages_(&environment.out),
       log_([&clock = environment.clock] { return TimeOfDayOf(clock); }) {
   if (!options_.logFile.empty()) OpenFile(translate);
   log_.SetTranslation(std::move(translate));
@@ -60,20 +61,47 @@ void LogPrinter::CloseFile() {
 
 void LogPrinter::Print() {
   const std::lock_guard lock(mutex_);
+  HideProgress();
   for (const qor::Log::Line& line : log_.TakeLines()) {
     const bool isDump = line.text.ends_with('\n');
     const std::string text = isDump ? line.text : Printable(line.text) + "\n";
     const bool isTrace = line.kind == qor::Log::Kind::Trace;
-    std::ostream& target = isTrace ? environment_.err : environment_.out;
+    std::ostream& target = isTrace ? environment_.err : *messages_;
     if (isTrace || !options_.quiet) target << text << std::flush;
     WriteToFile(text);
   }
+  DrawProgress();
+}
+
+void LogPrinter::ShowProgress(const std::string& line) {
+  const std::lock_guard lock(mutex_);
+  if (line == progress_) return;
+  HideProgress();
+  progress_ = line;
+  DrawProgress();
+}
+
+void LogPrinter::EndProgress() {
+  const std::lock_guard lock(mutex_);
+  if (!progress_.empty()) environment_.err << std::endl;
+  progress_.clear();
+}
+
+void LogPrinter::HideProgress() {
+  if (!progress_.empty())
+    environment_.err << '\r' << std::string(progress_.size(), ' ') << '\r' << std::flush;
+}
+
+void LogPrinter::DrawProgress() {
+  if (!progress_.empty()) environment_.err << progress_ << std::flush;
 }
 
 void LogPrinter::Complain(const std::string& sentence) {
   const std::lock_guard lock(mutex_);
   const std::string line = Printable(sentence) + "\n";
+  HideProgress();
   environment_.err << "halvex: " << line << std::flush;
+  DrawProgress();
   WriteToFile(line);
 }
 

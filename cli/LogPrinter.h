@@ -14,21 +14,30 @@ namespace cli {
 std::string Printable(std::string text);
 
 /// The program's log, printed line by line as it comes: messages on standard output, the trace on standard
-/// error, both in the log file.
+/// error, both in the log file. Lines may come from any thread.
 class LogPrinter {
  public:
   /// Throws CommandError when the log file cannot be opened.
   LogPrinter(Environment& environment, const CommonOptions& options, qor::Translate translate);
 
   qor::Log& Log() { return log_; }
+  /// Prints messages on standard error from now on: standard output is for the command's result alone.
+  void KeepStandardOutputFree() { messages_ = &environment_.err; }
   /// Leaves the log file alone from now on.
   void CloseFile();
   /// Prints a complaint on standard error, in the log file as well.
   void Complain(const std::string& sentence);
   /// Complains of the first few of many things of a kind, and says how many there are.
   void WarnOfEach(const std::vector<std::string>& sentences);
+  /// Shows a line on standard error, which is a terminal, in the place of the one before; what is printed
+  /// meanwhile comes above it.
+  void ShowProgress(const std::string& line);
+  /// Leaves the last line of progress standing.
+  void EndProgress();
 
  private:
+  void HideProgress();
+  void DrawProgress();
   void WriteToFile(const std::string& text);
   void OpenFile(const qor::Translate& translate);
   void Print();
@@ -38,6 +47,8 @@ class LogPrinter {
   std::mutex mutex_;  // one line at a time, in the order in which the sink got them
   std::ofstream file_;
   bool isFileBegun_ = false;
+  std::ostream* messages_;
+  std::string progress_;  // the line that stands there; empty for none
   qor::Log log_;
 };
 

@@ -115,8 +115,11 @@ CLI::Option* AddOutput(CLI::App& parser, std::string& path) {
       ->check(CheckPath);
 }
 
-void AddMode(CLI::App& parser, int& number) {
-  parser.add_option("--mode", number, "The mode")->required()->type_name("N")->check(CheckNumber(MostModes));
+CLI::Option* AddMode(CLI::App& parser, int& number) {
+  return parser.add_option("--mode", number, "The mode")
+      ->required()
+      ->type_name("N")
+      ->check(CheckNumber(MostModes));
 }
 
 void AddModes(CLI::App& parser, std::vector<int>& numbers) {

@@ -37,7 +37,7 @@ void AddFile(CLI::App& parser, std::string& path);
 /// Adds "-o OUT".
 CLI::Option* AddOutput(CLI::App& parser, std::string& path);
 /// Adds "--mode N", for one mode that must be given.
-void AddMode(CLI::App& parser, int& number);
+CLI::Option* AddMode(CLI::App& parser, int& number);
 /// Adds "--mode N", which may be given several times.
 void AddModes(CLI::App& parser, std::vector<int>& numbers);
 

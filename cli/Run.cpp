@@ -19,10 +19,11 @@ constexpr const char* Version = HALVEX_VERSION;
 
 constexpr const char* Footer =
     "Program files end in .xml; .tmf and .lmf files are read as programs of one mode, too.\n"
-    "Devices: emulator, tc420. Modes and channels count from 1.\n"
+    "Devices: emulator, tc420, tc421 (on the USB), tc421@ADDRESS[,IDENTITY] (on the network).\n"
+    "Modes and channels count from 1.\n"
     "Exit status: 0 done; 1 a device refused or could not be reached; 2 wrong usage; 3 a file could not be\n"
-    "read or written; 4 nothing found; 5 more than one device fits; 6 no permission, or in use by another\n"
-    "program; 130 interrupted after the device was left in order.";
+    "read or written; 4 nothing found; 5 more than one device fits; 6 no permission, or the device or UDP\n"
+    "port 5000 in use by another program; 130 interrupted after the device was left in order.";
 
 /// A parser for all commands; the chosen command's runner is stored in `chosen`.
 void Define(CLI::App& parser, CommonOptions& options, Runner& chosen) {

@@ -11,7 +11,7 @@ std::unique_ptr<DeviceBase> CreateDevice(const DeviceInfo& info, const DeviceCon
   switch (info.kind) {
     case DeviceKind::TC420: return std::make_unique<TC420::Device>(context);
     case DeviceKind::TC421Usb: return std::make_unique<TC421::USBDevice>(context);
-    case DeviceKind::TC421Network: return std::make_unique<TC421::UDPDevice>(context);
+    case DeviceKind::TC421Network: return std::make_unique<TC421::UDPDevice>(context, info);
     case DeviceKind::Emulator: break;
   }
   return std::make_unique<TC420::Mock>(context);

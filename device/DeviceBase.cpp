@@ -8,7 +8,7 @@ bool DeviceBase::CheckReply(const std::string&, int) {
 }
 
 bool DeviceBase::WritePacket(const PacketBase& packet) {
-  Log().Trace("WritePacket: " + packet.Text());
+  if (Log().IsTracing()) Log().Trace("WritePacket: " + packet.Text());
   std::string image;
   packet.Serialize(image);
   return Write(image);

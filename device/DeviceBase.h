@@ -8,15 +8,23 @@
 #include "device/PacketBase.h"
 #include "model/ModeSample.h"
 #include "platform/Clock.h"
+#include "platform/Network.h"
 
 namespace TCBase {
 
 using platform::SYSTEMTIME;
 
-/// What devices use of the program; both outlive them.
+/// What devices use of the program; all of it outlives them.
 struct DeviceContext {
   platform::Clock& clock;
   qor::Log& log;
+  platform::Network& network;
+};
+
+/// Why a device could not be opened.
+struct OpenFailure {
+  std::string text;       // the system's words, or plainer ones; empty when there are none
+  bool isDenied = false;  // no permission, or somebody else has it
 };
 
 /// A controller: opened once, used for one job's operations, closed by its destructor. Every operation
@@ -49,8 +57,8 @@ class DeviceBase {
   virtual bool DemoSetChannels(const int (&channels)[ChannelCount]);
   virtual bool DemoFinish();
 
-  /// The system's words for why `Open` failed; empty when there are none.
-  const std::string& OpenFailure() const { return openFailure_; }
+  /// Why `Open` failed, as far as the system tells.
+  const OpenFailure& OpenFault() const { return openFault_; }
   /// How many transactions have failed since the device was made. Some operations go on after a failed packet
   /// and do not report it; this tells whether everything got through.
   int FailedTransactions() const { return failedTransactions_; }
@@ -68,13 +76,13 @@ class DeviceBase {
 
   qor::Log& Log() { return context_.log; }
   platform::Clock& Clock() { return context_.clock; }
-  void SetOpenFailure(std::string text) { openFailure_ = std::move(text); }
+  void SetOpenFailure(OpenFailure failure) { openFault_ = std::move(failure); }
   /// Counts a transaction that failed; returns its result.
   bool Counted(bool succeeded);
 
  private:
   DeviceContext context_;
-  std::string openFailure_;
+  OpenFailure openFault_;
   int failedTransactions_ = 0;
 };
 

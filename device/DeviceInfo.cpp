@@ -17,6 +17,18 @@ DeviceInfo DeviceOfKind(DeviceKind kind) {
   return info;
 }
 
+DeviceInfo NetworkDevice(std::string name, const platform::SocketAddress& address) {
+  DeviceInfo info;
+  info.kind = DeviceKind::TC421Network;
+  info.name = std::move(name);
+  info.address = address;
+  return info;
+}
+
+bool IsTC421(DeviceKind kind) {
+  return kind == DeviceKind::TC421Usb || kind == DeviceKind::TC421Network;
+}
+
 bool HasTC420(const std::vector<DeviceInfo>& devices) {
   return std::any_of(devices.begin(), devices.end(), [](const DeviceInfo& info) {
     return info.kind == DeviceKind::TC420 || info.kind == DeviceKind::Emulator;

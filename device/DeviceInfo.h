@@ -38,6 +38,12 @@ struct DeviceInfo {
 /// An entry of that kind under its model's display name, not selected.
 DeviceInfo DeviceOfKind(DeviceKind kind);
 
+/// A TC421 on the network under the name by which packets address it; only the IPv4 address counts.
+DeviceInfo NetworkDevice(std::string name, const platform::SocketAddress& address);
+
+/// Whether it is a TC421, over whatever it is reached.
+bool IsTC421(DeviceKind kind);
+
 /// Whether a TC420 or its emulator is among the devices.
 bool HasTC420(const std::vector<DeviceInfo>& devices);
 

@@ -11,7 +11,7 @@ namespace TCBase {
 /// The length of every packet on the wire, on all models and transports.
 inline constexpr std::size_t PacketBytes = 64;
 
-/// One packet: payload and its line for the log, both made by the constructor of the concrete packet.
+/// One packet; the constructor of the concrete packet makes the payload.
 class PacketBase {
  public:
   virtual ~PacketBase() = default;
@@ -20,9 +20,11 @@ class PacketBase {
   /// Makes `out` the packet's 64 bytes on the wire.
   virtual void Serialize(std::string& out) const = 0;
   virtual bool IsComplete() const { return true; }
+  /// The packet in a line for the log. It is put together on each call: an upload that nobody traces should
+  /// not pay for it.
+  virtual std::string Text() const = 0;
 
   const std::string& Payload() const { return payload_; }
-  const std::string& Text() const { return text_; }
 
  protected:
   // Bytes beyond the capacity are dropped without a word.
@@ -33,7 +35,6 @@ class PacketBase {
   void AppendText(std::string_view text, int width);
 
   std::string payload_;
-  std::string text_;
 };
 
 }  // namespace TCBase

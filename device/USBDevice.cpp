@@ -30,7 +30,8 @@ USBDevice::~USBDevice() {
 bool USBDevice::Open() {
   handle_ = hid_open(id_.vendor, id_.product, nullptr);
   if (handle_ == nullptr) {
-    SetOpenFailure(LastErrorText(nullptr));
+    const std::string text = LastErrorText(nullptr);
+    SetOpenFailure({text, platform::SaysNoAccess(text)});
     return false;
   }
   hid_set_nonblocking(handle_, 1);

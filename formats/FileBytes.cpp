@@ -18,6 +18,7 @@ void ThrowIfFailed(const platform::SystemError& error) {
     case platform::ErrorKind::WriteFault: throw xwrite_fault(error.code, error.text);
     case platform::ErrorKind::ReadFault: throw xread_fault(error.code, error.text);
     case platform::ErrorKind::NotFound:
+    case platform::ErrorKind::AddressInUse:
     case platform::ErrorKind::Other: throw xsystem(error.code, error.text);
   }
 }

@@ -39,20 +39,25 @@ class Program {
   bool operator==(const Program&) const = default;
 };
 
-/// The modes that a job works on: a copy of its own, which later edits of the program do not reach.
+/// The modes that a job works on: a copy of its own, which later edits of the program do not reach. One of
+/// them is marked as current.
 class Program::ModeListView {
  public:
   explicit ModeListView(const Program& program) : modes_(program.modes) {}
-  /// The modes at those indices, in that order; each must be less than the number of modes.
-  ModeListView(const Program& program, const std::vector<std::size_t>& indices);
+  /// The modes at those indices, in that order; each must be less than the number of modes. `current` is the
+  /// place of the current one among them.
+  ModeListView(const Program& program, const std::vector<std::size_t>& indices, std::size_t current = 0);
 
   std::size_t Size() const { return modes_.size(); }
   const Mode& operator[](std::size_t index) const { return modes_[index]; }
+  /// The mode that a demo plays; there must be one.
+  const Mode& Current() const { return modes_.at(current_); }
   auto begin() const { return modes_.begin(); }
   auto end() const { return modes_.end(); }
 
  private:
   std::vector<Mode> modes_;
+  std::size_t current_ = 0;
 };
 
 }  // namespace TCBase

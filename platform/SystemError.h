@@ -15,7 +15,8 @@ enum class ErrorKind {
   SharingViolation,
   DiskFull,
   WriteFault,
-  ReadFault
+  ReadFault,
+  AddressInUse
 };
 
 /// A failed call to the system: its code (errno, or GetLastError on Windows) and the system's text for it.

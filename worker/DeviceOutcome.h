@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <optional>
 #include <string>
 
+#include "device/DeviceBase.h"
 #include "device/DeviceInfo.h"
 
 namespace TCBase {
@@ -14,16 +16,23 @@ struct DeviceOutcome {
     Done,          // all of it, and every packet got through
     NotReached,    // the job never came to the device
     NotConnected,  // the device could not be opened
-    Refused,       // a mode was not taken
+    Failed,        // the device did not take what the job brought, in whole or in part
     Incomplete,    // taken, but packets were lost on the way
-    Cancelled,     // stopped before all modes were sent
+    Cancelled,     // stopped before the end
   };
 
   DeviceInfo device;
   Stage stage = Stage::NotReached;
-  std::string detail;  // in plain words, for one line; empty where the stage says it all
+  std::string detail;     // in plain words, for one line; empty where the stage says it all
+  bool isDenied = false;  // not connected for want of permission, or because somebody else has the way to it
 
   bool IsDone() const { return stage == Stage::Done; }
 };
+
+/// Opens the device for a job; on failure writes "Connect error" and gives the outcome.
+std::optional<DeviceOutcome> Connect(DeviceBase& device, const DeviceInfo& info, qor::Log& log);
+
+/// "3 packets did not get through"
+std::string LostPacketsText(int count);
 
 }  // namespace TCBase

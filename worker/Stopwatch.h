@@ -14,6 +14,7 @@ class Stopwatch {
   explicit Stopwatch(platform::Clock& clock);
 
   double Elapsed() const;
+  bool IsPaused() const { return pausedAt_ >= 0.0; }
   /// Nothing on a running stopwatch.
   void Resume();
   /// Nothing on a paused one.
@@ -24,7 +25,6 @@ class Stopwatch {
 
  private:
   static constexpr double Running = -1.0;
-  bool IsPaused() const { return pausedAt_ >= 0.0; }
 
   platform::Clock* clock_;
   std::int64_t frequency_;

@@ -2,6 +2,7 @@
 #include "worker/UploadJob.h"
 
 #include "QorLib/Format.h"
+#include "device/CreateDevice.h"
 #include "model/StepLimit.h"
 
 namespace TCBase {
@@ -10,15 +11,6 @@ namespace {
 using Stage = DeviceOutcome::Stage;
 
 constexpr std::uint32_t ModePauseMilliseconds = 500;  // in which the controller stores a mode
-
-/// The samples to send: a TC421 takes no more than the step limit.
-std::vector<ModeSample> SamplesFor(const DeviceInfo& info, const Mode& mode, qor::Log& log) {
-  const bool isTC421 = info.kind == DeviceKind::TC421Usb || info.kind == DeviceKind::TC421Network;
-  if (!isTC421) return SampleTable(mode);
-  Mode optimised = mode;
-  OptimiseMode(optimised, log);
-  return SampleTable(optimised);
-}
 
 struct ModesResult {
   std::string refused;  // names of the modes that the device did not take, with commas
@@ -31,7 +23,7 @@ ModesResult UploadModes(DeviceBase& device, const DeviceInfo& info, const Progra
   ModesResult result;
   for (std::size_t index = 0; index < modes.Size(); ++index) {
     const Mode& mode = modes[index];
-    const std::vector<ModeSample> samples = SamplesFor(info, mode, log);
+    const std::vector<ModeSample> samples = SamplesFor(info.kind, mode, log);
     log.Message("Uploading mode: {1}", {mode.name});
     if (!device.UploadMode(static_cast<int>(index), mode.name, samples)) {
       log.Message("Upload error");
@@ -49,18 +41,23 @@ ModesResult UploadModes(DeviceBase& device, const DeviceInfo& info, const Progra
 
 DeviceOutcome OutcomeOf(const DeviceBase& device, const DeviceInfo& info, const ModesResult& modes) {
   const int lost = device.FailedTransactions();
-  std::string detail = modes.refused;
-  if (lost > 0) {
-    detail +=
-        qor::Format(lost == 1 ? "{1}{2} packet did not get through" : "{1}{2} packets did not get through",
-                    {detail.empty() ? "" : "; ", lost});
+  const std::string lostText = lost > 0 ? LostPacketsText(lost) : "";
+  if (!modes.refused.empty()) {
+    return {info, Stage::Failed,
+            qor::Format("modes not taken: {1}{2}{3}", {modes.refused, lost > 0 ? "; " : "", lostText})};
   }
-  if (!modes.refused.empty()) return {info, Stage::Refused, detail};
-  if (lost > 0) return {info, Stage::Incomplete, detail};
+  if (lost > 0) return {info, Stage::Incomplete, lostText};
   return {info, modes.isCancelled ? Stage::Cancelled : Stage::Done, {}};
 }
 
 }  // namespace
+
+std::vector<ModeSample> SamplesFor(DeviceKind kind, const Mode& mode, qor::Log& log) {
+  if (!IsTC421(kind)) return SampleTable(mode);
+  Mode optimised = mode;
+  OptimiseMode(optimised, log);
+  return SampleTable(optimised);
+}
 
 DeviceOutcome UploadDevice(const DeviceInfo& info, const Program::ModeListView& modes,
                            const JobContext& job) {
@@ -71,10 +68,7 @@ DeviceOutcome UploadDevice(const DeviceInfo& info, const Program::ModeListView& 
 DeviceOutcome Upload(DeviceBase& device, const DeviceInfo& info, const Program::ModeListView& modes,
                      const JobContext& job) {
   qor::Log& log = job.device.log;
-  if (!device.Open()) {
-    log.Message("Connect error");
-    return {info, Stage::NotConnected, device.OpenFailure()};
-  }
+  if (const auto failed = Connect(device, info, log)) return *failed;
   log.Message("Uploading started");
   job.control.Take();  // a command that was meant for an earlier job
   job.control.demoState = JobControl::NoDemo;

@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "device/CreateDevice.h"
+#include <vector>
+
+#include "model/ModeSample.h"
 #include "model/Program.h"
 #include "worker/DeviceOutcome.h"
-#include "worker/JobControl.h"
+#include "worker/JobContext.h"
 
 namespace TCBase {
 
-/// What a per-device job works with; all outlive it.
-struct JobContext {
-  DeviceContext device;
-  JobControl& control;
-};
+/// The samples that a device of that kind gets for a mode. A TC421 takes no more than the step limit: what is
+/// too long for it is brought under the limit in a copy, of which the log tells.
+std::vector<ModeSample> SamplesFor(DeviceKind kind, const Mode& mode, qor::Log& log);
 
 /// Writes the modes into the device, in order and from bank 0 on. A mode that is refused does not keep the
 /// next ones back, and the upload is always closed, after a Stop as well.

@@ -4,11 +4,16 @@
 #include <exception>
 
 #include "platform/WindowMessage.h"
+#include "worker/DemoJob.h"
+#include "worker/NetworkScan.h"
+#include "worker/ShortJobs.h"
+#include "worker/UploadJob.h"
 
 namespace TCBase {
 namespace {
 
 constexpr std::uint32_t PassPauseMilliseconds = 100;
+constexpr float ScanSeconds = 1.0F;
 
 }  // namespace
 
@@ -32,11 +37,31 @@ void Worker::Enqueue(std::function<void()> job) {
 }
 
 void Worker::StartUpload(std::vector<DeviceInfo> devices, Program::ModeListView modes) {
-  Enqueue([this, devices = std::move(devices), modes = std::move(modes)] {
-    ForEachSelectedDevice(devices, [&](const DeviceInfo& device) {
-      return UploadDevice(device, modes, {context_, control_});
-    });
+  StartForEach(std::move(devices),
+               [modes = std::move(modes)](const DeviceInfo& device, const JobContext& context) {
+                 return UploadDevice(device, modes, context);
+               });
+}
+
+void Worker::StartClearAll(std::vector<DeviceInfo> devices) {
+  StartForEach(std::move(devices), ClearAllDevice);
+}
+
+void Worker::StartTimeSync(std::vector<DeviceInfo> devices, const SYSTEMTIME& time) {
+  StartForEach(std::move(devices), [time](const DeviceInfo& device, const JobContext& context) {
+    return SyncTimeDevice(device, time, context);
   });
+}
+
+void Worker::StartDemo(std::vector<DeviceInfo> devices, Program::ModeListView modes, int seconds) {
+  StartForEach(std::move(devices),
+               [modes = std::move(modes), seconds](const DeviceInfo& device, const JobContext& context) {
+                 return DemoDevice(device, modes, seconds, context);
+               });
+}
+
+void Worker::StartNetworkScan(void* window) {
+  Enqueue([this, window] { NetworkScan(window, NetworkScanMessage); });
 }
 
 void Worker::SetNotification(void* window, std::uint32_t message) {
@@ -47,6 +72,16 @@ void Worker::SetNotification(void* window, std::uint32_t message) {
 std::vector<DeviceOutcome> Worker::Outcomes() {
   const std::lock_guard lock(outcomesMutex_);
   return outcomes_;
+}
+
+std::vector<DeviceInfo> Worker::NetworkDevices() {
+  const std::lock_guard lock(networkMutex_);
+  return networkDevices_;
+}
+
+std::optional<OpenFailure> Worker::ScanFailure() {
+  const std::lock_guard lock(networkMutex_);
+  return scanFailure_;
 }
 
 void Worker::Run() {
@@ -76,8 +111,12 @@ void Worker::RunNextJob() {
   --unfinishedJobs_;
 }
 
-void Worker::ForEachSelectedDevice(const std::vector<DeviceInfo>& devices,
-                                   const std::function<DeviceOutcome(const DeviceInfo&)>& job) {
+void Worker::StartForEach(std::vector<DeviceInfo> devices, DeviceJob job) {
+  Enqueue(
+      [this, devices = std::move(devices), job = std::move(job)] { ForEachSelectedDevice(devices, job); });
+}
+
+void Worker::ForEachSelectedDevice(const std::vector<DeviceInfo>& devices, const DeviceJob& job) {
   std::vector<DeviceOutcome> unreached;
   for (const DeviceInfo& device : devices) {
     if (device.selected) unreached.push_back({device, DeviceOutcome::Stage::NotReached, {}});
@@ -91,13 +130,27 @@ void Worker::ForEachSelectedDevice(const std::vector<DeviceInfo>& devices,
   for (std::size_t i = 0; i < unreached.size(); ++i) {
     const DeviceInfo& device = unreached[i].device;
     context_.log.Message("Configuring device {1}", {device.name});
-    SetOutcome(i, job(device));
+    SetOutcome(i, job(device, {context_, control_}));
     if (control_.TakeStop()) {
       context_.log.Message("Cancelled!");
       return;
     }
     context_.log.Message("Finished configuring device {1}", {device.name});
   }
+}
+
+void Worker::NetworkScan(void* window, std::uint32_t message) {
+  context_.log.Message("Searching for network devices...");
+  std::vector<DeviceInfo> found;
+  const std::optional<OpenFailure> failure = ScanNetwork(found, ScanSeconds, context_);
+  context_.log.Message("Found {1} device(s)", {found.size()});
+  for (DeviceInfo& device : found) NameAfterHost(device, context_);
+  {
+    const std::lock_guard lock(networkMutex_);
+    networkDevices_ = std::move(found);
+    scanFailure_ = failure;
+  }
+  platform::PostWindowMessage(window, message, 0, 0);
 }
 
 void Worker::SetOutcome(std::size_t index, DeviceOutcome outcome) {

@@ -6,14 +6,14 @@
 #include <deque>
 #include <functional>
 #include <mutex>
+#include <optional>
 #include <thread>
 #include <vector>
 
 #include "device/DeviceInfo.h"
 #include "model/Program.h"
 #include "worker/DeviceOutcome.h"
-#include "worker/JobControl.h"
-#include "worker/UploadJob.h"
+#include "worker/JobContext.h"
 #include "worker/UsbPresenceMonitor.h"
 
 namespace TCBase {
@@ -36,6 +36,15 @@ class Worker {
 
   /// Uploads the modes to the selected devices in turn.
   void StartUpload(std::vector<DeviceInfo> devices, Program::ModeListView modes);
+  /// Removes all modes from the selected devices.
+  void StartClearAll(std::vector<DeviceInfo> devices);
+  /// Sets the selected devices' clocks to that time.
+  void StartTimeSync(std::vector<DeviceInfo> devices, const SYSTEMTIME& time);
+  /// Plays the view's current mode on the selected devices in turn, the whole day in `seconds`.
+  void StartDemo(std::vector<DeviceInfo> devices, Program::ModeListView modes, int seconds);
+  /// Searches the network for controllers, then posts NetworkScanMessage to the window.
+  void StartNetworkScan(void* window);
+  static constexpr std::uint32_t NetworkScanMessage = 0x401;
 
   /// Where to post that a controller was plugged in (lParam 1) or out (0); before, nothing is posted.
   void SetNotification(void* window, std::uint32_t message);
@@ -45,12 +54,18 @@ class Worker {
   bool IsBusy() const { return unfinishedJobs_ > 0; }
   /// How the last device job ended for each device that it was to visit.
   std::vector<DeviceOutcome> Outcomes();
+  /// What the last search of the network found, and what kept it from going through, if anything did.
+  std::vector<DeviceInfo> NetworkDevices();
+  std::optional<OpenFailure> ScanFailure();
 
  private:
+  using DeviceJob = std::function<DeviceOutcome(const DeviceInfo&, const JobContext&)>;
+
   void Run();
   void RunNextJob();
-  void ForEachSelectedDevice(const std::vector<DeviceInfo>& devices,
-                             const std::function<DeviceOutcome(const DeviceInfo&)>& job);
+  void StartForEach(std::vector<DeviceInfo> devices, DeviceJob job);
+  void ForEachSelectedDevice(const std::vector<DeviceInfo>& devices, const DeviceJob& job);
+  void NetworkScan(void* window, std::uint32_t message);
   void SetOutcome(std::size_t index, DeviceOutcome outcome);
   void ReportPresence(DeviceKind kind, bool isConnected);
 
@@ -67,6 +82,9 @@ class Worker {
   JobControl control_;
   std::mutex outcomesMutex_;
   std::vector<DeviceOutcome> outcomes_;
+  std::mutex networkMutex_;
+  std::vector<DeviceInfo> networkDevices_;
+  std::optional<OpenFailure> scanFailure_;
   std::thread thread_;  // last: it uses all the others
 };
 

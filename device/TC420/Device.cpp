@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "device/TC420/Device.h"
 
+#include "device/PacketEncoding.h"
 #include "device/TC420/Packets.h"
 
 namespace TC420 {
 namespace {
 
-constexpr int BankCount = 64;
-constexpr std::size_t FewestSamples = 2;
-constexpr std::size_t NameBytes = 8;
 constexpr int AnyReply = -1;
 
 }  // namespace
@@ -30,8 +28,8 @@ bool Device::DoUploadStart() {
 }
 
 bool Device::DoUploadMode(int bank, const std::string& name, const std::vector<TCBase::ModeSample>& samples) {
-  if (bank >= BankCount || name.empty() || samples.size() < FewestSamples) return false;
-  if (!Send(Packet_ModeInit(bank, samples.size(), name.substr(0, NameBytes)))) return false;
+  if (bank >= TCBase::BankCount || name.empty() || samples.size() < TCBase::FewestSamples) return false;
+  if (!Send(Packet_ModeInit(bank, samples.size(), name.substr(0, TCBase::ModeNameBytes)))) return false;
   // A step that got lost does not stop the mode: the controller keeps the others.
   for (const TCBase::ModeSample& sample : samples) Send(Packet_ModeStep(sample));
   return Send(Packet_ModeStepsStop());

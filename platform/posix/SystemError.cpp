@@ -20,6 +20,7 @@ ErrorKind KindOf(std::uint32_t code) {
     case EFBIG:
     case EDQUOT: return ErrorKind::DiskFull;
     case EIO: return ErrorKind::WriteFault;
+    case EADDRINUSE: return ErrorKind::AddressInUse;
     default: return ErrorKind::Other;
   }
 }

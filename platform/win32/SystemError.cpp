@@ -2,6 +2,8 @@
 #include "platform/SystemError.h"
 
 #include <windows.h>
+// after windows.h
+#include <winsock2.h>
 
 #include <system_error>
 
@@ -22,6 +24,7 @@ ErrorKind KindOf(std::uint32_t code) {
     case ERROR_HANDLE_DISK_FULL: return ErrorKind::DiskFull;
     case ERROR_WRITE_FAULT: return ErrorKind::WriteFault;
     case ERROR_READ_FAULT: return ErrorKind::ReadFault;
+    case WSAEADDRINUSE: return ErrorKind::AddressInUse;
     default: return ErrorKind::Other;
   }
 }

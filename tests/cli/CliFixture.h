@@ -10,6 +10,7 @@
 #include "cli/ExitStatus.h"
 #include "cli/Run.h"
 #include "tests/support/FakeHid.h"
+#include "tests/support/FakeNetwork.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/VirtualClock.h"
 
@@ -26,12 +27,14 @@ class Cli : public testing::Test {
                                  outStream,
                                  errStream,
                                  clock,
+                                 network,
                                  folder.File("home"),
                                  [] {},
                                  [this] {
                                    ++interruptQuestions;
                                    return isInterrupted.load();
-                                 }};
+                                 },
+                                 terminal};
     const int status = cli::Run(arguments, environment);
     out = outStream.str();
     err = errStream.str();
@@ -46,6 +49,8 @@ class Cli : public testing::Test {
 
   test::FakeHid hid;
   test::VirtualClock clock;
+  test::FakeNetwork network{clock};
+  cli::Terminal terminal;
   test::TempFolder folder;
   std::atomic<bool> isInterrupted = false;
   std::atomic<int> interruptQuestions = 0;

@@ -6,6 +6,7 @@
 #include "device/TC420/Mock.h"
 #include "device/TC421/Devices.h"
 #include "tests/support/FakeHid.h"
+#include "tests/support/FakeNetwork.h"
 #include "tests/support/TestLog.h"
 #include "tests/support/VirtualClock.h"
 
@@ -18,7 +19,8 @@ class DeviceTest : public testing::Test {
   test::FakeHid hid;
   test::VirtualClock clock;
   test::TestLog log;
-  TCBase::DeviceContext context{clock, log};
+  test::FakeNetwork network{clock};
+  TCBase::DeviceContext context{clock, log, network};
   std::vector<TCBase::ModeSample> samples = std::vector<TCBase::ModeSample>(3);
 };
 
@@ -45,16 +47,6 @@ TEST_F(CreateDevice, KnowsAllKinds) {
   EXPECT_TRUE(dynamic_cast<TC421::USBDevice*>(create(3).get()));
   EXPECT_TRUE(dynamic_cast<TC421::UDPDevice*>(create(4).get()));
   EXPECT_TRUE(dynamic_cast<TC420::Mock*>(create(77).get()));
-}
-
-TEST_F(CreateDevice, NeverClaimsThatATC421WorksYet) {
-  hid.plugged = TCBase::TC421UsbId;
-  for (const auto kind : {TCBase::DeviceKind::TC421Usb, TCBase::DeviceKind::TC421Network}) {
-    const auto device = TCBase::CreateDevice(TCBase::DeviceOfKind(kind), context);
-    EXPECT_FALSE(device->Open() && device->UploadStart());
-    EXPECT_FALSE(device->UploadMode(0, "Reef", samples));
-    EXPECT_EQ(log.Texts(), Texts{"The TC421 is not supported yet."});
-  }
 }
 
 TEST_F(Emulator, RecordsWhatATC420WouldGet) {

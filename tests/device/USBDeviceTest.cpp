@@ -6,6 +6,7 @@
 #include "device/TC420/Device.h"
 #include "device/TC420/Packets.h"
 #include "tests/support/FakeHid.h"
+#include "tests/support/FakeNetwork.h"
 #include "tests/support/TestLog.h"
 #include "tests/support/VirtualClock.h"
 
@@ -22,21 +23,22 @@ class USBDevice : public testing::Test {
   test::FakeHid hid;
   test::VirtualClock clock;
   test::TestLog log;
-  TC420::Device device{{clock, log}};
+  test::FakeNetwork network{clock};
+  TC420::Device device{{clock, log, network}};
 };
 
 }  // namespace
 
 TEST_F(USBDevice, OpensOnlyItsModelAndClosesIt) {
   {
-    TC420::Device other{{clock, log}};
+    TC420::Device other{{clock, log, network}};
     EXPECT_TRUE(other.Open());
     EXPECT_EQ(hid.OpenHandles(), 1);
   }
   EXPECT_EQ(hid.OpenHandles(), 0);
   hid.plugged = TCBase::TC421UsbId;
   EXPECT_FALSE(device.Open());
-  EXPECT_EQ(device.OpenFailure(), "no such device");
+  EXPECT_EQ(device.OpenFault().text, "no such device");
   EXPECT_EQ(log.Texts(), Texts{});
 }
 

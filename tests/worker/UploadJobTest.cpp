@@ -8,6 +8,7 @@
 #include "device/TC420/Mock.h"
 #include "model/Presets.h"
 #include "tests/support/FakeHid.h"
+#include "tests/support/FakeNetwork.h"
 #include "tests/support/TestLog.h"
 #include "tests/support/VirtualClock.h"
 
@@ -35,8 +36,9 @@ class UploadJob : public testing::Test {
   test::FakeHid hid;
   test::VirtualClock clock;
   test::TestLog log;
+  test::FakeNetwork network{clock};
   TCBase::JobControl control;
-  TCBase::JobContext job{{clock, log}, control};
+  TCBase::JobContext job{{clock, log, network}, control};
   TCBase::Program program;
 };
 
@@ -72,8 +74,8 @@ TEST_F(UploadJob, KeepsGoingAfterAModeIsRefused) {
   const TCBase::DeviceOutcome outcome =
       TCBase::Upload(device, TCBase::DeviceOfKind(TCBase::DeviceKind::Emulator),
                      TCBase::Program::ModeListView(program), job);
-  EXPECT_EQ(outcome.stage, Stage::Refused);
-  EXPECT_EQ(outcome.detail, "''");
+  EXPECT_EQ(outcome.stage, Stage::Failed);
+  EXPECT_EQ(outcome.detail, "modes not taken: ''");
   EXPECT_EQ(log.Texts(), (Texts{"Uploading started", "Uploading mode: A", "Uploading mode: ", "Upload error",
                                 "Uploading mode: C", "Uploading finished"}));
   EXPECT_EQ(device.Written()[14][5], 2) << "the third mode keeps its bank";
@@ -86,7 +88,7 @@ TEST_F(UploadJob, NeverCallsAnUnpluggedUploadDone) {
     bus.unplugAfter = frames;
     bus.answer = [](const std::string&) { return Texts{"ok"}; };
     const TCBase::DeviceOutcome outcome = Upload(TCBase::DeviceKind::TC420);
-    EXPECT_EQ(outcome.stage, frames < 18 ? Stage::Refused : Stage::Incomplete) << frames;
+    EXPECT_EQ(outcome.stage, frames < 18 ? Stage::Failed : Stage::Incomplete) << frames;
     const Texts texts = log.Texts();
     EXPECT_EQ(std::count(texts.begin(), texts.end(), "Upload error"), frames < 14   ? 2
                                                                       : frames < 18 ? 1

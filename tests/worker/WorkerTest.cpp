@@ -10,6 +10,7 @@
 #include "model/Presets.h"
 #include "platform/WindowMessage.h"
 #include "tests/support/FakeHid.h"
+#include "tests/support/FakeNetwork.h"
 #include "tests/support/TestLog.h"
 #include "tests/support/VirtualClock.h"
 
@@ -43,7 +44,8 @@ class WorkerTest : public testing::Test {
   test::FakeHid hid;
   test::VirtualClock clock;
   test::TestLog log;
-  TCBase::DeviceContext context{clock, log};
+  test::FakeNetwork network{clock};
+  TCBase::DeviceContext context{clock, log, network};
 };
 
 using Worker = WorkerTest;

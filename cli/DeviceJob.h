@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+
+#include "cli/Environment.h"
+#include "cli/ExitStatus.h"
+#include "worker/Worker.h"
+
+namespace cli {
+
+/// What the name says a permission failure needs.
+extern const char* const AccessAdvice;
+
+/// What devices use of this run.
+TCBase::DeviceContext ContextOf(Invocation& invocation);
+
+/// A job of the worker over some devices, as a command runs it.
+struct DeviceJob {
+  std::function<void(TCBase::Worker&)> start;
+  const char* stopping = "stopping after the device in hand";  // said at Ctrl+C
+  /// Called again and again while the job runs; true asks for a stop, which is no failure.
+  std::function<bool(TCBase::JobControl&)> steer = [](TCBase::JobControl&) { return false; };
+};
+
+/// Runs the job until its end, or until Ctrl+C has stopped it in order. Says how it went for each device that
+/// was not done, and for several devices in a table of all.
+ExitStatus RunJob(const DeviceJob& job, Invocation& invocation);
+
+/// The same without the worker: what became of devices that the job has visited already.
+ExitStatus Report(const std::vector<TCBase::DeviceOutcome>& outcomes, bool isInterrupted, bool isStopped,
+                  Invocation& invocation);
+
+}  // namespace cli

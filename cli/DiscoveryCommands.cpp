@@ -1,0 +1,114 @@
+// SPDX-License-Identifier: MIT
+// devices, monitor
+#include <memory>
+#include <ostream>
+
+#include "QorLib/Format.h"
+#include "cli/Commands.h"
+#include "cli/DeviceArguments.h"
+#include "cli/DeviceJob.h"
+#include "cli/JsonOutput.h"
+#include "cli/LogPrinter.h"
+#include "device/CreateDevice.h"
+#include "worker/Worker.h"
+
+namespace cli {
+namespace {
+
+constexpr std::uint32_t PollMilliseconds = 20;
+
+struct UsbModel {
+  const char* argument;
+  TCBase::DeviceKind kind;
+};
+constexpr UsbModel UsbModels[] = {{"tc420", TCBase::DeviceKind::TC420},
+                                  {"tc421", TCBase::DeviceKind::TC421Usb}};
+
+/// What was found, and whether some of it could not be looked at: permission was missing, or somebody else
+/// had the way to it.
+struct Findings {
+  Json devices = Json::array();
+  bool isUsbDenied = false;
+  bool isNetworkDenied = false;
+};
+
+void FindOnUsb(Findings& findings, Invocation& invocation) {
+  for (const UsbModel& model : UsbModels) {
+    const TCBase::DeviceInfo info = TCBase::DeviceOfKind(model.kind);
+    const auto device = TCBase::CreateDevice(info, ContextOf(invocation));
+    if (device->Open()) {
+      findings.devices.push_back({{"device", model.argument}, {"name", info.name}, {"transport", "usb"}});
+    } else if (device->OpenFault().isDenied) {
+      findings.isUsbDenied = true;
+      invocation.printer.Complain(
+          qor::Format("{1}: {2}{3}", {info.name, device->OpenFault().text, AccessAdvice}));
+    }
+  }
+}
+
+void FindOnNetwork(Findings& findings, Invocation& invocation) {
+  TCBase::Worker worker(ContextOf(invocation), TCBase::Worker::UsbWatch::Off);
+  worker.StartNetworkScan(nullptr);
+  while (worker.IsBusy()) invocation.environment.clock.Sleep(PollMilliseconds);
+  for (const TCBase::DeviceInfo& info : worker.NetworkDevices()) {
+    findings.devices.push_back({{"device", ArgumentOf(info)},
+                                {"name", info.name},
+                                {"transport", "network"},
+                                {"address", platform::AddressText(info.address)}});
+  }
+  if (const auto failure = worker.ScanFailure()) {
+    findings.isNetworkDenied = failure->isDenied;
+    invocation.printer.Complain(
+        qor::Format("the network could not be searched to the end: {1}", {failure->text}));
+  }
+}
+
+struct DevicesOptions {
+  bool scan = false;
+  bool asJson = false;
+};
+
+void PrintLines(const Json& devices, std::ostream& out) {
+  for (const auto& device : devices) {
+    const auto text = [&device](const char* key) { return Printable(device[key].get<std::string>()); };
+    out << text("device") << "  " << text("name") << "  "
+        << (device["transport"] == "usb" ? "USB" : "network") << '\n';
+  }
+}
+
+ExitStatus RunDevices(const DevicesOptions& options, Invocation& invocation) {
+  invocation.printer.KeepStandardOutputFree();
+  Findings findings;
+  FindOnUsb(findings, invocation);
+  if (options.scan) FindOnNetwork(findings, invocation);
+  std::ostream& out = invocation.environment.out;
+  options.asJson ? Print(findings.devices, out) : PrintLines(findings.devices, out);
+  if (findings.isNetworkDenied) return NoAccess;
+  if (!findings.devices.empty()) return Done;
+  if (findings.isUsbDenied) return NoAccess;
+  if (!options.asJson) invocation.printer.Complain("no controller was found");
+  return NothingFound;
+}
+
+ExitStatus RunMonitor(Invocation& invocation) {
+  Environment& environment = invocation.environment;
+  environment.watchInterrupts();
+  const TCBase::Worker worker(ContextOf(invocation), TCBase::Worker::UsbWatch::On);
+  while (!environment.isInterrupted() && environment.out) environment.clock.Sleep(PollMilliseconds);
+  return Done;
+}
+
+}  // namespace
+
+Runner DefineDevices(CLI::App& parser) {
+  const auto options = std::make_shared<DevicesOptions>();
+  parser.add_flag("--scan", options->scan, "Search the local network for TC421 controllers, too");
+  parser.add_flag("--json", options->asJson, "Answer as JSON");
+  return [options](Invocation& invocation) { return RunDevices(*options, invocation); };
+}
+
+Runner DefineMonitor(CLI::App&) {
+  return RunMonitor;
+}
+
+}  // namespace cli

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#include "device/UDPDevice.h"
+
+namespace TCBase {
+namespace {
+
+constexpr int Attempts = 3;
+constexpr std::int64_t ReplySeconds = 2;
+constexpr std::uint32_t PollMilliseconds = 20;
+
+}  // namespace
+
+bool UDPDevice::Open() {
+  if (port_.Open()) return true;
+  SetOpenFailure(port_.OpenFault());
+  return false;
+}
+
+bool UDPDevice::Write(const std::string& image) {
+  return port_.SendTo(platform::IPv4Address(info_.address.address, ControllerPort), image);
+}
+
+bool UDPDevice::Read(std::string& reply) {
+  const std::int64_t end = Clock().Counter() + ReplySeconds * Clock().Frequency();
+  while (!ReceiveReply(reply)) {
+    Clock().Sleep(PollMilliseconds);
+    if (Clock().Counter() >= end) return false;
+  }
+  return true;
+}
+
+/// Takes one datagram, if one waits; whether it is the reply.
+bool UDPDevice::ReceiveReply(std::string& reply) {
+  platform::SocketAddress sender;
+  if (!port_.ReceiveFrom(reply, sender)) return false;
+  if (reply.size() != PacketBytes) {
+    Log().Trace("Received invalid packet size");
+    return false;
+  }
+  port_.TraceReceived(sender, reply);
+  return sender.address == info_.address.address;
+}
+
+bool UDPDevice::Transact(const PacketBase& packet, int expected) {
+  for (int attempt = 0; attempt < Attempts; ++attempt) {
+    if (!WritePacket(packet)) return Counted(false);
+    std::string reply;
+    if (Read(reply)) return Counted(CheckReply(reply, expected));
+  }
+  return Counted(false);
+}
+
+}  // namespace TCBase

@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#include "platform/Network.h"
+
+#include <fcntl.h>
+#include <netdb.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <array>
+#include <bit>
+#include <cerrno>
+
+#include "platform/HostName.h"
+
+namespace platform {
+namespace {
+
+constexpr std::size_t LargestDatagram = 65536;
+
+class Socket : public UdpSocket {
+ public:
+  ~Socket() override {
+    if (descriptor_ >= 0) close(descriptor_);
+  }
+
+  bool Open() override {
+    descriptor_ = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    return Noted(descriptor_ >= 0);
+  }
+
+  bool AllowBroadcast() override {
+    const int on = 1;
+    return Noted(setsockopt(descriptor_, SOL_SOCKET, SO_BROADCAST, &on, sizeof on) == 0);
+  }
+
+  bool MakeNonBlocking() override {
+    const int flags = fcntl(descriptor_, F_GETFL);
+    return Noted(flags >= 0 && fcntl(descriptor_, F_SETFL, flags | O_NONBLOCK) == 0);
+  }
+
+  bool Bind(std::uint16_t port) override {
+    const auto any = std::bit_cast<sockaddr>(IPv4Address({}, port));
+    return Noted(bind(descriptor_, &any, sizeof any) == 0);
+  }
+
+  bool SendTo(const SocketAddress& to, std::string_view datagram) override {
+    const auto address = std::bit_cast<sockaddr>(to);
+    ssize_t sent = -1;
+    do {
+      sent = sendto(descriptor_, datagram.data(), datagram.size(), 0, &address, sizeof address);
+    } while (sent < 0 && errno == EINTR);
+    return Noted(sent >= 0);
+  }
+
+  bool ReceiveFrom(std::string& datagram, SocketAddress& sender) override {
+    std::array<char, LargestDatagram> buffer;
+    sockaddr address{};
+    socklen_t length = sizeof address;
+    const ssize_t count = recvfrom(descriptor_, buffer.data(), buffer.size(), 0, &address, &length);
+    if (!Noted(count >= 0)) return false;
+    datagram.assign(buffer.data(), static_cast<std::size_t>(count));
+    sender = std::bit_cast<SocketAddress>(address);
+    return true;
+  }
+
+  SystemError LastError() const override { return ErrorOf(static_cast<std::uint32_t>(lastError_)); }
+
+ private:
+  bool Noted(bool succeeded) {
+    if (!succeeded) lastError_ = errno;
+    return succeeded;
+  }
+
+  int descriptor_ = -1;
+  int lastError_ = 0;
+};
+
+std::string LookUp(const SocketAddress& of) {
+  const auto address = std::bit_cast<sockaddr>(of);
+  std::array<char, NI_MAXHOST> host{};
+  std::array<char, NI_MAXSERV> service{};
+  const int failed =
+      getnameinfo(&address, sizeof address, host.data(), host.size(), service.data(), service.size(), 0);
+  return failed == 0 ? host.data() : "";
+}
+
+class SystemSockets : public Network {
+ public:
+  std::unique_ptr<UdpSocket> NewUdpSocket() override { return std::make_unique<Socket>(); }
+  std::string HostNameOf(const SocketAddress& address, std::uint32_t milliseconds) override {
+    return LookUpWithin(milliseconds, [address] { return LookUp(address); });
+  }
+};
+
+}  // namespace
+
+Network& SystemNetwork() {
+  static SystemSockets network;
+  return network;
+}
+
+}  // namespace platform

@@ -1,0 +1,143 @@
+// SPDX-License-Identifier: MIT
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+
+#include "tests/cli/CliFixture.h"
+
+using test::LineCount;
+
+namespace {
+
+/// With a TC421 on the network at 10.0.0.7 that answers everything.
+class Devices : public test::Cli {
+ protected:
+  Devices() {
+    network.onSend = [this](const test::FakeNetwork::Datagram& sent) {
+      const std::string to = platform::AddressText(sent.peer);
+      std::string answer = sent.bytes.substr(0, 4) + (to == "255.255.255.255" ? "10.0.0.7" : "");
+      answer.resize(64);
+      if (to == "255.255.255.255" || to == "10.0.0.7") network.Deliver("10.0.0.7", answer);
+    };
+  }
+
+  /// Command and sub-command of each frame that was sent.
+  std::string Sent() {
+    std::string sent;
+    for (const test::FakeNetwork::Datagram& datagram : network.sent) sent += datagram.bytes.substr(2, 2);
+    network.sent.clear();
+    return sent;
+  }
+};
+
+}  // namespace
+
+TEST_F(Devices, SayInATableHowItWentForEach) {
+  EXPECT_EQ(Run({"clear", "--yes", "--device", "tc421@10.0.0.7,Reef", "--device", "emulator"}), cli::Done);
+  EXPECT_EQ(out.substr(out.find("Reef  ")), "Reef            done\nTC420_Emulator  done\n");
+  EXPECT_EQ(
+      Run({"sync-time", "--device", "tc421@10.0.0.8", "--device", "tc421@10.0.0.7", "--device", "tc420"}),
+      cli::DeviceFailed);
+  EXPECT_EQ(out.substr(out.find("10.0.0.8  ")),
+            "10.0.0.8    the time did not get through\n"
+            "10.0.0.7    done\n"
+            "Orvanta 24  could not be opened: no such device\n");
+  EXPECT_EQ(LineCount(err), 2u) << err;
+
+  network.isPortTaken = true;
+  EXPECT_EQ(Run({"sync-time", "--device", "tc421@10.0.0.7"}), cli::NoAccess);
+  EXPECT_EQ(
+      err,
+      "halvex: 10.0.0.7: could not be opened: UDP port 5000 of this computer is in use by another program\n");
+}
+
+TEST_F(Devices, AreFoundOnTheNetwork) {
+  network.hostNames["10.0.0.7"] = "reef";
+  EXPECT_EQ(Run({"devices", "--scan"}), cli::Done);
+  EXPECT_EQ(out, "tc421@10.0.0.7,reef  reef  network\n");
+  EXPECT_EQ(LineCount(err), 4u) << "the log lines do not mix with the list: " << err;
+  EXPECT_EQ(Run({"devices", "--scan", "--json"}), cli::Done);
+  EXPECT_EQ(nlohmann::json::parse(out)[0]["address"], "10.0.0.7");
+
+  network.onSend = nullptr;
+  EXPECT_EQ(Run({"devices", "--scan"}), cli::NothingFound);
+  network.failingCall = "sendto";
+  EXPECT_EQ(Run({"devices", "--scan"}), cli::NothingFound);
+  EXPECT_NE(err.find("could not be searched to the end: no luck"), std::string::npos) << err;
+  network.isPortTaken = true;
+  EXPECT_EQ(Run({"devices", "--scan"}), cli::NoAccess);
+}
+
+TEST_F(Devices, GetThePacketsThatAreShown) {
+  const std::string path = NewProgram();
+  EXPECT_EQ(Run({"packets", path, "--model", "tc421-net", "--identity", "10.0.0.7"}), cli::Done);
+  std::istringstream lines(out);
+  EXPECT_EQ(Run({"upload", path, "--device", "tc421@10.0.0.7"}), cli::Done) << err;
+  EXPECT_EQ(network.sent.size(), 1u + 12 + 1 + 1 + 2 + 1);
+  for (const test::FakeNetwork::Datagram& datagram : network.sent) {
+    std::string line;
+    std::getline(lines, line);
+    std::string image;
+    for (std::size_t i = 0; i < 128; i += 2)
+      image += static_cast<char>(std::stoi(line.substr(i, 2), nullptr, 16));
+    EXPECT_EQ(image, datagram.bytes);
+  }
+}
+
+TEST_F(Devices, AreClearedOnlyWhenTheUserIsSure) {
+  terminal.isInput = true;
+  in = "n\n";
+  EXPECT_EQ(Run({"clear", "--device", "tc421@10.0.0.7"}), cli::Interrupted);
+  EXPECT_EQ(Sent(), "");
+  in = "y\n";
+  EXPECT_EQ(Run({"clear", "--device", "tc421@10.0.0.7"}), cli::Done);
+  EXPECT_EQ(err, "Clear all modes in 10.0.0.7? They cannot be read back. [y/N] ");
+  EXPECT_EQ(Sent(), "\x05\xFE");
+}
+
+TEST_F(Devices, AlwaysGetTheEndOfADemo) {
+  const std::string path = NewProgram();
+  isInterrupted = true;
+  EXPECT_EQ(Run({"demo", path, "--device", "tc421@10.0.0.7", "--device", "emulator"}), cli::Interrupted);
+  const std::string sent = Sent();
+  EXPECT_EQ(sent.substr(0, 2), "\x06\x01");
+  EXPECT_EQ(sent.substr(sent.size() - 2), "\x03\x08");
+  EXPECT_NE(out.find("Demo finished\nCancelled!\n"), std::string::npos);
+}
+
+TEST_F(Devices, PlayInTheTimeThatTheSettingsSay) {
+  const std::string path = NewProgram();
+  std::filesystem::create_directories(test::PathOf(folder.File("home")));
+  test::Write(folder.File("home/TC420Config.xml"), "<config><demo_speed>12</demo_speed></config>");
+  EXPECT_EQ(Run({"demo", path, "--device", "emulator"}), cli::Done);
+  EXPECT_NE(out.find("Playing whole day in 12 seconds"), std::string::npos);
+  EXPECT_EQ(Run({"demo", path, "--device", "emulator", "--seconds", "86400", "--start", "23:59"}), cli::Done);
+}
+
+TEST_F(Devices, ObeyTheKeysDuringADemo) {
+  struct OnlyQ : platform::Keyboard {
+    platform::Key Next() override { return platform::Key::Quit; }
+  };
+  const std::string path = NewProgram();
+  terminal.openKeyboard = [] { return std::make_unique<OnlyQ>(); };
+  EXPECT_EQ(Run({"demo", path, "--device", "tc421@10.0.0.7", "--device", "emulator"}), cli::Done)
+      << "to quit is no failure: " << err;
+  EXPECT_EQ(Sent().substr(0, 2), "\x06\x01");
+  EXPECT_NE(out.find("TC420_Emulator  not reached"), std::string::npos) << out;
+}
+
+TEST_F(Devices, JoinANetworkWithoutThePasswordOnTheCommandLine) {
+  in = "s3cr\xC3\xA9t word\r\nmore\n";
+  EXPECT_EQ(Run({"wifi", "--device", "tc421@10.0.0.7", "--ssid", "Caf\xC3\xA9", "--security", "2",
+                 "--encryption", "4", "--password-stdin"}),
+            cli::Done)
+      << err;
+  ASSERT_EQ(network.sent.size(), 2u);
+  EXPECT_EQ(network.sent[0].bytes.substr(5, 8), std::string("\x05\x01") + "Caf\xC3\xA9" + '\0');
+  EXPECT_EQ(network.sent[1].bytes.substr(5, 15), "\x0C\x02s3cr\xC3\xA9t word" + std::string(1, '\0'));
+  in = std::string(43, 'p') + "\n";
+  EXPECT_EQ(Run({"wifi", "--device", "tc421@10.0.0.7", "--ssid", "x", "--security", "1", "--password-stdin"}),
+            cli::WrongUsage);
+  EXPECT_EQ(err, "halvex: the password has 43 bytes; a controller takes at most 42\n");
+  EXPECT_EQ(network.sent.size(), 2u) << "nothing more was sent";
+}

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+#include "worker/WiFiJob.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/FakeNetwork.h"
+#include "tests/support/TestLog.h"
+#include "tests/support/VirtualClock.h"
+
+using Texts = std::vector<std::string>;
+using Stage = TCBase::DeviceOutcome::Stage;
+
+namespace {
+
+class WiFiJob : public testing::Test {
+ protected:
+  WiFiJob() {
+    network.onSend = [this](const test::FakeNetwork::Datagram& sent) {
+      kinds += sent.bytes[6];
+      if (sent.bytes[6] != ignored) network.Deliver("10.0.0.7", std::string(64, '\0'));
+    };
+  }
+
+  TCBase::DeviceOutcome SetUp(std::int32_t security) {
+    kinds.clear();
+    const TCBase::DeviceInfo info = TCBase::NetworkDevice("Reef", platform::ParseIPv4("10.0.0.7").value());
+    return TCBase::SetupWiFi(info, {"net", "secret", 5, security}, {clock, log, network});
+  }
+
+  test::VirtualClock clock;
+  test::TestLog log;
+  test::FakeNetwork network{clock};
+  char ignored = 0;   // what is not answered
+  std::string kinds;  // what was sent: name 1, password 2, open network 3
+};
+
+}  // namespace
+
+TEST_F(WiFiJob, SendsWhatTheNetworksSecurityNeeds) {
+  for (const auto& [security, sent] : {std::pair{0, "\x03"}, {1, "\x01\x02"}, {2, "\x01\x02"}, {3, ""}}) {
+    EXPECT_TRUE(SetUp(security).IsDone()) << security;
+    EXPECT_EQ(kinds, sent) << security;
+    EXPECT_EQ(log.Texts(), Texts{"Setting up WiFi"});
+  }
+}
+
+TEST_F(WiFiJob, EndsAtTheFirstPacketThatIsNotTaken) {
+  struct Case {
+    char unanswered;
+    std::int32_t security;
+    const char* sent;
+    const char* line;
+  };
+  for (const Case& c :
+       {Case{3, 0, "\3\3\3", "Error setting open WiFi"}, Case{1, 1, "\1\1\1", "Error setting WiFi SSID"},
+        Case{2, 2, "\1\2\2\2", "Error setting WiFi password"}}) {
+    ignored = c.unanswered;
+    EXPECT_EQ(SetUp(c.security).stage, Stage::Failed);
+    EXPECT_EQ(kinds, c.sent);
+    EXPECT_EQ(log.Texts(), (Texts{"Setting up WiFi", c.line}));
+  }
+  network.isPortTaken = true;
+  EXPECT_TRUE(SetUp(0).isDenied);
+  EXPECT_EQ(log.Texts(), Texts{"Connect error"});
+}
+
+TEST(WiFiSettings, AreRefusedWhenTheyWouldNotArriveWhole) {
+  using Fault = TCBase::WiFiFault;
+  const auto fault = [](std::size_t name, std::size_t password, std::int32_t security) {
+    return TCBase::FaultOf({std::string(name, '\xC3'), std::string(password, 'p'), 0, security});
+  };
+  EXPECT_EQ(fault(42, 0, 0), Fault::None);
+  EXPECT_EQ(fault(43, 0, 0), Fault::NameTooLong);
+  EXPECT_EQ(fault(0, 0, 0), Fault::NoName);
+  EXPECT_EQ(fault(32, 42, 1), Fault::None);
+  EXPECT_EQ(fault(33, 42, 2), Fault::NameTooLong);
+  EXPECT_EQ(fault(32, 43, 1), Fault::PasswordTooLong);
+  EXPECT_EQ(fault(32, 0, 2), Fault::NoPassword);
+}

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string_view>
+
+#include "model/Program.h"
+#include "worker/DeviceOutcome.h"
+#include "worker/JobContext.h"
+
+namespace TCBase {
+
+// In how many seconds a demo may play the whole day
+inline constexpr int FewestDemoSeconds = 10;
+inline constexpr int MostDemoSeconds = 86400;
+inline constexpr int UsualDemoSeconds = 60;
+
+/// The seconds that the setting "demo_speed" asks for: the usual ones when it is missing or empty, else its
+/// number within the limits.
+int DemoSecondsOf(std::string_view setting);
+
+/// Plays the view's current mode on the device, the whole day in `seconds`, until its end or a Stop; the
+/// other commands of JobControl pause, resume and move it. The channels' values go out every 50 ms while they
+/// change, and every 200 ms while they do not. The demo is always closed.
+DeviceOutcome DemoDevice(const DeviceInfo& info, const Program::ModeListView& modes, int seconds,
+                         const JobContext& job);
+
+}  // namespace TCBase
