@@ -45,6 +45,7 @@ class Steering {
     const int second = control.demoSecond;
     if (state == JobControl::NoDemo || second < 0) {
       isStarted_ = false;
+      invocation_.printer.ShowProgress("");
       return ObeyKeys(control, state, second);
     }
     if (!isStarted_ && startSecond_) control.PostSeek(*startSecond_);

@@ -97,7 +97,7 @@ ExitStatus RunJob(const DeviceJob& job, Invocation& invocation) {
   TCBase::Worker worker(ContextOf(invocation), TCBase::Worker::UsbWatch::Off);
   job.start(worker);
   const JobEnd end = WaitFor(worker, job, invocation);
-  invocation.printer.EndProgress();
+  invocation.printer.ShowProgress("");
   return Report(worker.Outcomes(), end.isInterrupted, end.isStopped, invocation);
 }
 

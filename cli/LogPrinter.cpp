@@ -81,12 +81,6 @@ void LogPrinter::ShowProgress(const std::string& line) {
   DrawProgress();
 }
 
-void LogPrinter::EndProgress() {
-  const std::lock_guard lock(mutex_);
-  if (!progress_.empty()) environment_.err << std::endl;
-  progress_.clear();
-}
-
 void LogPrinter::HideProgress() {
   if (!progress_.empty())
     environment_.err << '\r' << std::string(progress_.size(), ' ') << '\r' << std::flush;

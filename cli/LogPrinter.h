@@ -30,10 +30,8 @@ class LogPrinter {
   /// Complains of the first few of many things of a kind, and says how many there are.
   void WarnOfEach(const std::vector<std::string>& sentences);
   /// Shows a line on standard error, which is a terminal, in the place of the one before; what is printed
-  /// meanwhile comes above it.
+  /// meanwhile comes above it. An empty one takes it away.
   void ShowProgress(const std::string& line);
-  /// Leaves the last line of progress standing.
-  void EndProgress();
 
  private:
   void HideProgress();

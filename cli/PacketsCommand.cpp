@@ -113,7 +113,7 @@ Runner DefinePackets(CLI::App& parser) {
       ->check(CLI::IsMember({TC420Model, UsbModel, NetworkModel}));
   parser
       .add_option("--identity", options->identity,
-                  "The controller's identity in the packets for tc421-net; else none")
+                  "The controller's identity in the packets for tc421-net, of 12 bytes; else none")
       ->type_name("TEXT");
   AddModes(parser, options->modes);
   return [options](Invocation& invocation) { return RunPackets(*options, invocation); };

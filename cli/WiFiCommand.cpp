@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // wifi
 #include <memory>
+#include <optional>
 #include <ostream>
 
 #include "QorLib/Format.h"
@@ -20,7 +21,7 @@ struct WiFiOptions {
   std::string device;
   std::string ssid;
   std::string security;
-  int encryption = 0;
+  std::optional<int> encryption;
   bool passwordFromInput = false;
 };
 
@@ -42,11 +43,12 @@ std::string ReadPassword(Environment& environment) {
 WiFiSettings SettingsOf(const WiFiOptions& options, Environment& environment) {
   WiFiSettings settings;
   settings.ssid = options.ssid;
-  settings.encryption = options.encryption;
+  settings.encryption = options.encryption.value_or(0);
   settings.security = options.security == "open" ? WiFiSettings::Open : std::stoi(options.security);
   const bool isOpen = settings.security == WiFiSettings::Open;
-  if (isOpen && options.passwordFromInput) {
-    throw CommandError(WrongUsage, "an open network has no password; leave --password-stdin out");
+  if (isOpen && (options.passwordFromInput || options.encryption)) {
+    throw CommandError(WrongUsage,
+                       "an open network has no password; leave --password-stdin and --encryption out");
   }
   if (!isOpen && !options.passwordFromInput && !environment.terminal.isInput) {
     throw CommandError(WrongUsage,
@@ -103,7 +105,9 @@ Runner DefineWiFi(CLI::App& parser) {
       ->required()
       ->type_name("S")
       ->check(CLI::IsMember({"open", "1", "2"}));
-  parser.add_option("--encryption", options->encryption, "A number that goes along with the name; else 0")
+  parser
+      .add_option("--encryption", options->encryption,
+                  "A number that goes along with a protected network's name; else 0")
       ->type_name("N")
       ->check(CLI::Range(0, MostEncryption));
   parser.add_flag("--password-stdin", options->passwordFromInput, "Read the password from standard input");

@@ -16,7 +16,8 @@ ErrorKind KindOf(std::uint32_t code) {
   switch (code) {
     case ERROR_FILE_NOT_FOUND:
     case ERROR_PATH_NOT_FOUND: return ErrorKind::NotFound;
-    case ERROR_ACCESS_DENIED: return ErrorKind::AccessDenied;
+    case ERROR_ACCESS_DENIED:
+    case WSAEACCES: return ErrorKind::AccessDenied;
     case ERROR_WRITE_PROTECT: return ErrorKind::WriteProtected;
     case ERROR_SHARING_VIOLATION:
     case ERROR_LOCK_VIOLATION: return ErrorKind::SharingViolation;
