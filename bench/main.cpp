@@ -29,6 +29,8 @@ std::vector<Ratio> Ratios() {
       {"sample table of 5 × 1440 steps, against the plain definition", "SampleTable/1440",
        "SampleTablePlainly/1440", 1, FasterBy, 200},
       {"upload of two modes to the emulator, against the prescribed waits", "Upload", "", 1000, AtMost, 1.01},
+      {"encoding a TC421 step, against encoding it and its log text", "EncodePacket", "EncodePacketAndText",
+       1, AtMost, 1},
       {"RAW file of 5 × 300 steps, against sampling each second", "ExportRaw", "ExportRawByDefinition", 1,
        FasterBy, 100},
       {"look-up of a translation, against one in a plain hash map", "Translate", "TranslateByPlainMap", 1,

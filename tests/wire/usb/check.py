@@ -1,11 +1,16 @@
 # SPDX-License-Identifier: MIT
 """Checks what the guest left behind: python3 check.py RESULTS.tar. Each check is a function named after its case."""
 import collections
+import datetime
+import pathlib
 import re
 import sys
 import tarfile
 
 import frames
+
+sys.path.append(str(pathlib.Path(__file__).parent.parent / 'net'))
+import tc421
 
 UPLOAD_LOG = ['Configuring device Orvanta 24', 'Uploading started', 'Uploading mode: Normal',
               'Uploading mode: AlwaysOn', 'Uploading finished', 'Finished configuring device Orvanta 24']
@@ -191,6 +196,72 @@ def monitor(case):
             raise Failure(f'"{line}" came {count[line]} times')
     case.status('monitor', 0, 130)
     case.arrived('tc420', [])
+
+
+WI_FI_LOG = ['Configuring device Orvanta 24 Wi-Fi', 'Uploading started', 'Uploading mode: Normal',
+             'Uploading mode: AlwaysOn', 'Uploading finished', 'Finished configuring device Orvanta 24 Wi-Fi']
+
+
+def over_usb(frame):
+    """The checksum stands at the end there; nobody knows an identity."""
+    return frame[:61] + bytes([0, 0, frame[61]])
+
+
+@check('tc421')
+def every_operation_of_a_tc421(case):
+    when = datetime.datetime(2028, 2, 29, 23, 59, 58)
+    case.arrived('tc421', [*map(over_usb, [*tc421.upload(''), tc421.clock(when, ''), tc421.clear_all('')]),
+                           tc421.wifi_open('Reef {1}'), tc421.wifi_ssid('Café', 2, 4), tc421.wifi_password('s3crét')])
+    case.log('list', ['tc421  Orvanta 24 Wi-Fi  USB'])
+    case.log('upload', WI_FI_LOG)
+    for run in ('upload', 'clock', 'clear', 'open', 'protected'):
+        case.status(run, 0)
+    if case.seconds('clear') < 3:
+        raise Failure(f'clearing took {case.seconds("clear"):.1f} s, but the controller needs 3 s')
+
+
+@check('both_models')
+def both_models_in_one_call(case):
+    on = frames.tc420_mode(1)
+    in_bank_0 = frames.tc420(0x12, bytes([0]) + on[0][6:15])
+    case.arrived('tc420', 2 * [in_bank_0, *on[1:], *frames.TC420_CLOSE])
+    in_bank_0 = tc421.frame(0x01, 0x01, bytes([0]) + tc421.mode(1, '')[0][7:16])
+    case.arrived('tc421', [*map(over_usb, [in_bank_0, *tc421.mode(1, '')[1:]])])
+    case.log('list', ['tc420  Orvanta 24  USB', 'tc421  Orvanta 24 Wi-Fi  USB'])
+    case.status('upload', 0)
+    case.status('mute', 1)
+    for run, last in (('upload', 'done'), ('mute', "modes not taken: 'AlwaysOn'; 1 packet did not get through")):
+        wanted = ['Orvanta 24        done', 'Orvanta 24 Wi-Fi  ' + last]
+        if case.lines(run + '.out')[-2:] != wanted:
+            raise Failure(f'the table of "{run}" is {case.lines(run + ".out")[-2:]} and not {wanted}')
+
+
+@check('tc421_silent')
+def a_tc421_that_is_silent(case):
+    case.log('upload', [*WI_FI_LOG[:3], 'Upload error', WI_FI_LOG[3], 'Upload error', *WI_FI_LOG[4:]])
+    case.status('upload', 1)
+    case.status('clock', 1)
+    if len(case.lines('tc421.frames')) != 3:
+        raise Failure('a beginning that is not answered is not followed by a step, nor sent again')
+
+
+@check('tc421_demo')
+def demos(case):
+    begin, end = over_usb(tc421.play_init('Normal', '')), over_usb(tc421.mode_stop(''))
+    for run, status in (('whole', 0), ('interrupted', 130), ('gone', 1)):
+        case.status(run, status)
+    played = case.lines('tc421.frames')
+    compare('the first frame', played[0], begin.hex().upper())
+    compare('the last frame', played[-1], end.hex().upper())
+    for line in played[1:-1]:
+        if line[4:12] != '06020005' or len(line) != 128:
+            raise Failure(f'there is {line} in the demo')
+    if not 50 <= len(played) - 2 <= 200:
+        raise Failure(f'{len(played) - 2} times values in 10 s')
+    compare('the last frame of the interrupted one', case.lines('other.frames')[-1],
+            frames.TC420_CLOSE[0].hex().upper())
+    if len(case.lines('gone.frames')) != 10 or 'Demo finished' not in case.lines('gone.out'):
+        raise Failure('the demo without a controller did not come to its end')
 
 
 def read_results(path):

@@ -2,7 +2,8 @@
 # shellcheck shell=dash
 # The cases in the order of their run; check.py knows what each must leave behind.
 
-cases='absent upload two_reports silent nonsense unplugged refused devices interrupted monitor'
+cases='absent upload two_reports silent nonsense unplugged refused devices interrupted monitor
+tc421 both_models tc421_silent tc421_demo'
 program=/home/user/presets.xml
 
 case_absent() {
@@ -74,4 +75,48 @@ case_monitor() {
   ) &
   halvex monitor monitor
   wait $!
+}
+
+# Every operation of a TC421, one after another.
+case_tc421() {
+  plug tc421 --model tc421
+  halvex list devices
+  halvex upload upload $program --device tc421
+  halvex clock set-time '2028-02-29 23:59:58' --device tc421
+  halvex clear clear --device tc421 --yes
+  halvex open wifi --device tc421 --ssid 'Reef {1}' --security open
+  halvex_reading 's3cr\303\251t' protected wifi --device tc421 --ssid "$(printf 'Caf\303\251')" --security 2 --encryption 4 --password-stdin
+}
+
+# Both in one call. The TC420's silence is no failure, the TC421's is.
+case_both_models() {
+  plug tc420 --udc dummy_udc.0 --silent
+  plug tc421 --model tc421 --udc dummy_udc.1
+  halvex list devices
+  halvex upload upload $program --mode 2 --device tc420 --device tc421
+  unplug tc421
+  plug mute --model tc421 --udc dummy_udc.1 --silent
+  halvex mute upload $program --mode 2 --device tc420 --device tc421
+}
+
+case_tc421_silent() {
+  plug tc421 --model tc421 --silent
+  halvex upload upload $program --device tc421 --trace
+  halvex clock sync-time --device tc421
+}
+
+# A demo to its end, one that is interrupted, and one that loses its controller.
+case_tc421_demo() {
+  plug tc421 --model tc421
+  halvex whole demo $program --device tc421 --seconds 10
+  plug other --udc dummy_udc.1
+  (
+    await_frames other 5
+    interrupt_halvex
+  ) &
+  halvex interrupted demo $program --device tc420
+  wait $!
+  unplug tc421
+  plug gone --model tc421 --udc dummy_udc.0 --unplug-after 10 --once
+  halvex gone demo $program --device tc421 --seconds 10
 }

@@ -50,6 +50,14 @@ unplug() {
   rm "$1.pid"
 }
 
+# halvex_reading TEXT RUN ARGS...: the same with a line on standard input, printf's escapes in it.
+halvex_reading() {
+  input=$1
+  shift
+  halvex "$@"
+  input=
+}
+
 # halvex RUN ARGS...: as an ordinary user, never longer than 45 s; leaves RUN.out, RUN.err, RUN.status and
 # RUN.seconds.
 halvex() {
@@ -57,8 +65,8 @@ halvex() {
   shift
   rm -f /tmp/halvex.pid
   read -r begin _ </proc/uptime
-  timeout -s KILL 45 su -s /bin/sh -c 'echo $$ >/tmp/halvex.pid; exec /bin/halvex "$@"' -- user sh "$@" \
-    >"$run.out" 2>"$run.err" </dev/null
+  printf "$input\n" | timeout -s KILL 45 su -s /bin/sh -c 'echo $$ >/tmp/halvex.pid; exec /bin/halvex "$@"' -- user sh "$@" \
+    >"$run.out" 2>"$run.err"
   echo $? >"$run.status"
   read -r end _ </proc/uptime
   echo "$begin $end" >"$run.seconds"
