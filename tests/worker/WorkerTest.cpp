@@ -123,6 +123,50 @@ TEST_F(Worker, SurvivesAJobThatThrows) {
   EXPECT_EQ(log.Texts(), Texts{"out of {1}"});
 }
 
+TEST_F(Worker, ClearsDevicesInTurnWithTimeToErase) {
+  TCBase::Worker worker(context, TCBase::Worker::UsbWatch::Off);
+  std::vector<std::int64_t> ends;
+  log.OnLine([&] { ends.push_back(clock.Milliseconds()); });
+  worker.StartClearAll(Emulators(2));
+  WaitFor(worker);
+  EXPECT_EQ(log.Texts(),
+            (Texts{"Configuring device E1", "Clearing all modes", "Finished configuring device E1",
+                   "Configuring device E2", "Clearing all modes", "Finished configuring device E2"}));
+  EXPECT_EQ(ends[5] - ends[0], 6000);
+}
+
+TEST_F(Worker, SetsClocksToTheTimeOfTheOrder) {
+  TCBase::Worker worker(context, TCBase::Worker::UsbWatch::Off);
+  log.SetTracing(true);
+  worker.Enqueue([this] { clock.Advance(20000); });
+  worker.StartTimeSync(Emulators(1), {2026, 2, 6, 28, 10, 0, 0, 0});
+  WaitFor(worker);
+  EXPECT_EQ(
+      log.Texts()[3],
+      "9:05:07:042 WritePacket: Packet_TimeSync(Year=2026, Month=02, Day=28, Hour=10, Minute=00, Second=00)");
+}
+
+TEST_F(Worker, TellsOfTheEndOfASearchAndOfWhatItFound) {
+  network.hostNames["10.0.0.7"] = "reef";
+  network.onSend = [this](const test::FakeNetwork::Datagram& sent) {
+    network.Deliver("10.0.0.7", sent.bytes.substr(0, 4) + "10.0.0.7" + std::string(52, '\0'));
+  };
+  std::vector<std::uint32_t> posted;
+  platform::SetWindowMessageHandler(
+      [&](const platform::WindowMessage& message) { posted.push_back(message.message); });
+  TCBase::Worker worker(context, TCBase::Worker::UsbWatch::Off);
+  worker.StartNetworkScan(nullptr);
+  WaitFor(worker);
+  platform::SetWindowMessageHandler(nullptr);
+  EXPECT_EQ(posted, std::vector<std::uint32_t>{0x401});
+  ASSERT_EQ(worker.NetworkDevices().size(), 1u);
+  EXPECT_EQ(worker.NetworkDevices()[0].name, "reef");
+  EXPECT_EQ(platform::AddressAndPortText(worker.NetworkDevices()[0].address), "10.0.0.7:5000");
+  EXPECT_FALSE(worker.ScanFailure());
+  EXPECT_EQ(log.Texts(), (Texts{"Searching for network devices...", "Found 1 device(s)",
+                                "Trying to find hostname for 10.0.0.7...", "Found hostname reef"}));
+}
+
 TEST_F(Worker, ReportsPluggingInAndOutOnceEach) {
   std::atomic<int> connected = 0, disconnected = 0;
   platform::SetWindowMessageHandler([&](const platform::WindowMessage& posted) {
