@@ -14,6 +14,7 @@
 #include <string>
 #include <system_error>
 
+#include "../tc421/Frame.h"
 #include "HostNode.h"
 
 namespace SimUsb {
@@ -37,6 +38,13 @@ sigset_t EndSignals() {
 
 Handle OpenTranscript(const std::string& path) {
   return path.empty() ? Handle() : OpenFile(path, O_WRONLY | O_CREAT | O_APPEND);
+}
+
+// What is wrong with a frame, with a blank before it; the frames of a TC420 are not looked into.
+std::string Remark(const Model& model, std::span<const std::uint8_t> frame) {
+  if (std::string_view(model.name) != "tc421") return {};
+  const std::string fault = SimTC421::FaultOf(frame, SimTC421::Transport::Usb, "");
+  return fault.empty() ? "" : " wrong: " + fault;
 }
 
 void Say(const std::string& line) {
@@ -100,13 +108,7 @@ Controller::End Controller::Serve() {
 
 void Controller::Record(std::span<const std::uint8_t> frame) const {
   if (transcript.Get() < 0) return;
-  std::string line;
-  for (const std::uint8_t byte : frame) {
-    constexpr char Digits[] = "0123456789ABCDEF";
-    line += Digits[byte >> 4];
-    line += Digits[byte & 15];
-  }
-  line += '\n';
+  const std::string line = SimTC421::Hex(frame) + Remark(options.model, frame) + "\n";
   if (::write(transcript.Get(), line.data(), line.size()) != static_cast<ssize_t>(line.size())) {
     throw std::system_error(errno, std::generic_category(), options.transcript);
   }

@@ -48,7 +48,7 @@ constexpr Row Rows[] = {
      [](Options& o, const std::string& text) { o.model = ParseModel(text); }},
     {"--udc", "NAME", "device controller as listed in /sys/class/udc; else the first free one",
      [](Options& o, const std::string& text) { o.udc = text; }},
-    {"--transcript", "FILE", "appends each frame that arrives as a line of 128 hexadecimal digits",
+    {"--transcript", "FILE", "appends each frame that arrives as a line of 128 hexadecimal digits, see below",
      [](Options& o, const std::string& text) { o.transcript = text; }},
     {"--reports", "1|2", "input reports in one answer",
      [](Options& o, const std::string& text) { o.reports = ParseNumber(text, 1, 2); }},
@@ -111,6 +111,8 @@ std::string HelpText() {
          "to every user (mode 0666), as a udev rule would do. With --refuse-open it stays with root (0600): "
          "the\n"
          "controller is listed on the bus, and opening it fails for every other user.\n\n"
+         "In the transcript of a tc421 the digits of a wrong frame are followed by \" wrong: \" and what is "
+         "wrong.\n\n"
          "\"Plugged in\" (there with \" as \" and the node's name) and \"Unplugged\" are written to "
          "standard\n"
          "output as they happen.\n";

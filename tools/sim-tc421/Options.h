@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <netinet/in.h>
+
+#include <chrono>
+#include <limits>
+#include <optional>
+#include <set>
+#include <string>
+
+#include "../tc421/Frame.h"
+
+namespace SimTC421 {
+
+struct Options {
+  std::optional<std::string> name;      // else the controller's own address
+  std::optional<std::string> identity;  // else the name
+  std::string transcript;               // empty: datagrams are not recorded
+  std::string state;                    // empty: it is not written
+  int lose = 0;                         // datagrams
+  int vanishAfter = std::numeric_limits<int>::max();
+  std::chrono::milliseconds delay{0};
+  std::size_t answerSize = Frame().size();
+  int answers = 1;              // to one packet
+  std::optional<in_addr> from;  // else the address that was asked
+  std::set<Kind> ignored;
+  bool silent = false;
+  bool refuse = false;
+  bool babble = false;
+  bool help = false;
+};
+
+// Throws std::invalid_argument with a finished sentence when the arguments make no sense.
+Options ParseOptions(int argc, char** argv);
+
+std::string HelpText();
+
+}  // namespace SimTC421
