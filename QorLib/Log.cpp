@@ -26,7 +26,7 @@ void Log::Trace(std::string_view text) {
 }
 
 void Log::TraceDump(std::string_view bytes) {
-  if (IsTracing()) Write(Kind::Trace, HexDump(bytes));
+  if (IsTracing()) Write(Kind::TraceDump, HexDump(bytes));
 }
 
 std::vector<Log::Line> Log::TakeLines() {
@@ -46,7 +46,7 @@ std::string TextOf(const std::vector<Log::Line>& lines) {
   std::string text;
   for (const Log::Line& line : lines) {
     text += line.text;
-    if (!line.text.ends_with('\n')) text += "\r\n";
+    if (line.kind != Log::Kind::TraceDump) text += "\r\n";
   }
   return text;
 }

@@ -23,10 +23,10 @@ struct TimeOfDay {
 /// controllers, which is kept only while tracing is switched on.
 class Log {
  public:
-  enum class Kind { Message, Trace };
+  enum class Kind { Message, Trace, TraceDump };
   struct Line {
     Kind kind;
-    std::string text;  // without the line end; a hex dump stands as rows that end with a line feed each
+    std::string text;  // without the line end; a dump stands as rows that end with a line feed each
 
     bool operator==(const Line&) const = default;
   };

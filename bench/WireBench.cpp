@@ -80,6 +80,7 @@ class WatchedNetwork : public platform::Network {
   std::unique_ptr<platform::UdpSocket> NewUdpSocket() override {
     return std::make_unique<WatchedSocket>(platform::SystemNetwork().NewUdpSocket(), clock_, gaps);
   }
+  bool IsOwn(const platform::SocketAddress&) override { return false; }
   std::string HostNameOf(const platform::SocketAddress&, std::uint32_t) override { return {}; }
 
   std::vector<double> gaps;  // seconds from an answer to the next datagram
@@ -126,7 +127,7 @@ Cost PlayDemo(const DeviceInfo& device, int seconds) {
   JobControl control;
   const Program::ModeListView modes(FadingProgram());
   const double before = ProcessorSeconds();
-  const DeviceOutcome outcome = DemoDevice(device, modes, seconds, {{clock, log, network}, control});
+  const DeviceOutcome outcome = DemoDevice(device, modes, {seconds, 0}, {{clock, log, network}, control});
   const double used = ProcessorSeconds() - before;
   if (!outcome.IsDone()) {
     std::fprintf(stderr, "the demo failed: %s\n", outcome.detail.c_str());

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // demo
+#include <algorithm>
 #include <charconv>
 #include <memory>
-#include <optional>
 
 #include "QorLib/Format.h"
 #include "cli/Commands.h"
@@ -13,6 +13,7 @@
 #include "cli/ProgramFiles.h"
 #include "formats/Settings.h"
 #include "worker/DemoJob.h"
+#include "worker/Stopwatch.h"
 
 namespace cli {
 namespace {
@@ -29,73 +30,98 @@ struct DemoOptions {
 };
 
 constexpr int QuarterHour = 15 * 60;
+constexpr double ShowEverySeconds = 0.1;
+constexpr double OrderSeconds = 0.3;  // after which an order that was taken shows in what is played
 
-/// The user's hand on a demo: shows where it is, obeys the keys, and begins each device's day where it
-/// should.
+/// The user's hand on a demo: shows where it is, and obeys the keys.
 class Steering {
  public:
-  Steering(Invocation& invocation, std::optional<int> startSecond)
+  explicit Steering(Invocation& invocation)
       : invocation_(invocation),
-        startSecond_(startSecond),
-        keyboard_(invocation.environment.terminal.openKeyboard()) {}
+        keyboard_(invocation.environment.terminal.openKeyboard()),
+        sinceShown_(invocation.environment.clock),
+        sinceOrder_(invocation.environment.clock) {
+    if (keyboard_ != nullptr && invocation.environment.terminal.isError) {
+      invocation.printer.Complain("space pauses, the arrow keys move by a quarter of an hour, q stops");
+    }
+  }
 
   /// Does what there is to do; true when the demo is to stop.
   bool operator()(JobControl& control) {
-    const int state = control.demoState;
-    const int second = control.demoSecond;
-    if (state == JobControl::NoDemo || second < 0) {
-      isStarted_ = false;
-      invocation_.printer.ShowProgress("");
-      return ObeyKeys(control, state, second);
-    }
-    if (!isStarted_ && startSecond_) control.PostSeek(*startSecond_);
-    isStarted_ = true;
-    if (invocation_.environment.terminal.isError) Show(control, state, second);
-    return ObeyKeys(control, state, second);
+    const Place place = PlaceOf(control);
+    if (invocation_.environment.terminal.isError) Show(control, place);
+    return keyboard_ != nullptr && ObeyKeys(control, place);
   }
 
  private:
-  void Show(JobControl& control, int state, int second) {
-    std::string line = TimeText(second / 3600, second / 60 % 60);
+  /// Where the demo is, or will be when it has obeyed.
+  struct Place {
+    int second = JobControl::NoSecond;
+    bool isPaused = false;
+  };
+
+  static Place PlaceOf(const JobControl& control) {
+    return {control.demoSecond, control.demoState == JobControl::DemoPaused};
+  }
+
+  void Show(JobControl& control, const Place& place) {
+    if (place.second < 0) {
+      invocation_.printer.ShowProgress("");
+      return;
+    }
+    if (sinceShown_.Elapsed() < ShowEverySeconds) return;
+    sinceShown_.Restart();
+    std::string line = TimeText(place.second / 3600, place.second / 60 % 60);
     line += ':';
-    line += qor::ZeroFilled(second % 60, 2);
+    line += qor::ZeroFilled(place.second % 60, 2);
     for (const int percent : control.LastChannels().values) {
       const std::string number = std::to_string(percent);
-      line += std::string(number.size() < 5 ? 5 - number.size() : 1, ' ') + number;
+      line.append(5 - std::min<std::size_t>(number.size(), 4), ' ');
+      line += number;
     }
-    line += " %  ";
-    line += state == JobControl::DemoPaused ? "paused" : "playing";
-    if (keyboard_) line += "   space: pause, arrows: quarter of an hour, q: stop";
+    line += place.isPaused ? " %  paused" : " %  playing";
     invocation_.printer.ShowProgress(line);
   }
 
-  bool ObeyKeys(JobControl& control, int state, int second) {
-    if (keyboard_ == nullptr) return false;
-    for (Key key = keyboard_->Next(); key != Key::None; key = keyboard_->Next()) {
-      if (key == Key::Quit) return true;
-      if (state == JobControl::NoDemo) continue;
-      const auto opposite = state == JobControl::DemoPaused ? JobControl::Resume : JobControl::Pause;
-      if (key == Key::Space) control.Post(opposite);
-      if (key == Key::Left) Seek(control, second, -QuarterHour);
-      if (key == Key::Right) Seek(control, second, QuarterHour);
+  /// One order at a time: a second one would take the place of one that was not taken yet.
+  bool ObeyKeys(JobControl& control, const Place& place) {
+    if (place.second < 0) return keyboard_->Next() == Key::Quit;
+    while (!control.IsPending()) {
+      switch (keyboard_->Next()) {
+        case Key::None: return false;
+        case Key::Quit: return true;
+        case Key::Space: Pause(control, place); break;
+        case Key::Left: Seek(control, place, -QuarterHour); break;
+        case Key::Right: Seek(control, place, QuarterHour); break;
+        case Key::Other: break;
+      }
     }
     return false;
   }
 
-  /// Moves the demo; from where it was sent last, if it has not got there yet.
-  void Seek(JobControl& control, int second, int by) {
-    const int from = aim_ && second == secondWhenSent_ ? *aim_ : second;
-    aim_ = from + by;
-    secondWhenSent_ = second;
-    control.PostSeek(*aim_);
+  void Pause(JobControl& control, const Place& place) {
+    Order(place);
+    ordered_.isPaused = !ordered_.isPaused;
+    control.Post(ordered_.isPaused ? JobControl::Pause : JobControl::Resume);
+  }
+
+  void Seek(JobControl& control, const Place& place, int by) {
+    Order(place);
+    ordered_.second = std::clamp(ordered_.second + by, 0, TCBase::SecondsPerDay - 1);
+    control.PostSeek(ordered_.second);
+  }
+
+  /// Begins an order: from what was ordered just before, if that cannot show yet.
+  void Order(const Place& place) {
+    if (ordered_.second < 0 || sinceOrder_.Elapsed() > OrderSeconds) ordered_ = place;
+    sinceOrder_.Restart();
   }
 
   Invocation& invocation_;
-  std::optional<int> startSecond_;
   std::unique_ptr<platform::Keyboard> keyboard_;  // null where there are no keys to be had
-  bool isStarted_ = false;
-  std::optional<int> aim_;
-  int secondWhenSent_ = 0;
+  TCBase::Stopwatch sinceShown_;
+  TCBase::Stopwatch sinceOrder_;
+  Place ordered_;
 };
 
 int SecondsOf(const DemoOptions& options, Invocation& invocation) {
@@ -106,15 +132,16 @@ int SecondsOf(const DemoOptions& options, Invocation& invocation) {
 
 ExitStatus RunDemo(const DemoOptions& options, Invocation& invocation) {
   const std::vector<TCBase::DeviceInfo> devices = DevicesOf(options.devices);
-  std::optional<int> startSecond;
-  if (!options.start.empty()) startSecond = SecondOf(options.start);
+  TCBase::DemoTime time;
+  if (!options.start.empty()) time.startSecond = SecondOf(options.start);
   const TCBase::Program program = Load(options.path, invocation);
   const std::size_t mode = ModeIndexOf(program, options.mode, options.path);
   const TCBase::Program::ModeListView modes(program, {mode});
-  const int seconds = SecondsOf(options, invocation);
-  Steering steering(invocation, startSecond);
-  return RunJob({[&](TCBase::Worker& worker) { worker.StartDemo(devices, modes, seconds); },
-                 "stopping the demo", std::ref(steering)},
+  time.seconds = SecondsOf(options, invocation);
+  invocation.environment.watchInterrupts();  // before the terminal is in another mode
+  Steering steering(invocation);
+  return RunJob({[&](TCBase::Worker& worker) { worker.StartDemo(devices, modes, time); }, "stopping the demo",
+                 std::ref(steering)},
                 invocation);
 }
 

@@ -21,7 +21,8 @@ void AddDevices(CLI::App& parser, std::vector<std::string>& devices);
 std::vector<TCBase::DeviceInfo> DevicesOf(const std::vector<std::string>& arguments);
 TCBase::DeviceInfo DeviceOf(const std::string& argument);
 
-/// The argument that names a device on the network.
-std::string ArgumentOf(const TCBase::DeviceInfo& networkDevice);
+/// The argument that names the device. A network device's identity is the name that it gave itself where it
+/// was found by a search; it is left out where it is the address, or cannot be typed.
+std::string ArgumentOf(const TCBase::DeviceInfo& device);
 
 }  // namespace cli

@@ -86,12 +86,14 @@ struct ClearOptions {
 bool IsConfirmed(const Devices& devices, Environment& environment) {
   environment.err << "Clear all modes in";
   for (const TCBase::DeviceInfo& device : devices) {
-    environment.err << (&device == &devices.front() ? " " : ", ") << Printable(device.name);
+    environment.err << (&device == &devices.front() ? " " : ", ") << Printable(ArgumentOf(device));
   }
   environment.err << "? They cannot be read back. [y/N] " << std::flush;
   std::string answer;
-  std::getline(environment.in, answer);
-  return answer == "y" || answer == "Y" || answer == "yes";
+  if (!std::getline(environment.in, answer)) environment.err << '\n';
+  std::erase_if(answer, [](char c) { return c == ' ' || c == '\r'; });
+  for (char& c : answer) c = static_cast<char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c);
+  return answer == "y" || answer == "yes";
 }
 
 ExitStatus RunClear(const ClearOptions& options, Invocation& invocation) {

@@ -2,9 +2,10 @@
 #include "cli/DeviceJob.h"
 
 #include <algorithm>
-#include <ostream>
+#include <string_view>
 
 #include "QorLib/Format.h"
+#include "cli/DeviceArguments.h"
 #include "cli/LogPrinter.h"
 
 namespace cli {
@@ -32,13 +33,19 @@ std::string TextOf(const DeviceOutcome& outcome) {
   return qor::Format(outcome.detail.empty() ? "{1}" : "{1}: {2}", {StageText(outcome.stage), outcome.detail});
 }
 
-void PrintTable(const std::vector<DeviceOutcome>& outcomes, std::ostream& out) {
+/// How many columns a text takes: one for each character.
+std::size_t Columns(std::string_view utf8) {
+  return static_cast<std::size_t>(
+      std::ranges::count_if(utf8, [](char byte) { return (byte & 0xC0) != 0x80; }));
+}
+
+void PrintTable(const std::vector<DeviceOutcome>& outcomes, LogPrinter& printer) {
   std::size_t width = 0;
-  for (const DeviceOutcome& outcome : outcomes) width = std::max(width, outcome.device.name.size());
+  for (const DeviceOutcome& outcome : outcomes) width = std::max(width, Columns(ArgumentOf(outcome.device)));
   for (const DeviceOutcome& outcome : outcomes) {
-    std::string name = Printable(outcome.device.name);
-    name.resize(width, ' ');
-    out << name << "  " << Printable(TextOf(outcome)) << '\n';
+    std::string line = ArgumentOf(outcome.device);
+    line.append(width - Columns(line) + 2, ' ');
+    printer.PrintResult(line + TextOf(outcome));
   }
 }
 
@@ -54,13 +61,13 @@ struct JobEnd {
 JobEnd WaitFor(TCBase::Worker& worker, const DeviceJob& job, Invocation& invocation) {
   JobEnd end;
   while (worker.IsBusy()) {
-    if (invocation.environment.isInterrupted()) {
-      if (!end.isInterrupted) invocation.printer.Complain(job.stopping);
-      end.isInterrupted = true;
-    }
+    const bool isNews = !end.isInterrupted;
+    if (invocation.environment.isInterrupted()) end.isInterrupted = true;
     end.isStopped |= job.steer(worker.Control());
     // Again and again: a job that is just beginning drops what was posted before it.
     if (end.isInterrupted || end.isStopped) worker.Control().Post(TCBase::JobControl::Stop);
+    if (end.isInterrupted && isNews) invocation.printer.Complain(job.stopping);
+    invocation.printer.Print();
     invocation.environment.clock.Sleep(PollMilliseconds);
   }
   return end;
@@ -75,30 +82,39 @@ TCBase::DeviceContext ContextOf(Invocation& invocation) {
   return {invocation.environment.clock, invocation.printer.Log(), invocation.environment.network};
 }
 
-ExitStatus Report(const std::vector<DeviceOutcome>& outcomes, bool isInterrupted, bool isStopped,
-                  Invocation& invocation) {
+namespace {
+
+ExitStatus Report(const std::vector<DeviceOutcome>& outcomes, const JobEnd& end, Invocation& invocation) {
   bool hasFailed = false;
   bool isDenied = false;
   for (const DeviceOutcome& outcome : outcomes) {
-    if (outcome.IsDone() || (IsStop(outcome) && isStopped)) continue;
-    hasFailed |= !IsStop(outcome) || !isInterrupted;
+    if (outcome.IsDone() || (IsStop(outcome) && end.isStopped)) continue;
+    hasFailed |= !IsStop(outcome) || !end.isInterrupted;
     isDenied |= outcome.isDenied;
     const bool needsRule = outcome.isDenied && outcome.device.kind != TCBase::DeviceKind::TC421Network;
-    invocation.printer.Complain(
-        qor::Format("{1}: {2}{3}", {outcome.device.name, TextOf(outcome), needsRule ? AccessAdvice : ""}));
+    invocation.printer.Complain(qor::Format(
+        "{1}: {2}{3}", {ArgumentOf(outcome.device), TextOf(outcome), needsRule ? AccessAdvice : ""}));
   }
-  if (outcomes.size() > 1) PrintTable(outcomes, invocation.environment.out);
+  if (outcomes.size() > 1) PrintTable(outcomes, invocation.printer);
   if (hasFailed) return isDenied ? NoAccess : DeviceFailed;
-  return isInterrupted ? Interrupted : Done;
+  return end.isInterrupted ? Interrupted : Done;
 }
 
+}  // namespace
+
 ExitStatus RunJob(const DeviceJob& job, Invocation& invocation) {
+  return RunJob(job, invocation, [](TCBase::Worker& worker) { return worker.Outcomes(); });
+}
+
+ExitStatus RunJob(const DeviceJob& job, Invocation& invocation,
+                  const std::function<std::vector<DeviceOutcome>(TCBase::Worker&)>& outcomes) {
   invocation.environment.watchInterrupts();
   TCBase::Worker worker(ContextOf(invocation), TCBase::Worker::UsbWatch::Off);
   job.start(worker);
   const JobEnd end = WaitFor(worker, job, invocation);
+  invocation.printer.Print();
   invocation.printer.ShowProgress("");
-  return Report(worker.Outcomes(), end.isInterrupted, end.isStopped, invocation);
+  return Report(outcomes(worker), end, invocation);
 }
 
 }  // namespace cli

@@ -9,7 +9,7 @@
 
 namespace cli {
 
-/// What the name says a permission failure needs.
+/// What helps Linux users who may not open a controller on the USB.
 extern const char* const AccessAdvice;
 
 /// What devices use of this run.
@@ -27,8 +27,8 @@ struct DeviceJob {
 /// was not done, and for several devices in a table of all.
 ExitStatus RunJob(const DeviceJob& job, Invocation& invocation);
 
-/// The same without the worker: what became of devices that the job has visited already.
-ExitStatus Report(const std::vector<TCBase::DeviceOutcome>& outcomes, bool isInterrupted, bool isStopped,
-                  Invocation& invocation);
+/// The same for a job that the worker has no outcomes of: those that `outcomes` gives at its end.
+ExitStatus RunJob(const DeviceJob& job, Invocation& invocation,
+                  const std::function<std::vector<TCBase::DeviceOutcome>(TCBase::Worker&)>& outcomes);
 
 }  // namespace cli

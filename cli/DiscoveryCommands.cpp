@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // devices, monitor
 #include <memory>
+#include <optional>
 #include <ostream>
 
 #include "QorLib/Format.h"
@@ -29,7 +30,7 @@ constexpr UsbModel UsbModels[] = {{"tc420", TCBase::DeviceKind::TC420},
 struct Findings {
   Json devices = Json::array();
   bool isUsbDenied = false;
-  bool isNetworkDenied = false;
+  std::optional<ExitStatus> searchFailed;
 };
 
 void FindOnUsb(Findings& findings, Invocation& invocation) {
@@ -49,15 +50,19 @@ void FindOnUsb(Findings& findings, Invocation& invocation) {
 void FindOnNetwork(Findings& findings, Invocation& invocation) {
   TCBase::Worker worker(ContextOf(invocation), TCBase::Worker::UsbWatch::Off);
   worker.StartNetworkScan(nullptr);
-  while (worker.IsBusy()) invocation.environment.clock.Sleep(PollMilliseconds);
+  while (worker.IsBusy()) {
+    invocation.printer.Print();
+    invocation.environment.clock.Sleep(PollMilliseconds);
+  }
   for (const TCBase::DeviceInfo& info : worker.NetworkDevices()) {
+    const std::string address = platform::AddressText(info.address);
     findings.devices.push_back({{"device", ArgumentOf(info)},
-                                {"name", info.name},
+                                {"name", info.name.empty() ? address : info.name},
                                 {"transport", "network"},
-                                {"address", platform::AddressText(info.address)}});
+                                {"address", address}});
   }
   if (const auto failure = worker.ScanFailure()) {
-    findings.isNetworkDenied = failure->isDenied;
+    findings.searchFailed = failure->isDenied ? NoAccess : DeviceFailed;
     invocation.printer.Complain(
         qor::Format("the network could not be searched to the end: {1}", {failure->text}));
   }
@@ -83,7 +88,7 @@ ExitStatus RunDevices(const DevicesOptions& options, Invocation& invocation) {
   if (options.scan) FindOnNetwork(findings, invocation);
   std::ostream& out = invocation.environment.out;
   options.asJson ? Print(findings.devices, out) : PrintLines(findings.devices, out);
-  if (findings.isNetworkDenied) return NoAccess;
+  if (findings.searchFailed) return *findings.searchFailed;
   if (!findings.devices.empty()) return Done;
   if (findings.isUsbDenied) return NoAccess;
   if (!options.asJson) invocation.printer.Complain("no controller was found");
@@ -94,7 +99,10 @@ ExitStatus RunMonitor(Invocation& invocation) {
   Environment& environment = invocation.environment;
   environment.watchInterrupts();
   const TCBase::Worker worker(ContextOf(invocation), TCBase::Worker::UsbWatch::On);
-  while (!environment.isInterrupted() && environment.out) environment.clock.Sleep(PollMilliseconds);
+  while (!environment.isInterrupted() && environment.out) {
+    invocation.printer.Print();
+    environment.clock.Sleep(PollMilliseconds);
+  }
   return Done;
 }
 

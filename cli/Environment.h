@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <iosfwd>
+#include <optional>
 #include <string>
 
 #include "formats/Localisation.h"
@@ -19,6 +20,7 @@ struct Terminal {
   bool isInput = false;  // questions can be asked
   bool isError = false;  // progress can be shown
   std::function<std::unique_ptr<platform::Keyboard>()> openKeyboard = [] { return nullptr; };
+  std::function<std::optional<std::string>()> readHiddenLine = [] { return std::nullopt; };
 };
 
 /// What a run of the program works with from outside.

@@ -41,7 +41,9 @@ LogPrinter::LogPrinter(Environment& environment, const CommonOptions& options, q
   if (!options_.logFile.empty()) OpenFile(translate);
   log_.SetTranslation(std::move(translate));
   log_.SetTracing(options_.trace);
-  log_.OnLine([this] { Print(); });
+  log_.OnLine([this] {
+    if (std::this_thread::get_id() == thread_) Print();
+  });
 }
 
 void LogPrinter::OpenFile(const qor::Translate& translate) {
@@ -55,26 +57,32 @@ void LogPrinter::OpenFile(const qor::Translate& translate) {
 }
 
 void LogPrinter::CloseFile() {
-  const std::lock_guard lock(mutex_);
   file_.close();
 }
 
 void LogPrinter::Print() {
-  const std::lock_guard lock(mutex_);
+  const std::vector<qor::Log::Line> lines = log_.TakeLines();
+  if (lines.empty()) return;
   HideProgress();
-  for (const qor::Log::Line& line : log_.TakeLines()) {
-    const bool isDump = line.text.ends_with('\n');
+  for (const qor::Log::Line& line : lines) {
+    const bool isDump = line.kind == qor::Log::Kind::TraceDump;
     const std::string text = isDump ? line.text : Printable(line.text) + "\n";
-    const bool isTrace = line.kind == qor::Log::Kind::Trace;
-    std::ostream& target = isTrace ? environment_.err : *messages_;
-    if (isTrace || !options_.quiet) target << text << std::flush;
+    const bool isMessage = line.kind == qor::Log::Kind::Message;
+    std::ostream& target = isMessage ? *messages_ : environment_.err;
+    if (!isMessage || !options_.quiet) target << text << std::flush;
     WriteToFile(text);
   }
   DrawProgress();
 }
 
+void LogPrinter::PrintResult(const std::string& text) {
+  Print();
+  const std::string line = Printable(text) + "\n";
+  environment_.out << line << std::flush;
+  WriteToFile(line);
+}
+
 void LogPrinter::ShowProgress(const std::string& line) {
-  const std::lock_guard lock(mutex_);
   if (line == progress_) return;
   HideProgress();
   progress_ = line;
@@ -91,7 +99,7 @@ void LogPrinter::DrawProgress() {
 }
 
 void LogPrinter::Complain(const std::string& sentence) {
-  const std::lock_guard lock(mutex_);
+  Print();
   const std::string line = Printable(sentence) + "\n";
   HideProgress();
   environment_.err << "halvex: " << line << std::flush;

@@ -87,7 +87,9 @@ ExitStatus RunCommand(const Runner& chosen, const CommonOptions& options, Enviro
   LogPrinter printer(environment, options, texts.Translator());
   Invocation invocation{environment, texts, printer, options.logFile};
   try {
-    return chosen(invocation);
+    const ExitStatus status = chosen(invocation);
+    printer.Print();
+    return status;
   } catch (const CommandError& failed) {
     printer.Complain(failed.what());
     return failed.Status();

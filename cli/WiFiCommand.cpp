@@ -29,10 +29,12 @@ struct WiFiOptions {
 std::string ReadPassword(Environment& environment) {
   std::string password;
   if (environment.terminal.isInput) {
-    const platform::HiddenInput hidden;
+    environment.watchInterrupts();
     environment.err << "Password: " << std::flush;
-    std::getline(environment.in, password);
-    environment.err << '\n';
+    const std::optional<std::string> line = environment.terminal.readHiddenLine();
+    environment.err << std::endl;
+    if (!line) throw CommandError(Interrupted, "no password was given; nothing was sent");
+    password = *line;
   } else {
     std::getline(environment.in, password);
   }
@@ -84,10 +86,12 @@ ExitStatus RunWiFi(const WiFiOptions& options, Invocation& invocation) {
   }
   const WiFiSettings settings = SettingsOf(options, invocation.environment);
   Check(settings);
-  // What is on its way gets there: an interrupt waits for the controller's answers.
-  invocation.environment.watchInterrupts();
-  const TCBase::DeviceOutcome outcome = TCBase::SetupWiFi(device, settings, ContextOf(invocation));
-  return Report({outcome}, invocation.environment.isInterrupted(), false, invocation);
+  TCBase::DeviceOutcome outcome;
+  const auto setUp = [&] { outcome = TCBase::SetupWiFi(device, settings, ContextOf(invocation)); };
+  // A name without its password would leave the controller in no network at all: it is finished in any case.
+  return RunJob({[&](TCBase::Worker& worker) { worker.Enqueue(setUp); },
+                 "waiting for the controller, which needs all of it"},
+                invocation, [&](TCBase::Worker&) { return std::vector{outcome}; });
 }
 
 }  // namespace

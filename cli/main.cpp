@@ -12,16 +12,16 @@
 
 int main(int argc, char** argv) {
   const std::vector<std::string> arguments = platform::StartConsole(argc, argv);
-  cli::Environment environment{
-      std::cin,
-      std::cout,
-      std::cerr,
-      platform::SystemClock(),
-      platform::SystemNetwork(),
-      platform::SettingsFolder(),
-      platform::WatchInterrupts,
-      platform::IsInterrupted,
-      {platform::IsInputTerminal(), platform::IsErrorTerminal(), platform::OpenKeyboard}};
+  cli::Environment environment{std::cin,
+                               std::cout,
+                               std::cerr,
+                               platform::SystemClock(),
+                               platform::SystemNetwork(),
+                               platform::SettingsFolder(),
+                               platform::WatchInterrupts,
+                               platform::IsInterrupted,
+                               {platform::IsInputTerminal(), platform::IsErrorTerminal(),
+                                platform::OpenKeyboard, platform::ReadHiddenLine}};
   int status = cli::Run(arguments, environment);
   hid_exit();
   std::cout.flush();

@@ -62,6 +62,8 @@ class DeviceBase {
   /// How many transactions have failed since the device was made. Some operations go on after a failed packet
   /// and do not report it; this tells whether everything got through.
   int FailedTransactions() const { return failedTransactions_; }
+  /// Why the last of them failed, in a few words; empty when there are none.
+  const std::string& LastFailure() const { return lastFailure_; }
 
  protected:
   // The models' part of each operation
@@ -76,7 +78,9 @@ class DeviceBase {
 
   qor::Log& Log() { return context_.log; }
   platform::Clock& Clock() { return context_.clock; }
+  platform::Network& Network() { return context_.network; }
   void SetOpenFailure(OpenFailure failure) { openFault_ = std::move(failure); }
+  void SetLastFailure(std::string text) { lastFailure_ = std::move(text); }
   /// Counts a transaction that failed; returns its result.
   bool Counted(bool succeeded);
 
@@ -84,6 +88,7 @@ class DeviceBase {
   DeviceContext context_;
   OpenFailure openFault_;
   int failedTransactions_ = 0;
+  std::string lastFailure_;
 };
 
 }  // namespace TCBase

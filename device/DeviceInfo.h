@@ -33,6 +33,7 @@ struct DeviceInfo {
   platform::SocketAddress address;  // of a network device
   std::uint32_t extra = 0;          // from the discovery on the network, carried along
   bool selected = false;            // whether jobs visit it
+  std::string answer;               // what a network device called itself when it was found
 };
 
 /// An entry of that kind under its model's display name, not selected.

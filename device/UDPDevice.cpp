@@ -11,13 +11,20 @@ constexpr std::uint32_t PollMilliseconds = 20;
 }  // namespace
 
 bool UDPDevice::Open() {
+  if (Network().IsOwn(info_.address)) {
+    SetOpenFailure(
+        {"that is this computer's own address", false});  // where its packets would come back as replies
+    return false;
+  }
   if (port_.Open()) return true;
   SetOpenFailure(port_.OpenFault());
   return false;
 }
 
 bool UDPDevice::Write(const std::string& image) {
-  return port_.SendTo(platform::IPv4Address(info_.address.address, ControllerPort), image);
+  if (port_.SendTo(platform::IPv4Address(info_.address.address, ControllerPort), image)) return true;
+  SetLastFailure(port_.LastErrorText());
+  return false;
 }
 
 bool UDPDevice::Read(std::string& reply) {
@@ -47,6 +54,7 @@ bool UDPDevice::Transact(const PacketBase& packet, int expected) {
     std::string reply;
     if (Read(reply)) return Counted(CheckReply(reply, expected));
   }
+  SetLastFailure("no answer");
   return Counted(false);
 }
 

@@ -75,11 +75,16 @@ bool USBDevice::Read(std::string& reply) {
 
 bool USBDevice::Transact(const PacketBase& packet, int expected) {
   std::string reply;
-  return Counted(WritePacket(packet) && Read(reply) && CheckReply(reply, expected));
+  if (!WritePacket(packet) || !Read(reply)) return Counted(false);
+  if (CheckReply(reply, expected)) return true;
+  SetLastFailure(reply.empty() ? "no answer" : "an answer that makes no sense");
+  return Counted(false);
 }
 
 void USBDevice::TraceError(const char* call) {
-  Log().Trace(call + (" error: " + LastErrorText(handle_)));
+  const std::string text = LastErrorText(handle_);
+  SetLastFailure(text);
+  Log().Trace(call + (" error: " + text));
 }
 
 }  // namespace TCBase

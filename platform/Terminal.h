@@ -2,13 +2,15 @@
 #pragma once
 
 #include <memory>
+#include <optional>
+#include <string>
 
 namespace platform {
 
 enum class Key { None, Space, Left, Right, Quit, Other };
 
 /// The keys of a terminal one by one, as they are pressed and without echo; its destructor puts the terminal
-/// back in order. Ctrl+C stays what it is.
+/// back in order. Ctrl+C stays what it is. In the background nothing is read and nothing changed.
 class Keyboard {
  public:
   virtual ~Keyboard() = default;
@@ -16,21 +18,12 @@ class Keyboard {
   virtual Key Next() = 0;
 };
 
-/// The keyboard of the terminal that is standard input; null when it is none, or belongs to another program.
+/// The keyboard of the terminal that is standard input; null when it is none. Interrupts must be watched.
 std::unique_ptr<Keyboard> OpenKeyboard();
 
-/// While it lives, what is typed into the terminal of standard input does not show.
-class HiddenInput {
- public:
-  HiddenInput();
-  ~HiddenInput();
-  HiddenInput(const HiddenInput&) = delete;
-  HiddenInput& operator=(const HiddenInput&) = delete;
-
- private:
-  struct State;
-  std::unique_ptr<State> before_;
-};
+/// Reads a line from the terminal of standard input, in UTF-8, without showing what is typed. Nothing at an
+/// interrupt, which must be watched, and at the end of the input.
+std::optional<std::string> ReadHiddenLine();
 
 bool IsInputTerminal();
 bool IsErrorTerminal();

@@ -19,22 +19,24 @@ constexpr std::uint32_t PollMilliseconds = 5;
 /// A mode being played on an open device.
 class Playback {
  public:
-  Playback(DeviceBase& device, const Mode& mode, int seconds, const JobContext& job)
+  Playback(DeviceBase& device, const Mode& mode, const DemoTime& time, const JobContext& job)
       : device_(device),
         mode_(mode),
         job_(job),
-        seconds_(static_cast<float>(seconds)),
-        scale_(static_cast<float>(static_cast<double>(SecondsPerDay) / seconds)),
+        seconds_(static_cast<float>(time.seconds)),
+        scale_(static_cast<float>(static_cast<double>(SecondsPerDay) / time.seconds)),
+        startSecond_(time.startSecond),
         position_(job.device.clock),
         sinceSend_(job.device.clock) {}
 
   /// Plays until the end of the day, or a Stop, which is passed on; whether it came to the end.
   bool Play() {
-    Send(SampleAt(mode_, 0));
+    Send(SampleAt(mode_, startSecond_));
     job_.control.Take();  // a command that was meant for an earlier job
     job_.control.demoState = JobControl::NoDemo;
     job_.control.demoSecond = JobControl::NoSecond;
     position_.Restart();
+    position_.Seek(static_cast<float>(startSecond_) / scale_);
     while (true) {
       const auto position = static_cast<float>(position_.Elapsed());
       if (position >= seconds_) return true;
@@ -84,6 +86,7 @@ class Playback {
   const JobContext& job_;
   float seconds_;
   float scale_;  // seconds of the day in a second
+  int startSecond_;
   Stopwatch position_;
   Stopwatch sinceSend_;
   ModeSample lastSent_;
@@ -96,7 +99,7 @@ int DemoSecondsOf(std::string_view setting) {
   return std::clamp(qor::ParseInteger(setting), FewestDemoSeconds, MostDemoSeconds);
 }
 
-DeviceOutcome DemoDevice(const DeviceInfo& info, const Program::ModeListView& modes, int seconds,
+DeviceOutcome DemoDevice(const DeviceInfo& info, const Program::ModeListView& modes, const DemoTime& time,
                          const JobContext& job) {
   qor::Log& log = job.device.log;
   const std::unique_ptr<DeviceBase> device = CreateDevice(info, job.device);
@@ -104,15 +107,14 @@ DeviceOutcome DemoDevice(const DeviceInfo& info, const Program::ModeListView& mo
   log.Message("Demo started");
   const Mode& mode = modes.Current();
   device->DemoStart(mode.name);
-  Playback playback(*device, mode, seconds, job);
-  log.Message("Playing whole day in {1} seconds", {seconds});
+  Playback playback(*device, mode, time, job);
+  log.Message("Playing whole day in {1} seconds", {time.seconds});
   const bool isWhole = playback.Play();
   device->DemoFinish();
   job.control.demoState = JobControl::NoDemo;
   job.control.demoSecond = JobControl::NoSecond;
   log.Message("Demo finished");
-  const int lost = device->FailedTransactions();
-  if (lost > 0) return {info, Stage::Incomplete, LostPacketsText(lost)};
+  if (device->FailedTransactions() > 0) return {info, Stage::Incomplete, LostPacketsText(*device)};
   return {info, isWhole ? Stage::Done : Stage::Cancelled, {}};
 }
 

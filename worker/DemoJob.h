@@ -18,10 +18,16 @@ inline constexpr int UsualDemoSeconds = 60;
 /// number within the limits.
 int DemoSecondsOf(std::string_view setting);
 
-/// Plays the view's current mode on the device, the whole day in `seconds`, until its end or a Stop; the
-/// other commands of JobControl pause, resume and move it. The channels' values go out every 50 ms while they
-/// change, and every 200 ms while they do not. The demo is always closed.
-DeviceOutcome DemoDevice(const DeviceInfo& info, const Program::ModeListView& modes, int seconds,
+/// How a demo goes through the day.
+struct DemoTime {
+  int seconds = UsualDemoSeconds;  // for the whole day
+  int startSecond = 0;             // of the day, where it begins
+};
+
+/// Plays the view's current mode on the device until the end of the day or a Stop; the other commands of
+/// JobControl pause, resume and move it. The channels' values go out every 50 ms while they change, and every
+/// 200 ms while they do not. The demo is always closed.
+DeviceOutcome DemoDevice(const DeviceInfo& info, const Program::ModeListView& modes, const DemoTime& time,
                          const JobContext& job);
 
 }  // namespace TCBase

@@ -10,9 +10,15 @@ std::optional<DeviceOutcome> Connect(DeviceBase& device, const DeviceInfo& info,
   return DeviceOutcome{info, DeviceOutcome::Stage::NotConnected, failure.text, failure.isDenied};
 }
 
-std::string LostPacketsText(int count) {
-  return qor::Format(count == 1 ? "{1} packet did not get through" : "{1} packets did not get through",
-                     {count});
+std::string WithReason(std::string text, const DeviceBase& device) {
+  if (!device.LastFailure().empty()) text += ": " + device.LastFailure();
+  return text;
+}
+
+std::string LostPacketsText(const DeviceBase& device) {
+  const int count = device.FailedTransactions();
+  const char* words = count == 1 ? "{1} packet did not get through" : "{1} packets did not get through";
+  return WithReason(qor::Format(words, {count}), device);
 }
 
 }  // namespace TCBase

@@ -32,7 +32,10 @@ struct DeviceOutcome {
 /// Opens the device for a job; on failure writes "Connect error" and gives the outcome.
 std::optional<DeviceOutcome> Connect(DeviceBase& device, const DeviceInfo& info, qor::Log& log);
 
-/// "3 packets did not get through"
-std::string LostPacketsText(int count);
+/// The text, with why the device's last packet failed behind it: "the time did not get through: no answer"
+std::string WithReason(std::string text, const DeviceBase& device);
+
+/// "3 packets did not get through: no answer"
+std::string LostPacketsText(const DeviceBase& device);
 
 }  // namespace TCBase

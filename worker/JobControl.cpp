@@ -15,6 +15,11 @@ std::unique_ptr<JobControl::Command> JobControl::Take() {
   return std::move(command_);
 }
 
+bool JobControl::IsPending() {
+  const std::lock_guard lock(commandMutex_);
+  return command_ != nullptr;
+}
+
 bool JobControl::TakeStop() {
   const std::unique_ptr<Command> command = Take();
   return command != nullptr && command->type == Stop;

@@ -31,6 +31,8 @@ class JobControl {
   void PostSeek(std::int32_t second);
   /// Takes the pending command; null when there is none.
   std::unique_ptr<Command> Take();
+  /// Whether a command waits to be taken; a new one would take its place.
+  bool IsPending();
   /// Takes the pending command; whether it was Stop. Any other is dropped.
   bool TakeStop();
 

@@ -24,6 +24,7 @@ void ReceiveAnswer(UdpPort& port, const std::string& question, std::vector<Devic
   if (datagram == question) return;
   if (const auto name = TC421::ReadFindAnswer(datagram)) {
     found.push_back(NetworkDevice(std::string(*name), sender));
+    found.back().answer = *name;
   }
 }
 

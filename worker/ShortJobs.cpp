@@ -17,7 +17,7 @@ DeviceOutcome SyncTimeDevice(const DeviceInfo& info, const SYSTEMTIME& time, con
   if (const auto failed = Connect(*device, info, job.device.log)) return *failed;
   job.device.log.Message("Syncing time");
   if (device->TimeSync(time)) return {info, Stage::Done, {}};
-  return {info, Stage::Failed, "the time did not get through"};
+  return {info, Stage::Failed, WithReason("the time did not get through", *device)};
 }
 
 DeviceOutcome ClearAllDevice(const DeviceInfo& info, const JobContext& job) {
@@ -27,7 +27,7 @@ DeviceOutcome ClearAllDevice(const DeviceInfo& info, const JobContext& job) {
   const bool isTaken = device->ClearAll();
   job.device.clock.Sleep(EraseMilliseconds);
   if (isTaken) return {info, Stage::Done, {}};
-  return {info, Stage::Failed, "the order to clear did not get through"};
+  return {info, Stage::Failed, WithReason("the order to clear did not get through", *device)};
 }
 
 }  // namespace TCBase

@@ -41,7 +41,7 @@ ModesResult UploadModes(DeviceBase& device, const DeviceInfo& info, const Progra
 
 DeviceOutcome OutcomeOf(const DeviceBase& device, const DeviceInfo& info, const ModesResult& modes) {
   const int lost = device.FailedTransactions();
-  const std::string lostText = lost > 0 ? LostPacketsText(lost) : "";
+  const std::string lostText = lost > 0 ? LostPacketsText(device) : "";
   if (!modes.refused.empty()) {
     return {info, Stage::Failed,
             qor::Format("modes not taken: {1}{2}{3}", {modes.refused, lost > 0 ? "; " : "", lostText})};

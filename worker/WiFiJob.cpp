@@ -39,17 +39,17 @@ DeviceOutcome SetupWiFi(const DeviceInfo& info, const WiFiSettings& settings, co
   if (settings.security == WiFiSettings::Open) {
     if (!device->Transact(TC421::Packet_SetWiFi_Open(settings.ssid), AnyReply)) {
       context.log.Message("Error setting open WiFi");
-      return {info, Stage::Failed, "the network's name was not taken"};
+      return {info, Stage::Failed, WithReason("the network's name did not get through", *device)};
     }
   } else if (IsProtected(settings.security)) {
     const TC421::Packet_SetWiFi_SSID ssid(settings.ssid, settings.security, settings.encryption);
     if (!device->Transact(ssid, AnyReply)) {
       context.log.Message("Error setting WiFi SSID");
-      return {info, Stage::Failed, "the network's name was not taken"};
+      return {info, Stage::Failed, WithReason("the network's name did not get through", *device)};
     }
     if (!device->Transact(TC421::Packet_SetWiFi_Password(settings.password), AnyReply)) {
       context.log.Message("Error setting WiFi password");
-      return {info, Stage::Failed, "the password was not taken"};
+      return {info, Stage::Failed, WithReason("the password did not get through", *device)};
     }
   }
   return {info, Stage::Done, {}};

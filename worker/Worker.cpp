@@ -4,7 +4,6 @@
 #include <exception>
 
 #include "platform/WindowMessage.h"
-#include "worker/DemoJob.h"
 #include "worker/NetworkScan.h"
 #include "worker/ShortJobs.h"
 #include "worker/UploadJob.h"
@@ -53,10 +52,10 @@ void Worker::StartTimeSync(std::vector<DeviceInfo> devices, const SYSTEMTIME& ti
   });
 }
 
-void Worker::StartDemo(std::vector<DeviceInfo> devices, Program::ModeListView modes, int seconds) {
+void Worker::StartDemo(std::vector<DeviceInfo> devices, Program::ModeListView modes, const DemoTime& time) {
   StartForEach(std::move(devices),
-               [modes = std::move(modes), seconds](const DeviceInfo& device, const JobContext& context) {
-                 return DemoDevice(device, modes, seconds, context);
+               [modes = std::move(modes), time](const DeviceInfo& device, const JobContext& context) {
+                 return DemoDevice(device, modes, time, context);
                });
 }
 

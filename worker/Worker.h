@@ -12,6 +12,7 @@
 
 #include "device/DeviceInfo.h"
 #include "model/Program.h"
+#include "worker/DemoJob.h"
 #include "worker/DeviceOutcome.h"
 #include "worker/JobContext.h"
 #include "worker/UsbPresenceMonitor.h"
@@ -40,8 +41,8 @@ class Worker {
   void StartClearAll(std::vector<DeviceInfo> devices);
   /// Sets the selected devices' clocks to that time.
   void StartTimeSync(std::vector<DeviceInfo> devices, const SYSTEMTIME& time);
-  /// Plays the view's current mode on the selected devices in turn, the whole day in `seconds`.
-  void StartDemo(std::vector<DeviceInfo> devices, Program::ModeListView modes, int seconds);
+  /// Plays the view's current mode on the selected devices in turn.
+  void StartDemo(std::vector<DeviceInfo> devices, Program::ModeListView modes, const DemoTime& time);
   /// Searches the network for controllers, then posts NetworkScanMessage to the window.
   void StartNetworkScan(void* window);
   static constexpr std::uint32_t NetworkScanMessage = 0x401;

@@ -33,9 +33,13 @@ std::vector<std::string> StartConsole(int argc, char** argv) {
 }
 
 void WatchInterrupts() {
-  for (const int signal : {SIGINT, SIGTERM}) std::signal(signal, NoteInterrupt);
+  struct sigaction note {};
+  note.sa_handler = NoteInterrupt;  // without SA_RESTART: waiting for input or for a full pipe ends
+  for (const int signal : {SIGINT, SIGTERM, SIGQUIT}) sigaction(signal, &note, nullptr);
   // Whoever starts the program so that it outlives its terminal (nohup) means it.
-  if (std::signal(SIGHUP, NoteInterrupt) == SIG_IGN) std::signal(SIGHUP, SIG_IGN);
+  struct sigaction before {};
+  sigaction(SIGHUP, &note, &before);
+  if (before.sa_handler == SIG_IGN) sigaction(SIGHUP, &before, nullptr);
   std::signal(SIGPIPE, SIG_IGN);
 }
 

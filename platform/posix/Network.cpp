@@ -76,6 +76,19 @@ class Socket : public UdpSocket {
   int lastError_ = 0;
 };
 
+/// The computer sends to the address from this very address then; connecting a datagram socket only finds the
+/// way.
+bool IsOwnAddress(const SocketAddress& of) {
+  const int way = socket(AF_INET, SOCK_DGRAM, 0);
+  if (way < 0) return false;
+  const auto to = std::bit_cast<sockaddr>(IPv4Address(of.address, 9));  // any port (RFC 863)
+  sockaddr from{};
+  socklen_t length = sizeof from;
+  const bool isKnown = connect(way, &to, sizeof to) == 0 && getsockname(way, &from, &length) == 0;
+  close(way);
+  return isKnown && std::bit_cast<SocketAddress>(from).address == of.address;
+}
+
 std::string LookUp(const SocketAddress& of) {
   const auto address = std::bit_cast<sockaddr>(of);
   std::array<char, NI_MAXHOST> host{};
@@ -88,6 +101,7 @@ std::string LookUp(const SocketAddress& of) {
 class SystemSockets : public Network {
  public:
   std::unique_ptr<UdpSocket> NewUdpSocket() override { return std::make_unique<Socket>(); }
+  bool IsOwn(const SocketAddress& address) override { return IsOwnAddress(address); }
   std::string HostNameOf(const SocketAddress& address, std::uint32_t milliseconds) override {
     return LookUpWithin(milliseconds, [address] { return LookUp(address); });
   }

@@ -5,32 +5,43 @@
 #include <termios.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstring>
-#include <string>
+
+#include "platform/Console.h"
 
 namespace platform {
 namespace {
 
-/// The terminal of standard input in another mode for a while.
+bool IsInForeground() {
+  return tcgetpgrp(STDIN_FILENO) == getpgrp();
+}
+
+/// The terminal of standard input without some of its local modes for a while. A shell that the program was
+/// stopped from may have set them again: Enter sees to that.
 class Mode {
  public:
-  explicit Mode(tcflag_t without) {
-    if (!IsInputTerminal() || tcgetpgrp(STDIN_FILENO) != getpgrp() || tcgetattr(STDIN_FILENO, &before_) != 0)
-      return;
-    termios changed = before_;
-    changed.c_lflag &= ~without;
-    isChanged_ = tcsetattr(STDIN_FILENO, TCSADRAIN, &changed) == 0;
-  }
+  explicit Mode(tcflag_t without) : without_(without) {}
   ~Mode() {
-    if (isChanged_) tcsetattr(STDIN_FILENO, TCSADRAIN, &before_);
+    // In the background the terminal is somebody else's by now, and setting it would stop the program.
+    if (isEntered_ && IsInForeground()) tcsetattr(STDIN_FILENO, TCSADRAIN, &before_);
   }
   Mode(const Mode&) = delete;
   Mode& operator=(const Mode&) = delete;
-  bool IsChanged() const { return isChanged_; }
+
+  /// Waits for the foreground, where the system stops who sets a terminal from behind.
+  void Enter() {
+    termios now{};
+    if (tcgetattr(STDIN_FILENO, &now) != 0 || (now.c_lflag & without_) == 0) return;
+    if (!isEntered_) before_ = now;
+    now.c_lflag &= ~without_;
+    isEntered_ = tcsetattr(STDIN_FILENO, TCSADRAIN, &now) == 0;
+  }
 
  private:
+  tcflag_t without_;
   termios before_{};
-  bool isChanged_ = false;
+  bool isEntered_ = false;
 };
 
 bool HasInput() {
@@ -50,9 +61,10 @@ constexpr Sequence Sequences[] = {
 
 class TerminalKeyboard : public Keyboard {
  public:
-  bool IsOpen() const { return mode_.IsChanged(); }
-
   Key Next() override {
+    if (!IsInForeground()) return Key::None;
+    mode_.Enter();
+    const bool isWaiting = !pressed_.empty();
     char byte = 0;
     while (HasInput() && read(STDIN_FILENO, &byte, 1) == 1) {
       pressed_ += byte;
@@ -63,7 +75,8 @@ class TerminalKeyboard : public Keyboard {
       }
       if (!isBegun) return Take(Key::Other);
     }
-    return Key::None;
+    // The bytes of a key come together: what has waited since the last call was Esc by itself.
+    return isWaiting ? Take(Key::Other) : Key::None;
   }
 
  private:
@@ -79,17 +92,23 @@ class TerminalKeyboard : public Keyboard {
 }  // namespace
 
 std::unique_ptr<Keyboard> OpenKeyboard() {
-  auto keyboard = std::make_unique<TerminalKeyboard>();
-  if (!keyboard->IsOpen()) return nullptr;
-  return keyboard;
+  if (!IsInputTerminal()) return nullptr;
+  return std::make_unique<TerminalKeyboard>();
 }
 
-struct HiddenInput::State {
-  Mode mode{ECHO};
-};
-
-HiddenInput::HiddenInput() : before_(std::make_unique<State>()) {}
-HiddenInput::~HiddenInput() = default;
+std::optional<std::string> ReadHiddenLine() {
+  Mode mode(ECHO);
+  std::string line;
+  while (true) {
+    mode.Enter();
+    char byte = 0;
+    const ssize_t count = read(STDIN_FILENO, &byte, 1);
+    if (count < 0 && errno == EINTR && !IsInterrupted()) continue;
+    if (count <= 0) return std::nullopt;
+    if (byte == '\n') return line;
+    line += byte;
+  }
+}
 
 bool IsInputTerminal() {
   return isatty(STDIN_FILENO) != 0;

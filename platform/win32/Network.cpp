@@ -77,6 +77,19 @@ class Socket : public UdpSocket {
   int lastError_ = 0;
 };
 
+/// The computer sends to the address from this very address then; connecting a datagram socket only finds the
+/// way.
+bool IsOwnAddress(const SocketAddress& of) {
+  const SOCKET way = socket(AF_INET, SOCK_DGRAM, 0);
+  if (way == INVALID_SOCKET) return false;
+  const auto to = std::bit_cast<sockaddr>(IPv4Address(of.address, 9));  // any port (RFC 863)
+  sockaddr from{};
+  int length = sizeof from;
+  const bool isKnown = connect(way, &to, sizeof to) == 0 && getsockname(way, &from, &length) == 0;
+  closesocket(way);
+  return isKnown && std::bit_cast<SocketAddress>(from).address == of.address;
+}
+
 std::string LookUp(const SocketAddress& of) {
   const auto address = std::bit_cast<sockaddr>(of);
   std::array<wchar_t, NI_MAXHOST> host{};
@@ -95,6 +108,7 @@ class SystemSockets : public Network {
   ~SystemSockets() override { WSACleanup(); }
 
   std::unique_ptr<UdpSocket> NewUdpSocket() override { return std::make_unique<Socket>(); }
+  bool IsOwn(const SocketAddress& address) override { return IsOwnAddress(address); }
   std::string HostNameOf(const SocketAddress& address, std::uint32_t milliseconds) override {
     return LookUpWithin(milliseconds, [address] { return LookUp(address); });
   }

@@ -3,6 +3,9 @@
 
 #include <windows.h>
 
+#include "platform/Console.h"
+#include "platform/win32/Strings.h"
+
 namespace platform {
 namespace {
 
@@ -46,18 +49,22 @@ std::unique_ptr<Keyboard> OpenKeyboard() {
   return std::make_unique<ConsoleKeyboard>();
 }
 
-struct HiddenInput::State {
-  DWORD mode = 0;
-  bool isConsole = false;
-};
-
-HiddenInput::HiddenInput() : before_(std::make_unique<State>()) {
-  before_->isConsole = GetConsoleMode(Input(), &before_->mode) != 0;
-  if (before_->isConsole) SetConsoleMode(Input(), before_->mode & ~static_cast<DWORD>(ENABLE_ECHO_INPUT));
-}
-
-HiddenInput::~HiddenInput() {
-  if (before_->isConsole) SetConsoleMode(Input(), before_->mode);
+std::optional<std::string> ReadHiddenLine() {
+  DWORD before = 0;
+  if (!GetConsoleMode(Input(), &before)) return std::nullopt;
+  SetConsoleMode(Input(), before & ~static_cast<DWORD>(ENABLE_ECHO_INPUT));
+  std::wstring line;
+  wchar_t character = 0;
+  DWORD count = 0;
+  bool isEnded = false;
+  while (!isEnded && ReadConsoleW(Input(), &character, 1, &count, nullptr) && count == 1 &&
+         !IsInterrupted()) {
+    isEnded = character == L'\n';
+    if (!isEnded && character != L'\r') line += character;
+  }
+  SetConsoleMode(Input(), before);
+  if (!isEnded) return std::nullopt;
+  return Narrow(line);
 }
 
 bool IsInputTerminal() {

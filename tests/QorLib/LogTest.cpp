@@ -28,7 +28,7 @@ TEST(Log, KeepsATraceOnlyWhileTracing) {
   const std::string row = "0000  41                                                  A\n";
   const std::vector<qor::Log::Line> lines = log.TakeLines();
   EXPECT_EQ(lines, (std::vector<qor::Log::Line>{{qor::Log::Kind::Trace, "9:05:07:042 hid_write:"},
-                                                {qor::Log::Kind::Trace, row},
+                                                {qor::Log::Kind::TraceDump, row},
                                                 {qor::Log::Kind::Message, "done"}}));
   EXPECT_EQ(qor::TextOf(lines), "9:05:07:042 hid_write:\r\n" + row + "done\r\n");
 }

@@ -34,35 +34,50 @@ class Devices : public test::Cli {
 
 TEST_F(Devices, SayInATableHowItWentForEach) {
   EXPECT_EQ(Run({"clear", "--yes", "--device", "tc421@10.0.0.7,Reef", "--device", "emulator"}), cli::Done);
-  EXPECT_EQ(out.substr(out.find("Reef  ")), "Reef            done\nTC420_Emulator  done\n");
+  EXPECT_EQ(out.substr(out.find("tc421@")), "tc421@10.0.0.7,Reef  done\nemulator             done\n");
   EXPECT_EQ(
       Run({"sync-time", "--device", "tc421@10.0.0.8", "--device", "tc421@10.0.0.7", "--device", "tc420"}),
       cli::DeviceFailed);
-  EXPECT_EQ(out.substr(out.find("10.0.0.8  ")),
-            "10.0.0.8    the time did not get through\n"
-            "10.0.0.7    done\n"
-            "Orvanta 24  could not be opened: no such device\n");
+  EXPECT_EQ(out.substr(out.find("tc421@")),
+            "tc421@10.0.0.8  the time did not get through: no answer\n"
+            "tc421@10.0.0.7  done\n"
+            "tc420           could not be opened: no such device\n");
   EXPECT_EQ(LineCount(err), 2u) << err;
 
   network.isPortTaken = true;
   EXPECT_EQ(Run({"sync-time", "--device", "tc421@10.0.0.7"}), cli::NoAccess);
-  EXPECT_EQ(
-      err,
-      "halvex: 10.0.0.7: could not be opened: UDP port 5000 of this computer is in use by another program\n");
+  EXPECT_EQ(err,
+            "halvex: tc421@10.0.0.7: could not be opened: UDP port 5000 of this computer is in use by another "
+            "program\n");
+  network.isPortTaken = false;
+  network.failingCall = "sendto";
+  EXPECT_EQ(Run({"clear", "--yes", "--device", "tc421@10.0.0.7"}), cli::DeviceFailed);
+  EXPECT_EQ(err, "halvex: tc421@10.0.0.7: the order to clear did not get through: no luck\n");
+  EXPECT_EQ(Run({"clear", "--yes", "--device", "tc421@10.0.0.1"}), cli::DeviceFailed);
+  EXPECT_NE(err.find("this computer's own address"), std::string::npos) << err;
 }
 
 TEST_F(Devices, AreFoundOnTheNetwork) {
   network.hostNames["10.0.0.7"] = "reef";
   EXPECT_EQ(Run({"devices", "--scan"}), cli::Done);
-  EXPECT_EQ(out, "tc421@10.0.0.7,reef  reef  network\n");
+  EXPECT_EQ(out, "tc421@10.0.0.7  reef  network\n") << "packets carry what the controller calls itself";
   EXPECT_EQ(LineCount(err), 4u) << "the log lines do not mix with the list: " << err;
   EXPECT_EQ(Run({"devices", "--scan", "--json"}), cli::Done);
   EXPECT_EQ(nlohmann::json::parse(out)[0]["address"], "10.0.0.7");
 
+  network.onSend = [this](const test::FakeNetwork::Datagram&) {
+    network.Deliver("10.0.0.7", std::string("\x55\xAA\x17") + '\0' + "\x1B[31mred\n" + std::string(51, '\0'));
+    network.Deliver("10.0.0.8", std::string("\x55\xAA\x17") + '\0' + "My reef, left" + std::string(47, '\0'));
+  };
+  EXPECT_EQ(Run({"devices", "--scan"}), cli::Done);
+  EXPECT_EQ(out,
+            "tc421@10.0.0.7  .[31mred.  network\ntc421@10.0.0.8,My reef, left  My reef, left  network\n");
+  EXPECT_EQ(err.find('\x1B'), std::string::npos) << "a terminal gets no control characters from strangers";
   network.onSend = nullptr;
   EXPECT_EQ(Run({"devices", "--scan"}), cli::NothingFound);
   network.failingCall = "sendto";
-  EXPECT_EQ(Run({"devices", "--scan"}), cli::NothingFound);
+  hid.plugged = TCBase::TC421UsbId;
+  EXPECT_EQ(Run({"devices", "--scan"}), cli::DeviceFailed) << "whatever was found on the USB";
   EXPECT_NE(err.find("could not be searched to the end: no luck"), std::string::npos) << err;
   network.isPortTaken = true;
   EXPECT_EQ(Run({"devices", "--scan"}), cli::NoAccess);
@@ -89,9 +104,9 @@ TEST_F(Devices, AreClearedOnlyWhenTheUserIsSure) {
   in = "n\n";
   EXPECT_EQ(Run({"clear", "--device", "tc421@10.0.0.7"}), cli::Interrupted);
   EXPECT_EQ(Sent(), "");
-  in = "y\n";
+  in = "Yes \n";
   EXPECT_EQ(Run({"clear", "--device", "tc421@10.0.0.7"}), cli::Done);
-  EXPECT_EQ(err, "Clear all modes in 10.0.0.7? They cannot be read back. [y/N] ");
+  EXPECT_EQ(err, "Clear all modes in tc421@10.0.0.7? They cannot be read back. [y/N] ");
   EXPECT_EQ(Sent(), "\x05\xFE");
 }
 
@@ -111,7 +126,21 @@ TEST_F(Devices, PlayInTheTimeThatTheSettingsSay) {
   test::Write(folder.File("home/TC420Config.xml"), "<config><demo_speed>12</demo_speed></config>");
   EXPECT_EQ(Run({"demo", path, "--device", "emulator"}), cli::Done);
   EXPECT_NE(out.find("Playing whole day in 12 seconds"), std::string::npos);
-  EXPECT_EQ(Run({"demo", path, "--device", "emulator", "--seconds", "86400", "--start", "23:59"}), cli::Done);
+}
+
+TEST_F(Devices, BeginADemoWhereTheyAreTold) {
+  const std::string path = NewProgram();
+  EXPECT_EQ(Run({"demo", path, "--device", "tc421@10.0.0.7", "--device", "tc421@10.0.0.9,Noon", "--seconds",
+                 "10", "--start", "12:00"}),
+            cli::DeviceFailed);
+  std::string first;
+  for (const test::FakeNetwork::Datagram& datagram : network.sent) {
+    const bool isValues = datagram.bytes.substr(2, 2) == "\x06\x02";
+    if (isValues && first.empty()) first = datagram.bytes.substr(6, 5);
+    if (isValues && datagram.bytes.substr(49, 4) == "Noon") break;
+  }
+  EXPECT_EQ(first, "\x32\x32\x32\x32\x1E") << "nothing of midnight shows";
+  EXPECT_EQ(network.sent.back().bytes.substr(2, 2), "\x03\x08");
 }
 
 TEST_F(Devices, ObeyTheKeysDuringADemo) {
@@ -123,7 +152,7 @@ TEST_F(Devices, ObeyTheKeysDuringADemo) {
   EXPECT_EQ(Run({"demo", path, "--device", "tc421@10.0.0.7", "--device", "emulator"}), cli::Done)
       << "to quit is no failure: " << err;
   EXPECT_EQ(Sent().substr(0, 2), "\x06\x01");
-  EXPECT_NE(out.find("TC420_Emulator  not reached"), std::string::npos) << out;
+  EXPECT_NE(out.find("emulator        not reached"), std::string::npos) << out;
 }
 
 TEST_F(Devices, JoinANetworkWithoutThePasswordOnTheCommandLine) {
@@ -140,4 +169,12 @@ TEST_F(Devices, JoinANetworkWithoutThePasswordOnTheCommandLine) {
             cli::WrongUsage);
   EXPECT_EQ(err, "halvex: the password has 43 bytes; a controller takes at most 42\n");
   EXPECT_EQ(network.sent.size(), 2u) << "nothing more was sent";
+
+  terminal.isInput = true;
+  const std::vector<std::string> asking = {"wifi",       "--device", "tc421@10.0.0.7", "--ssid", "x",
+                                           "--security", "1"};
+  EXPECT_EQ(Run(asking), cli::Interrupted) << "no line came from the terminal";
+  terminal.readHiddenLine = [] { return std::string("secret"); };
+  EXPECT_EQ(Run(asking), cli::Done);
+  EXPECT_EQ(network.sent[3].bytes.substr(7, 6), "secret");
 }

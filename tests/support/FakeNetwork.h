@@ -35,6 +35,9 @@ class FakeNetwork : public platform::Network {
                std::uint16_t port = 5000);
 
   std::unique_ptr<platform::UdpSocket> NewUdpSocket() override;
+  bool IsOwn(const platform::SocketAddress& address) override {
+    return platform::AddressText(address) == "10.0.0.1";
+  }
   std::string HostNameOf(const platform::SocketAddress& address, std::uint32_t milliseconds) override;
 
  private:

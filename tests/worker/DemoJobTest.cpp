@@ -3,7 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <map>
+
 #include "model/Presets.h"
+#include "tests/support/Curves.h"
 #include "tests/support/FakeHid.h"
 #include "tests/support/FakeNetwork.h"
 #include "tests/support/TestLog.h"
@@ -33,7 +37,7 @@ class DemoJob : public testing::Test {
   TCBase::DeviceOutcome Play(int seconds, std::size_t mode = 0) {
     start = clock.Milliseconds();
     const TCBase::Program::ModeListView modes(program, {0, 1}, mode);
-    return TCBase::DemoDevice(TCBase::DeviceOfKind(TCBase::DeviceKind::TC421Usb), modes, seconds, job);
+    return TCBase::DemoDevice(TCBase::DeviceOfKind(TCBase::DeviceKind::TC421Usb), modes, {seconds, 0}, job);
   }
 
   /// Calls `act` once, that long after the beginning.
@@ -73,18 +77,17 @@ TEST_F(DemoJob, PlaysTheDayAndClosesIt) {
 }
 
 TEST_F(DemoJob, SendsEvery50MsWhileValuesChangeAndEvery200MsOtherwise) {
-  Play(10);
-  std::string gaps;
-  for (std::size_t i = 2; i + 1 < frames.size(); ++i) {
-    const std::int64_t gap = frames[i].milliseconds - frames[i - 1].milliseconds;
-    const bool isSame = frames[i].bytes == frames[i - 1].bytes;
-    EXPECT_TRUE(isSame ? gap == 200 : gap >= 50 && gap <= 200) << frames[i].milliseconds << ": " << gap;
+  // A saw: the values change all the time in the first half of the day, and never in the second.
+  for (TCBase::Channel& channel : program.modes[0].channels) {
+    channel =
+        test::Curve({{0, 0, 0}, {2, 0, 100}, {4, 0, 0}, {6, 0, 100}, {8, 0, 0}, {10, 0, 100}, {12, 0, 0}});
   }
-  const std::size_t changing = frames.size();
-  frames.clear();
-  Play(10, 1);  // AlwaysOn: nothing but a rise and a fall
-  EXPECT_LT(frames.size(), changing);
-  EXPECT_GE(frames.size(), 50u);
+  Play(10);
+  for (std::size_t i = 3; i + 1 < frames.size(); ++i) {
+    const std::int64_t gap = frames[i].milliseconds - frames[i - 1].milliseconds;
+    EXPECT_EQ(gap, frames[i].milliseconds <= 5000 ? 50 : 200) << frames[i].milliseconds;
+  }
+  EXPECT_GT(frames.size(), 120u);
 }
 
 TEST_F(DemoJob, PausesSeeksAndResumes) {
@@ -102,6 +105,11 @@ TEST_F(DemoJob, PausesSeeksAndResumes) {
     control.Post(JobControl::Resume);
   });
   EXPECT_TRUE(Play(10).IsDone());
+  const auto between = [this](std::int64_t from, std::int64_t to) {
+    return std::ranges::count_if(
+        frames, [&](const Frame& frame) { return frame.milliseconds > from && frame.milliseconds <= to; });
+  };
+  EXPECT_EQ(between(2100, 2900), 4) << "refreshed while it is paused";
   EXPECT_EQ(clock.Milliseconds() - start, 3000 + 5005) << "the second half, and the pass that resumed it";
 }
 

@@ -13,7 +13,7 @@ import sys
 import tc421
 from rig import Failure, Lab, expect, until_true
 
-ONE, TWO, THREE = '10.77.0.11', '10.77.0.12', '10.77.0.13'
+HOME, ONE, TWO, THREE = '10.77.0.1', '10.77.0.11', '10.77.0.12', '10.77.0.13'
 TO_ONE, TO_TWO = ('--device', f'tc421@{ONE}'), ('--device', f'tc421@{TWO},reef')
 UNDER_WINE = sys.argv[2:3] == ['wine']
 CASES = {}
@@ -40,7 +40,7 @@ def scan_finds_all(lab):
     controllers = [lab.controller(1), lab.controller(2), lab.controller(3, '--name', long_name)]
     run = lab.halvex('devices', '--scan')
     run.ended(0)
-    wanted = [[f'tc421@{ONE}', ONE, 'network'], [f'tc421@{TWO},reef', 'reef', 'network'],
+    wanted = [[f'tc421@{ONE}', ONE, 'network'], [f'tc421@{TWO}', 'reef', 'network'],
               [f'tc421@{THREE},{long_name}', long_name, 'network']]
     expect(found(run) == wanted, f'it lists {run.out}')
     run.stderr_has('Searching for network devices...', 'Found 3 device(s)', f'Trying to find hostname for {TWO}...',
@@ -54,7 +54,7 @@ def scan_as_json(lab):
     lab.controller(2)
     run = lab.halvex('devices', '--scan', '--json')
     run.ended(0)
-    wanted = [{'device': f'tc421@{TWO},reef', 'name': 'reef', 'transport': 'network', 'address': TWO}]
+    wanted = [{'device': f'tc421@{TWO}', 'name': 'reef', 'transport': 'network', 'address': TWO}]
     expect(run.json() == wanted, f'it says {run.out}')
 
 
@@ -105,11 +105,18 @@ def no_network(lab):
     with lab.cable_pulled():
         scan = lab.halvex('devices', '--scan', '--trace')
         upload = lab.halvex('upload', lab.presets(), *TO_ONE, '--trace')
-    scan.ended(4)
+    scan.ended(1)
     scan.stderr_has('sendto error: ', 'Found 0 device(s)')
     upload.ended(1)
     upload.stderr_has('sendto error: ')
     expect(upload.seconds < 5, f'nothing can be sent, but it tried for {upload.seconds:.1f} s')
+
+
+@case
+def own_address(lab):
+    run = lab.halvex('clear', '--device', f'tc421@{HOME}', '--yes')
+    run.ended(1)
+    run.stderr_has("this computer's own address")
 
 
 # Holds the port that the program needs.
@@ -152,7 +159,7 @@ def upload_to_two(lab):
     run = lab.halvex('upload', lab.presets(), *TO_ONE, *TO_TWO)
     run.ended(0)
     run.log_has(*upload_log(ONE), *upload_log('reef'))
-    expect(outcomes(run) == {ONE: 'done', 'reef': 'done'}, f'the table says {outcomes(run)}')
+    expect(outcomes(run) == {TO_ONE[1]: 'done', TO_TWO[1]: 'done'}, f'the table says {outcomes(run)}')
     one.heard_only(tc421.upload(ONE))
     two.heard_only(tc421.upload('reef'))
     for controller in one, two:
@@ -196,7 +203,7 @@ def upload_to_a_silent_one_first(lab):
     silent.heard_only(tc421.mode(0, ONE)[:1] * 3 + tc421.mode(1, ONE)[:1] * 3)
     good.heard_only(tc421.upload('reef'))
     said = outcomes(run)
-    expect(said.get('reef') == 'done' and said.get(ONE, 'done') != 'done', f'the table says {said}')
+    expect(said.get(TO_TWO[1]) == 'done' and said.get(TO_ONE[1], 'done') != 'done', f'the table says {said}')
     expect(run.seconds < 20, f'two waits of 6 s took {run.seconds:.1f} s')
 
 
