@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Plays a demo on a terminal and presses keys: keys.py PROGRAM FILE. Prints what went wrong; exits with 1 then."""
+"""Runs the program on a terminal and presses keys: keys.py PROGRAM FILE. Prints what went wrong; exits with 1 then."""
 import fcntl
 import os
 import pty
@@ -13,7 +13,7 @@ import time
 LINE = re.compile(r'(\d\d):(\d\d):\d\d(?: +\d+){5} %  (playing|paused)')
 
 
-class Demo:
+class Session:
     """The program on a terminal of its own; `minute` and `state` are what its line of progress shows."""
 
     def __init__(self, program, *arguments):
@@ -41,8 +41,8 @@ class Demo:
     def press(self, keys):
         os.write(self.terminal, keys)
 
-    def status(self):
-        self.until(lambda: 'Finished' in self.text or 'Cancelled!' in self.text, 'the end')
+    def status(self, last):
+        self.until(lambda: last in self.text, f'"{last}"')
         return os.waitstatus_to_exitcode(os.waitpid(self.pid, 0)[1])
 
     def is_terminal_as_before(self):
@@ -63,7 +63,7 @@ def expect(holds, what):
 
 def main():
     program, file = sys.argv[1:]
-    demo = Demo(program, 'demo', file, '--device', 'emulator', '--start', '12:00', '--seconds', '86400')
+    demo = Session(program, 'demo', file, '--device', 'emulator', '--start', '12:00', '--seconds', '86400')
     demo.until(lambda: demo.minute == 720, 'noon')
     demo.press(b' ')
     demo.until(lambda: demo.state == 'paused', 'a pause')
@@ -74,14 +74,24 @@ def main():
     demo.press(b'x ')
     demo.until(lambda: demo.state == 'playing', 'the end of the pause')
     demo.press(b'q')
-    expect(demo.status() == 0, 'q did not end it well')
+    expect(demo.status('Cancelled!') == 0, 'q did not end it well')
     expect(demo.is_terminal_as_before(), 'q left the terminal changed')
 
-    demo = Demo(program, 'demo', file, '--device', 'emulator')
+    demo = Session(program, 'demo', file, '--device', 'emulator')
     demo.until(lambda: demo.state == 'playing', 'playing')
     demo.press(b'\x03')
-    expect(demo.status() == 130, 'Ctrl+C did not end it in order')
+    expect(demo.status('Cancelled!') == 130, 'Ctrl+C did not end it in order')
     expect(demo.is_terminal_as_before(), 'Ctrl+C left the terminal changed')
+
+    wifi = ('wifi', '--device', 'tc421', '--ssid', 'x', '--security', '1')
+    for keys, last, status in ((b'\x03', 'nothing was sent', 130), (b'secret\n', 'could not be opened', 1)):
+        asked = Session(program, *wifi)
+        asked.until(lambda: 'Password: ' in asked.text, 'the question')
+        asked.until(lambda: not termios.tcgetattr(asked.side)[3] & termios.ECHO, 'hiding what is typed')
+        asked.press(keys)
+        expect(asked.status(last) == status, f'{keys} at the question did not end with {status}')
+        expect('secret' not in asked.text, 'the password shows')
+        expect(asked.is_terminal_as_before(), f'{keys} at the question left the terminal changed')
 
 
 main()
