@@ -46,9 +46,10 @@ TEST_F(Devices, SayInATableHowItWentForEach) {
 
   network.isPortTaken = true;
   EXPECT_EQ(Run({"sync-time", "--device", "tc421@10.0.0.7"}), cli::NoAccess);
-  EXPECT_EQ(err,
-            "halvex: tc421@10.0.0.7: could not be opened: UDP port 5000 of this computer is in use by another "
-            "program\n");
+  EXPECT_EQ(
+      err,
+      "halvex: tc421@10.0.0.7: could not be opened: UDP port 5000 of this computer is in use by another "
+      "program\n");
   network.isPortTaken = false;
   network.failingCall = "sendto";
   EXPECT_EQ(Run({"clear", "--yes", "--device", "tc421@10.0.0.7"}), cli::DeviceFailed);
