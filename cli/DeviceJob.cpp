@@ -73,17 +73,6 @@ JobEnd WaitFor(TCBase::Worker& worker, const DeviceJob& job, Invocation& invocat
   return end;
 }
 
-}  // namespace
-
-const char* const AccessAdvice =
-    "; on Linux, install the udev rule 70-halvex.rules and plug the controller in again";
-
-TCBase::DeviceContext ContextOf(Invocation& invocation) {
-  return {invocation.environment.clock, invocation.printer.Log(), invocation.environment.network};
-}
-
-namespace {
-
 ExitStatus Report(const std::vector<DeviceOutcome>& outcomes, const JobEnd& end, Invocation& invocation) {
   bool hasFailed = false;
   bool isDenied = false;
@@ -101,6 +90,13 @@ ExitStatus Report(const std::vector<DeviceOutcome>& outcomes, const JobEnd& end,
 }
 
 }  // namespace
+
+const char* const AccessAdvice =
+    "; on Linux, install the udev rule 70-halvex.rules and plug the controller in again";
+
+TCBase::DeviceContext ContextOf(Invocation& invocation) {
+  return {invocation.environment.clock, invocation.printer.Log(), invocation.environment.network};
+}
 
 ExitStatus RunJob(const DeviceJob& job, Invocation& invocation) {
   return RunJob(job, invocation, [](TCBase::Worker& worker) { return worker.Outcomes(); });

@@ -118,6 +118,22 @@ TEST_F(UploadJob, StopsAfterTheModeInHand) {
   EXPECT_TRUE(control.TakeStop()) << "passed on to the loop over the devices";
 }
 
+TEST_F(UploadJob, BringsLongModesUnderTheLimitOfATC421) {
+  modes(1);
+  for (int i = 0; i < 100; ++i) {
+    program.modes[0].channels[0].steps.push_back(
+        TCBase::MakeStep(i / 60, i % 60, static_cast<float>(i % 7), false));
+  }
+  program.modes[0].channels[0].Sort();
+  const TCBase::Mode before = program.modes[0];
+  hid.plugged = TCBase::TC421UsbId;
+  hid.answer = [](const std::string&) { return Texts{std::string(64, '\0')}; };
+  EXPECT_TRUE(Upload(TCBase::DeviceKind::TC421Usb).IsDone());
+  EXPECT_EQ(hid.Frames().size(), 1u + 48 + 1);
+  EXPECT_EQ(hid.Frames()[0][15], 48) << "the number of samples";
+  EXPECT_TRUE(program.modes[0] == before) << "only the copy for the controller";
+}
+
 TEST_F(UploadJob, DropsACommandThatIsOlder) {
   control.Post(TCBase::JobControl::Stop);
   control.demoSecond = 5;

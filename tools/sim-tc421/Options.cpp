@@ -3,25 +3,15 @@
 
 #include <arpa/inet.h>
 
-#include <charconv>
 #include <stdexcept>
-#include <string_view>
+
+#include "../options/OptionTable.h"
 
 namespace SimTC421 {
 namespace {
 
 using std::chrono::milliseconds;
-
-int ParseNumber(const std::string& text, int highest) {
-  int number = 0;
-  const char* end = text.data() + text.size();
-  const auto parsed = std::from_chars(text.data(), end, number);
-  if (parsed.ec != std::errc() || parsed.ptr != end || number < 0 || number > highest) {
-    throw std::invalid_argument("\"" + text + "\" is not a number from 0 to " + std::to_string(highest) +
-                                ".");
-  }
-  return number;
-}
+using ToolOptions::ParseNumber;
 
 in_addr ParseAddress(const std::string& text) {
   in_addr address{};
@@ -29,17 +19,10 @@ in_addr ParseAddress(const std::string& text) {
   throw std::invalid_argument("\"" + text + "\" is not an IPv4 address.");
 }
 
-struct Row {
-  std::string_view name;
-  std::string_view argument;  // empty for a plain switch
-  std::string_view help;
-  void (*apply)(Options& options, const std::string& argument);
-};
-
 constexpr int MostMilliseconds = 600000;
 constexpr int MostDatagrams = 1000000;
 
-constexpr Row Rows[] = {
+constexpr ToolOptions::Row<Options> Rows[] = {
     {"--name", "TEXT", "what it answers to Find; its own address unless told otherwise",
      [](Options& o, const std::string& text) { o.name = text; }},
     {"--identity", "TEXT", "by which packets must call it (12 bytes count); the name unless told otherwise",
@@ -49,12 +32,12 @@ constexpr Row Rows[] = {
     {"--state", "FILE", "keeps there, in lines, what the controller holds",
      [](Options& o, const std::string& text) { o.state = text; }},
     {"--lose", "N", "the first N datagrams get lost",
-     [](Options& o, const std::string& text) { o.lose = ParseNumber(text, MostDatagrams); }},
+     [](Options& o, const std::string& text) { o.lose = ParseNumber(text, 0, MostDatagrams); }},
     {"--vanish-after", "N", "after N datagrams all others get lost",
-     [](Options& o, const std::string& text) { o.vanishAfter = ParseNumber(text, MostDatagrams); }},
+     [](Options& o, const std::string& text) { o.vanishAfter = ParseNumber(text, 0, MostDatagrams); }},
     {"--delay", "MS", "before each answer",
      [](Options& o, const std::string& text) {
-       o.delay = milliseconds(ParseNumber(text, MostMilliseconds));
+       o.delay = milliseconds(ParseNumber(text, 0, MostMilliseconds));
      }},
     {"--short", "", "answers with 63 bytes", [](Options& o, const std::string&) { o.answerSize = 63; }},
     {"--long", "", "answers with 65 bytes", [](Options& o, const std::string&) { o.answerSize = 65; }},
@@ -72,42 +55,20 @@ constexpr Row Rows[] = {
     {"--help", "", "this text", [](Options& o, const std::string&) { o.help = true; }},
 };
 
-const Row& FindOption(std::string_view name) {
-  for (const Row& row : Rows) {
-    if (row.name == name) return row;
-  }
-  throw std::invalid_argument("There is no option \"" + std::string(name) + "\".");
-}
+constexpr std::span<const ToolOptions::Row<Options>> Table = Rows;
 
 }  // namespace
 
 Options ParseOptions(int argc, char** argv) {
-  Options options;
-  for (int i = 1; i < argc; ++i) {
-    const Row& row = FindOption(argv[i]);
-    std::string argument;
-    if (!row.argument.empty()) {
-      if (++i == argc) throw std::invalid_argument(std::string(row.name) + " needs a value.");
-      argument = argv[i];
-    }
-    row.apply(options, argument);
-  }
-  return options;
+  return ToolOptions::Parse(Table, argc, argv);
 }
 
 std::string HelpText() {
-  constexpr std::size_t Column = 20;
-  std::string text =
+  const std::string use =
       "sim-tc421 [OPTIONS]\n"
       "A simulated TC421 on UDP port 5000 of every local address, until SIGINT or SIGTERM. It writes\n"
       "\"Listening\" to standard output when it is ready.\n\n";
-  for (const Row& row : Rows) {
-    std::string left = "  " + std::string(row.name);
-    if (!row.argument.empty()) left += " " + std::string(row.argument);
-    left.resize(Column, ' ');
-    text += left + "  " + std::string(row.help) + "\n";
-  }
-  return text +
+  return use + ToolOptions::Help(Table) +
          "\nA line of the transcript has five fields with a tab between them:\n"
          "  milliseconds since the start\n"
          "  the sender as ADDRESS:PORT\n"

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "Options.h"
 
-#include <charconv>
 #include <stdexcept>
-#include <string_view>
+
+#include "../options/OptionTable.h"
 
 namespace SimUsb {
 namespace {
 
 using std::chrono::milliseconds;
+using ToolOptions::ParseNumber;
 
 constexpr Model Models[] = {
     {"tc420", "TC420", 0x0888, 0x4000},
@@ -22,28 +23,10 @@ Model ParseModel(const std::string& text) {
   throw std::invalid_argument("There is no model \"" + text + "\".");
 }
 
-int ParseNumber(const std::string& text, int lowest, int highest) {
-  int number = 0;
-  const char* end = text.data() + text.size();
-  const auto parsed = std::from_chars(text.data(), end, number);
-  if (parsed.ec != std::errc() || parsed.ptr != end || number < lowest || number > highest) {
-    throw std::invalid_argument("\"" + text + "\" is not a number from " + std::to_string(lowest) + " to " +
-                                std::to_string(highest) + ".");
-  }
-  return number;
-}
-
-struct Row {
-  std::string_view name;
-  std::string_view argument;  // empty for a plain switch
-  std::string_view help;
-  void (*apply)(Options& options, const std::string& argument);
-};
-
 constexpr int MostMilliseconds = 600000;
 constexpr int MostFrames = 1000000;
 
-constexpr Row Rows[] = {
+constexpr ToolOptions::Row<Options> Rows[] = {
     {"--model", "NAME", "tc420 (0888:4000, unless told otherwise) or tc421 (0483:5750)",
      [](Options& o, const std::string& text) { o.model = ParseModel(text); }},
     {"--udc", "NAME", "device controller as listed in /sys/class/udc; else the first free one",
@@ -71,41 +54,19 @@ constexpr Row Rows[] = {
     {"--help", "", "this text", [](Options& o, const std::string&) { o.help = true; }},
 };
 
-const Row& FindRow(std::string_view name) {
-  for (const Row& row : Rows) {
-    if (row.name == name) return row;
-  }
-  throw std::invalid_argument("There is no option \"" + std::string(name) + "\".");
-}
+constexpr std::span<const ToolOptions::Row<Options>> Table = Rows;
 
 }  // namespace
 
 Options ParseOptions(int argc, char** argv) {
-  Options options;
-  for (int i = 1; i < argc; ++i) {
-    const Row& row = FindRow(argv[i]);
-    std::string argument;
-    if (!row.argument.empty()) {
-      if (++i == argc) throw std::invalid_argument(std::string(row.name) + " needs a value.");
-      argument = argv[i];
-    }
-    row.apply(options, argument);
-  }
-  return options;
+  return ToolOptions::Parse(Table, argc, argv);
 }
 
 std::string HelpText() {
-  constexpr std::size_t Column = 21;
-  std::string text =
+  const std::string use =
       "sim-usb [OPTIONS]\n"
       "Plugs a simulated controller into a USB bus of this machine and unplugs it on SIGINT or SIGTERM.\n\n";
-  for (const Row& row : Rows) {
-    std::string left = "  " + std::string(row.name);
-    if (!row.argument.empty()) left += " " + std::string(row.argument);
-    left.resize(Column, ' ');
-    text += left + "  " + std::string(row.help) + "\n";
-  }
-  return text +
+  return use + ToolOptions::Help(Table) +
          "\nOn a dummy_hcd bus the hidraw node of the controller appears on this same machine, and it is "
          "opened\n"
          "to every user (mode 0666), as a udev rule would do. With --refuse-open it stays with root (0600): "
