@@ -13,7 +13,7 @@ import time
 LINE = re.compile(r'(\d\d):(\d\d):\d\d(?: +\d+){5} %  (playing|paused)')
 
 
-class Session:
+class Screen:
     """The program on a terminal of its own; `minute` and `state` are what its line of progress shows."""
 
     def __init__(self, program, *arguments):
@@ -63,7 +63,7 @@ def expect(holds, what):
 
 def main():
     program, file = sys.argv[1:]
-    demo = Session(program, 'demo', file, '--device', 'emulator', '--start', '12:00', '--seconds', '86400')
+    demo = Screen(program, 'demo', file, '--device', 'emulator', '--start', '12:00', '--seconds', '86400')
     demo.until(lambda: demo.minute == 720, 'noon')
     demo.press(b' ')
     demo.until(lambda: demo.state == 'paused', 'a pause')
@@ -77,7 +77,7 @@ def main():
     expect(demo.status('Cancelled!') == 0, 'q did not end it well')
     expect(demo.is_terminal_as_before(), 'q left the terminal changed')
 
-    demo = Session(program, 'demo', file, '--device', 'emulator')
+    demo = Screen(program, 'demo', file, '--device', 'emulator')
     demo.until(lambda: demo.state == 'playing', 'playing')
     demo.press(b'\x03')
     expect(demo.status('Cancelled!') == 130, 'Ctrl+C did not end it in order')
@@ -85,7 +85,7 @@ def main():
 
     wifi = ('wifi', '--device', 'tc421', '--ssid', 'x', '--security', '1')
     for keys, last, status in ((b'\x03', 'nothing was sent', 130), (b'secret\n', 'could not be opened', 1)):
-        asked = Session(program, *wifi)
+        asked = Screen(program, *wifi)
         asked.until(lambda: 'Password: ' in asked.text, 'the question')
         asked.until(lambda: not termios.tcgetattr(asked.side)[3] & termios.ECHO, 'hiding what is typed')
         asked.press(keys)
