@@ -9,6 +9,7 @@ std::span<const Command> Commands() {
       {"info", "Show a program's modes, step counts and channels", DefineInfo},
       {"sample", "Show the channels' values at a time, or a mode's sample table", DefineSample},
       {"steps", "Show a channel's steps as text, or change them by a text", DefineSteps},
+      {"chart", "Draw a mode's chart as a picture", DefineChart},
       {"convert", "Convert a program to another format", DefineConvert},
       {"optimize", "Bring modes under the number of steps that controllers take", DefineOptimize},
       {"align", "Align the steps to a grid of minutes", DefineAlign},

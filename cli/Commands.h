@@ -28,6 +28,7 @@ Runner DefineNew(CLI::App& parser);
 Runner DefineInfo(CLI::App& parser);
 Runner DefineSample(CLI::App& parser);
 Runner DefineSteps(CLI::App& parser);
+Runner DefineChart(CLI::App& parser);
 Runner DefineConvert(CLI::App& parser);
 Runner DefineOptimize(CLI::App& parser);
 Runner DefineAlign(CLI::App& parser);

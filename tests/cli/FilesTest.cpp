@@ -33,6 +33,20 @@ class CliFiles : public Cli {
 
 }  // namespace
 
+TEST_F(Cli, DrawsAChart) {
+  const std::string path = NewProgram();
+  const std::string picture = folder.File("a.svg");
+  EXPECT_EQ(Run({"chart", path, "--mode", "2", "-o", picture}), cli::Done) << err;
+  EXPECT_EQ(test::Contents(picture).substr(0, 5), "<svg ");
+  test::Write(picture, "precious");
+  EXPECT_EQ(Run({"chart", path, "--mode", "3", "-o", picture}), cli::WrongUsage);
+  EXPECT_EQ(Run({"chart", folder.File("none.xml"), "-o", picture}), cli::FileFailed);
+  EXPECT_EQ(test::Contents(picture), "precious");
+  EXPECT_EQ(Run({"chart", path, "-o", folder.File("a.png")}), cli::WrongUsage);
+  EXPECT_EQ(Run({"chart", path, "-o", folder.File("no/folder.svg")}), cli::FileFailed);
+  EXPECT_EQ(LineCount(err), 1u) << err;
+}
+
 TEST_F(CliFiles, ConvertsAmongAllFormats) {
   const std::string xml = NewProgram();
   const std::string tmf = folder.File(

@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+#include "ui/ChartScene.h"
+
+#include <algorithm>
+
+#include "QorLib/Format.h"
+
+namespace UX {
+namespace {
+
+using TCBase::Channel;
+using TCBase::Step;
+
+constexpr Colour Background = 0xFF14161C;
+constexpr Colour LaneColour = 0xFF1C1F28;
+constexpr Colour SelectedLaneColour = 0xFF262A35;
+constexpr Colour GridColour = 0xFF2C313D;
+constexpr Colour ScaleColour = 0xFF8B93A5;
+constexpr Colour SelectionColour = 0xFFFBAF24;
+constexpr Colour OnSelectionColour = 0xFF14161C;
+constexpr Colour DemoColour = 0xFF4FB4E6;
+constexpr Colour FillAlpha = 0x30000000;
+
+constexpr float ScaleSize = 11, NameSize = 12;
+constexpr float LeastLabelDistance = 50;  // between two times on the scale
+constexpr int GridMinutes[] = {5, 10, 15, 30, 60, 120, 180, 240};
+
+Colour WithAlpha(Colour colour, Colour alpha) {
+  return (colour & 0x00FFFFFF) | alpha;
+}
+
+/// "08:30"; the end of the day is 24:00.
+std::string TimeText(int minuteOfDay) {
+  return qor::ZeroFilled(minuteOfDay / 60, 2) + ":" + qor::ZeroFilled(minuteOfDay % 60, 2);
+}
+
+/// How far the lines of the grid are from each other.
+int GridInterval(const ChartGeometry& geometry) {
+  for (const int minutes : GridMinutes) {
+    const float distance = geometry.XOf(minutes * 60.0) - geometry.XOf(0);
+    if (distance >= LeastLabelDistance) return minutes;
+  }
+  return std::end(GridMinutes)[-1];
+}
+
+void AddTimeScale(ChartScene& scene, const ChartGeometry& geometry) {
+  const int interval = GridInterval(geometry);
+  const Rectangle plot = geometry.Plot();
+  const int first = (geometry.View().Start() / 60 + interval - 1) / interval * interval;
+  for (int minute = first; minute * 60 <= geometry.View().End(); minute += interval) {
+    const float x = geometry.XOf(minute * 60.0);
+    for (std::size_t channel = 0; channel < TCBase::ChannelCount; ++channel) {
+      const Rectangle lane = geometry.Lane(channel);
+      scene.back.emplace_back(Line{{{x, lane.top}, {x, lane.Bottom()}}, GridColour});
+    }
+    scene.back.emplace_back(
+        Label{{x, plot.Bottom() + 14}, TimeText(minute), ScaleColour, ScaleSize, Label::Anchor::Middle});
+  }
+}
+
+void AddLaneBack(ChartScene& scene, const ChartGeometry& geometry, std::size_t channel, bool isSelected) {
+  const Rectangle lane = geometry.Lane(channel);
+  scene.back.emplace_back(Box{lane, isSelected ? SelectedLaneColour : LaneColour});
+  for (const float percent : {25.0F, 50.0F, 75.0F}) {
+    const float y = geometry.YOf(channel, percent);
+    scene.back.emplace_back(Line{{{lane.left, y}, {lane.Right(), y}}, GridColour, 1, true});
+  }
+  constexpr float Gap = 8;
+  const auto scale = [&](float y, const char* text) {
+    scene.back.emplace_back(Label{{lane.left - Gap, y}, text, ScaleColour, ScaleSize, Label::Anchor::Right});
+  };
+  scale(lane.top + ScaleSize - 2, "100");
+  scale(lane.Bottom(), "0 %");
+}
+
+/// The curve over the view, as corners of a line. The channel is in order.
+std::vector<Point> CurveOf(const Channel& channel, std::size_t number, const ChartGeometry& geometry) {
+  const ViewSpan& view = geometry.View();
+  std::vector<Point> points;
+  points.reserve(2 * channel.steps.size() + 2);
+  const auto add = [&](double second, float percent) {
+    points.push_back({geometry.XOf(second), geometry.YOf(number, std::clamp(percent, 0.0F, 100.0F))});
+  };
+  add(view.Start(), channel.ValueAt(view.Start()));
+  const Step* previous = channel.steps.empty() ? nullptr : &channel.steps.back();
+  for (const Step& step : channel.steps) {
+    const auto second = static_cast<double>(step.SecondOfDay());
+    if (second > view.Start() && second < view.End()) {
+      if (previous->jump) add(second, previous->value);
+      add(second, step.value);
+    }
+    if (second < view.End()) previous = &step;
+  }
+  const bool isHeld = previous != nullptr && previous->jump;
+  add(view.End(), isHeld ? previous->value : channel.ValueAt(view.End()));
+  return points;
+}
+
+void AddCurve(std::vector<Shape>& shapes, std::vector<Point> curve, Colour colour, bool isSelected,
+              float bottom) {
+  std::vector<Point> area = curve;
+  area.push_back({curve.back().x, bottom});
+  area.push_back({curve.front().x, bottom});
+  shapes.emplace_back(Area{std::move(area), WithAlpha(colour, FillAlpha)});
+  shapes.emplace_back(Line{std::move(curve), colour, isSelected ? 2.0F : 1.5F});
+}
+
+/// Adds what tells time and value of the step beside it, within the plot.
+void AddTag(std::vector<Shape>& shapes, const Step& step, Point at, const ChartGeometry& geometry) {
+  constexpr float Width = 104, Height = 20, Distance = 10;
+  const Rectangle plot = geometry.Plot();
+  const float left = std::clamp(at.x - Width / 2, plot.left, std::max(plot.left, plot.Right() - Width));
+  const bool isBelow = at.y + Distance + Height < plot.Bottom();
+  const float top = isBelow ? at.y + Distance : at.y - Distance - Height;
+  shapes.emplace_back(Box{{left, top, Width, Height}, SelectionColour});
+  const std::string text =
+      qor::Format("{1} {2} % {3}", {TimeText(static_cast<int>(step.MinuteOfDay())),
+                                    TCBase::WholePercent(step.value), step.jump ? "jump" : "fade"});
+  shapes.emplace_back(
+      Label{{left + Width / 2, top + 14}, text, OnSelectionColour, NameSize, Label::Anchor::Middle});
+}
+
+void AddMarks(const ChartContent& content, const ChartGeometry& geometry, std::size_t channel, Colour colour,
+              ChartScene& scene) {
+  const std::vector<Step>& steps = content.program.modes[content.mode].channels[channel].steps;
+  for (std::size_t i = 0; i < steps.size(); ++i) {
+    const Point at = geometry.PointOf(channel, steps[i]);
+    const auto second = steps[i].SecondOfDay();
+    if (second < geometry.View().Start() || second > geometry.View().End()) continue;
+    const StepPlace place{channel, i};
+    const bool isSelected = content.selectedStep == place;
+    const bool isTouched = isSelected || content.hoveredStep == place;
+    scene.lanes[channel].emplace_back(Mark{at, isTouched ? 5.0F : 4.0F, steps[i].jump,
+                                           isSelected ? SelectionColour : LaneColour,
+                                           isSelected ? SelectionColour : colour, isTouched ? 2.5F : 2.0F});
+    if (isTouched) AddTag(scene.front, steps[i], at, geometry);
+  }
+}
+
+void AddLane(const ChartContent& content, const ChartGeometry& geometry, std::size_t number,
+             ChartScene& scene) {
+  const TCBase::Program::ChannelInfo& info = content.program.channelInfos[number];
+  const bool isSelected = content.selectedChannel == number;
+  const Rectangle lane = geometry.Lane(number);
+  Channel channel = content.program.modes[content.mode].channels[number];
+  channel.Sort();
+  channel.RemoveDuplicateTimes();
+  AddLaneBack(scene, geometry, number, isSelected);
+  AddCurve(scene.lanes[number], CurveOf(channel, number, geometry), info.colour, isSelected, lane.Bottom());
+  scene.lanes[number].emplace_back(Label{{lane.left + 6, lane.top + 14},
+                                         qor::Format("{1} {2}", {number + 1, info.name}),
+                                         info.colour,
+                                         NameSize,
+                                         Label::Anchor::Left,
+                                         isSelected});
+  AddMarks(content, geometry, number, info.colour, scene);
+}
+
+void AddDemo(ChartScene& scene, const ChartGeometry& geometry, int second) {
+  if (second < geometry.View().Start() || second >= geometry.View().End()) return;
+  const Rectangle plot = geometry.Plot();
+  const float x = geometry.XOf(second);
+  scene.front.emplace_back(Line{{{x, plot.top}, {x, plot.Bottom() + 4}}, DemoColour, 2});
+  const std::string time = TimeText(second / 60) + ":" + qor::ZeroFilled(second % 60, 2);
+  scene.front.emplace_back(
+      Label{{x, plot.Bottom() + 27}, time, DemoColour, ScaleSize, Label::Anchor::Middle});
+}
+
+}  // namespace
+
+ChartScene MakeChartScene(const ChartContent& content, const ChartGeometry& geometry) {
+  ChartScene scene;
+  scene.width = geometry.Width();
+  scene.height = geometry.Height();
+  scene.back.emplace_back(Box{{0, 0, scene.width, scene.height}, Background});
+  for (std::size_t channel = 0; channel < TCBase::ChannelCount; ++channel) {
+    AddLane(content, geometry, channel, scene);
+  }
+  AddTimeScale(scene, geometry);
+  if (content.demoSecond) AddDemo(scene, geometry, *content.demoSecond);
+  return scene;
+}
+
+}  // namespace UX

@@ -1,0 +1,78 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "model/Program.h"
+#include "ui/ChartGeometry.h"
+
+/// The chart as a finished picture: a plain value, in pixels, that any renderer can draw without asking back.
+namespace UX {
+
+using Colour = std::uint32_t;  // 0xAARRGGBB, not premultiplied
+
+struct Box {
+  Rectangle area;
+  Colour fill = 0;
+};
+
+/// A polygon, filled to its edge and not outlined.
+struct Area {
+  std::vector<Point> points;
+  Colour fill = 0;
+};
+
+struct Line {
+  std::vector<Point> points;
+  Colour colour = 0;
+  float width = 1;
+  bool isDotted = false;
+};
+
+/// A step: round where the light fades on from it, square where it holds until the next one.
+struct Mark {
+  Point centre;
+  float radius = 0;
+  bool isSquare = false;
+  Colour fill = 0, line = 0;
+  float lineWidth = 1;
+};
+
+struct Label {
+  enum class Anchor { Left, Middle, Right };
+  Point at;  // on the base line
+  std::string text;
+  Colour colour = 0;
+  float size = 12;  // height of the font
+  Anchor anchor = Anchor::Left;
+  bool isBold = false;
+};
+
+using Shape = std::variant<Box, Area, Line, Mark, Label>;
+
+/// Drawn in the order of the members. What a lane holds stays within the lane, widened by a step's mark; so
+/// that a lane that changed can be drawn anew by itself.
+struct ChartScene {
+  float width = 0, height = 0;
+  std::vector<Shape> back;
+  std::array<std::vector<Shape>, TCBase::ChannelCount> lanes;
+  std::vector<Shape> front;
+};
+
+/// What the chart shows.
+struct ChartContent {
+  const TCBase::Program& program;
+  std::size_t mode = 0;  // its index, which must be there
+  std::optional<std::size_t> selectedChannel;
+  std::optional<StepPlace> selectedStep;  // these two count only where there is such a step
+  std::optional<StepPlace> hoveredStep;
+  std::optional<int> demoSecond;  // of the day, while a demo runs
+};
+
+ChartScene MakeChartScene(const ChartContent& content, const ChartGeometry& geometry);
+
+}  // namespace UX

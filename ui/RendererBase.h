@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ui/ChartScene.h"
+
+namespace UX {
+
+/// Draws finished scenes.
+class RendererBase {
+ public:
+  virtual ~RendererBase() = default;
+  virtual void Draw(const ChartScene& scene) = 0;
+};
+
+}  // namespace UX

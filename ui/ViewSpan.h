@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "model/Step.h"
+
+namespace UX {
+
+/// The part of the day that the chart shows, in seconds of the day, and how a scroll bar and a zoom bar move
+/// it. It never leaves the day: 0 ≤ start < end ≤ 86400.
+class ViewSpan {
+ public:
+  static constexpr int MinutesPerLine = 15;   // of the scroll bar
+  static constexpr int MaxZoomPosition = 22;  // of the zoom bar, which begins at 0 with the whole day
+
+  int Start() const { return start_; }
+  int End() const { return end_; }
+  int Seconds() const { return end_ - start_; }
+
+  // The scroll bar, in minutes from 0 to 1440; its page is the span.
+  int ScrollPosition() const { return start_ / 60; }
+  int ScrollPage() const { return Seconds() / 60; }
+  /// Puts the start there, or as near as the day allows; the span stays as it is.
+  void ScrollTo(int minute);
+
+  /// 0 for 24 hours, 22 for 2 hours.
+  int ZoomPosition() const { return TCBase::SecondsPerDay / 3600 - Seconds() / 3600; }
+  /// Keeps the start where the day allows it. Positions beyond the bar's ends count as its ends.
+  void ZoomTo(int position);
+
+  bool operator==(const ViewSpan&) const = default;
+
+ private:
+  void Place(std::int64_t start, int seconds);
+
+  int start_ = 0;
+  int end_ = TCBase::SecondsPerDay;
+};
+
+}  // namespace UX
