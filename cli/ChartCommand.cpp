@@ -8,7 +8,6 @@
 #include "cli/ProgramArguments.h"
 #include "cli/ProgramFiles.h"
 #include "formats/FileBytes.h"
-#include "platform/Files.h"
 #include "ui/RendererSVG.h"
 
 namespace cli {
@@ -24,12 +23,9 @@ constexpr float Width = 1024, Height = 640;
 void CheckPicture(const ChartOptions& options, const Invocation& invocation) {
   CheckIsNoLog(options.out, invocation);
   const std::string& out = options.out;
-  const bool isSvg = out.size() >= 4 && (out.ends_with(".svg") || out.ends_with(".SVG"));
+  const bool isSvg = out.ends_with(".svg") || out.ends_with(".SVG");
   if (!isSvg) throw CommandError(WrongUsage, qor::Format("{1} does not end in .svg", {out}));
-  if (platform::IsSameFile(options.path, out)) {
-    throw CommandError(FileFailed,
-                       qor::Format("{1} is the file that is read; give another one to write", {out}));
-  }
+  CheckIsAnother(options.path, out);
 }
 
 ExitStatus RunChart(const ChartOptions& options, Invocation& invocation) {

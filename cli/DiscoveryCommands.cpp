@@ -18,13 +18,6 @@ namespace {
 
 constexpr std::uint32_t PollMilliseconds = 20;
 
-struct UsbModel {
-  const char* argument;
-  TCBase::DeviceKind kind;
-};
-constexpr UsbModel UsbModels[] = {{"tc420", TCBase::DeviceKind::TC420},
-                                  {"tc421", TCBase::DeviceKind::TC421Usb}};
-
 /// What was found, and whether some of it could not be looked at: permission was missing, or somebody else
 /// had the way to it.
 struct Findings {
@@ -34,11 +27,11 @@ struct Findings {
 };
 
 void FindOnUsb(Findings& findings, Invocation& invocation) {
-  for (const UsbModel& model : UsbModels) {
-    const TCBase::DeviceInfo info = TCBase::DeviceOfKind(model.kind);
+  for (const auto kind : {TCBase::DeviceKind::TC420, TCBase::DeviceKind::TC421Usb}) {
+    const TCBase::DeviceInfo info = TCBase::DeviceOfKind(kind);
     const auto device = TCBase::CreateDevice(info, ContextOf(invocation));
     if (device->Open()) {
-      findings.devices.push_back({{"device", model.argument}, {"name", info.name}, {"transport", "usb"}});
+      findings.devices.push_back({{"device", ArgumentOf(info)}, {"name", info.name}, {"transport", "usb"}});
     } else if (device->OpenFault().isDenied) {
       findings.isUsbDenied = true;
       invocation.printer.Complain(
@@ -54,6 +47,7 @@ void FindOnNetwork(Findings& findings, Invocation& invocation) {
     invocation.printer.Print();
     invocation.environment.clock.Sleep(PollMilliseconds);
   }
+  invocation.printer.Print();
   for (const TCBase::DeviceInfo& info : worker.NetworkDevices()) {
     const std::string address = platform::AddressText(info.address);
     findings.devices.push_back({{"device", ArgumentOf(info)},

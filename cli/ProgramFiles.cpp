@@ -136,15 +136,19 @@ void CheckIsNoLog(const std::string& path, const Invocation& invocation) {
   throw CommandError(FileFailed, qor::Format("{1} is the log file; give --log another one", {path}));
 }
 
+void CheckIsAnother(const std::string& input, const std::string& output) {
+  if (platform::IsSameFile(input, output)) {
+    throw CommandError(FileFailed,
+                       qor::Format("{1} is the file that is read; give another one to write", {output}));
+  }
+}
+
 void CheckOutput(const std::string& input, const std::string& output, const Invocation& invocation) {
   CheckIsNoLog(output, invocation);
   if (!KindOf(output)) {
     throw CommandError(WrongUsage, qor::Format("{1} does not end in {2}", {output, KnownEndings}));
   }
-  if (platform::IsSameFile(input, output)) {
-    throw CommandError(FileFailed,
-                       qor::Format("{1} is the file that is read; give another one to write", {output}));
-  }
+  CheckIsAnother(input, output);
 }
 
 void Save(const TCBase::Program& program, std::size_t mode, const std::string& path, Invocation& invocation) {

@@ -25,6 +25,9 @@ TCBase::Program Load(const std::string& path, Invocation& invocation);
 /// Refuses to use a file that is the log file; before the first line is logged, to save the file.
 void CheckIsNoLog(const std::string& path, const Invocation& invocation);
 
+/// Refuses an output path that leads to the input file.
+void CheckIsAnother(const std::string& input, const std::string& output);
+
 /// Refuses an output path of no known kind, or one that leads to the input file or the log file.
 void CheckOutput(const std::string& input, const std::string& output, const Invocation& invocation);
 

@@ -86,7 +86,7 @@ ExitStatus RunWiFi(const WiFiOptions& options, Invocation& invocation) {
   }
   const WiFiSettings settings = SettingsOf(options, invocation.environment);
   Check(settings);
-  TCBase::DeviceOutcome outcome;
+  TCBase::DeviceOutcome outcome{device, TCBase::DeviceOutcome::Stage::NotReached, {}};
   const auto setUp = [&] { outcome = TCBase::SetupWiFi(device, settings, ContextOf(invocation)); };
   // A name without its password would leave the controller in no network at all: it is finished in any case.
   return RunJob({[&](TCBase::Worker& worker) { worker.Enqueue(setUp); },

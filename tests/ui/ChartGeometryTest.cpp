@@ -54,10 +54,11 @@ TEST(ChartGeometry, TouchesStepsWithinARadiusThatGrowsWithTheChart) {
   EXPECT_EQ(chart.HitTest(mode, {eight.x + 5, eight.y}), (StepPlace{0, 0}));
   EXPECT_EQ(chart.HitTest(mode, {eight.x + 7, eight.y}), std::nullopt);
 
-  // Between the lanes both steps at noon are near: the one above wins a click, the nearer one the hovering.
-  const UX::Point noon = chart.PointOf(1, mode.channels[1].steps[0]);
-  EXPECT_EQ(chart.HitTest(mode, {noon.x, noon.y - 4}), (StepPlace{1, 0}))
-      << "14 pixels are more than a radius";
-  EXPECT_EQ(chart.NearestStep(mode, {noon.x, noon.y - 4}), (StepPlace{1, 0}));
-  EXPECT_EQ(chart.NearestStep(mode, {noon.x, noon.y - 7}), std::nullopt);
+  // In a tall chart a pointer between two lanes touches both steps at noon: a click takes the upper one,
+  // hovering the nearer one.
+  const UX::ChartGeometry tall = Chart(744, 1200);
+  const UX::Point between = {tall.XOf(12 * 3600), tall.Lane(1).top - 5};
+  EXPECT_EQ(tall.HitTest(mode, between), (StepPlace{0, 2}));
+  EXPECT_EQ(tall.NearestStep(mode, between), (StepPlace{1, 0}));
+  EXPECT_EQ(chart.NearestStep(mode, {chart.XOf(12 * 3600), chart.Lane(1).top - 7}), std::nullopt);
 }
