@@ -22,6 +22,7 @@ constexpr Colour DemoColour = 0xFF4FB4E6;
 constexpr Colour FillAlpha = 0x30000000;
 
 constexpr float ScaleSize = 11, NameSize = 12;
+constexpr float MarkMargin = 7;  // a mark's radius and line, and what smoothing adds
 constexpr float LeastLabelDistance = 50;  // between two times on the scale
 constexpr int GridMinutes[] = {5, 10, 15, 30, 60, 120, 180, 240};
 
@@ -105,13 +106,12 @@ void AddCurve(std::vector<Shape>& shapes, std::vector<Point> curve, Colour colou
   shapes.emplace_back(Line{std::move(curve), colour, isSelected ? 2.0F : 1.5F});
 }
 
-/// Adds what tells time and value of the step beside it, within the plot.
-void AddTag(std::vector<Shape>& shapes, const Step& step, Point at, const ChartGeometry& geometry) {
+/// Adds what tells time and value of the step beside it, within the lane.
+void AddTag(std::vector<Shape>& shapes, const Step& step, Point at, const Rectangle& lane) {
   constexpr float Width = 104, Height = 20, Distance = 10;
-  const Rectangle plot = geometry.Plot();
-  const float left = std::clamp(at.x - Width / 2, plot.left, std::max(plot.left, plot.Right() - Width));
-  const bool isBelow = at.y + Distance + Height < plot.Bottom();
-  const float top = isBelow ? at.y + Distance : at.y - Distance - Height;
+  const float left = std::clamp(at.x - Width / 2, lane.left, std::max(lane.left, lane.Right() - Width));
+  const bool isBelow = at.y + Distance + Height < lane.Bottom();
+  const float top = isBelow ? at.y + Distance : std::max(lane.top, at.y - Distance - Height);
   shapes.emplace_back(Box{{left, top, Width, Height}, SelectionColour});
   const std::string text =
       qor::Format("{1} {2} % {3}", {TimeText(static_cast<int>(step.MinuteOfDay())),
@@ -123,6 +123,7 @@ void AddTag(std::vector<Shape>& shapes, const Step& step, Point at, const ChartG
 void AddMarks(const ChartContent& content, const ChartGeometry& geometry, std::size_t channel, Colour colour,
               ChartScene& scene) {
   const std::vector<Step>& steps = content.program.modes[content.mode].channels[channel].steps;
+  std::vector<Shape> tags;  // over all marks
   for (std::size_t i = 0; i < steps.size(); ++i) {
     const Point at = geometry.PointOf(channel, steps[i]);
     const auto second = steps[i].SecondOfDay();
@@ -133,8 +134,9 @@ void AddMarks(const ChartContent& content, const ChartGeometry& geometry, std::s
     scene.lanes[channel].emplace_back(Mark{at, isTouched ? 5.0F : 4.0F, steps[i].jump,
                                            isSelected ? SelectionColour : LaneColour,
                                            isSelected ? SelectionColour : colour, isTouched ? 2.5F : 2.0F});
-    if (isTouched) AddTag(scene.front, steps[i], at, geometry);
+    if (isTouched) AddTag(tags, steps[i], at, geometry.Lane(channel));
   }
+  scene.lanes[channel].insert(scene.lanes[channel].end(), tags.begin(), tags.end());
 }
 
 void AddLane(const ChartContent& content, const ChartGeometry& geometry, std::size_t number,
@@ -142,6 +144,8 @@ void AddLane(const ChartContent& content, const ChartGeometry& geometry, std::si
   const TCBase::Program::ChannelInfo& info = content.program.channelInfos[number];
   const bool isSelected = content.selectedChannel == number;
   const Rectangle lane = geometry.Lane(number);
+  scene.laneAreas[number] = {lane.left - MarkMargin, lane.top - MarkMargin, lane.width + 2 * MarkMargin,
+                             lane.height + 2 * MarkMargin};
   Channel channel = content.program.modes[content.mode].channels[number];
   channel.Sort();
   channel.RemoveDuplicateTimes();

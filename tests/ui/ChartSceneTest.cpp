@@ -72,13 +72,12 @@ TEST_F(ChartScene, MarksWhatIsSelectedAndWhereTheDemoIs) {
   content.selectedStep = UX::StepPlace{1, 4};
   content.demoSecond = 52560;
   const UX::ChartScene scene = Make();
-  std::string texts;
-  for (const UX::Label& label : All<UX::Label>(scene.front)) texts += label.text + ";";
-  EXPECT_EQ(texts, "18:00 50 % fade;14:36:00;");
+  EXPECT_EQ(All<UX::Label>(scene.lanes[1]).back().text, "18:00 50 % fade");
+  EXPECT_EQ(All<UX::Label>(scene.front).at(0).text, "14:36:00");
   EXPECT_TRUE(All<UX::Label>(scene.lanes[1])[0].isBold);
   EXPECT_FALSE(All<UX::Label>(scene.lanes[0])[0].isBold);
   content.selectedStep = UX::StepPlace{1, 99};
-  EXPECT_TRUE(All<UX::Label>(Make().front).size() == 1) << "there is no such step";
+  EXPECT_EQ(All<UX::Label>(Make().lanes[1]).size(), 1u) << "there is no such step";
 }
 
 TEST_F(ChartScene, BecomesAPictureThatHoldsAnyName) {
