@@ -12,6 +12,7 @@
 #include "cli/ProgramArguments.h"
 #include "cli/ProgramFiles.h"
 #include "formats/Settings.h"
+#include "model/TimeText.h"
 #include "worker/DemoJob.h"
 #include "worker/Stopwatch.h"
 
@@ -71,9 +72,7 @@ class Steering {
     }
     if (sinceShown_.Elapsed() < ShowEverySeconds) return;
     sinceShown_.Restart();
-    std::string line = TimeText(place.second / 3600, place.second / 60 % 60);
-    line += ':';
-    line += qor::ZeroFilled(place.second % 60, 2);
+    std::string line = TCBase::TimeOfDayText(place.second);
     for (const int percent : control.LastChannels().values) {
       const std::string number = std::to_string(percent);
       line.append(5 - std::min<std::size_t>(number.size(), 4), ' ');

@@ -85,10 +85,6 @@ int SecondOf(std::string_view time) {
   return parts == 2 ? second * 60 : second;
 }
 
-std::string TimeText(int hour, int minute) {
-  return qor::ZeroFilled(hour, 2) + ":" + qor::ZeroFilled(minute, 2);
-}
-
 std::function<std::string(const std::string&)> CheckNumber(int most) {
   return [most](const std::string& text) {
     int number = 0;

@@ -24,8 +24,6 @@ void WarnOfLongModes(const TCBase::Program::ModeListView& modes, LogPrinter& pri
 
 /// The second of the day that "HH:MM" or "HH:MM:SS" names.
 int SecondOf(std::string_view time);
-/// "HH:MM"
-std::string TimeText(int hour, int minute);
 
 /// What makes sure of a whole number from 1 to `most`, in plain decimal digits.
 std::function<std::string(const std::string&)> CheckNumber(int most);

@@ -9,6 +9,7 @@
 #include "cli/ProgramArguments.h"
 #include "cli/ProgramFiles.h"
 #include "model/ModeSample.h"
+#include "model/TimeText.h"
 
 namespace cli {
 namespace {
@@ -45,13 +46,13 @@ ExitStatus RunSample(const SampleOptions& options, Invocation& invocation) {
   const TCBase::Mode& mode = program.modes[ModeIndexOf(program, options.mode, options.path)];
   if (!options.table) {
     const TCBase::ModeSample sample = TCBase::SampleAt(mode, second);
-    const std::string time = TimeText(sample.hour, sample.minute) + ":" + qor::ZeroFilled(second % 60, 2);
+    const std::string time = TCBase::TimeOfDayText(second);
     options.json ? Print(SampleJson(sample, time), out) : PrintSample(sample, time, out);
     return Done;
   }
   Json rows = Json::array();
   for (const TCBase::ModeSample& sample : TCBase::SampleTable(mode)) {
-    const std::string time = TimeText(sample.hour, sample.minute);
+    const std::string time = TCBase::MinuteText(sample.hour * 60 + sample.minute);
     if (options.json) {
       rows.push_back(SampleJson(sample, time));
     } else {

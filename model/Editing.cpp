@@ -7,6 +7,7 @@
 #include "model/ModeSample.h"
 #include "model/Program.h"
 #include "model/StepLimit.h"
+#include "model/TimeText.h"
 
 namespace TCBase {
 namespace {
@@ -77,9 +78,8 @@ EditResult AddStepToAllChannels(Mode& mode, std::int64_t second) {
     channel.steps.push_back(StepAtMinute(minute, static_cast<float>(sample.values[i]), false));
     PutInOrder(channel);
   }
-  const std::string time = qor::ZeroFilled(sample.hour % 24, 2) + ":" + qor::ZeroFilled(sample.minute, 2);
   return Changed("Added step at {1} to all channels. Current number of steps is {2}.",
-                 {time, StepCount(mode)});
+                 {MinuteText(minute % MinutesPerDay), StepCount(mode)});
 }
 
 EditResult AddEndpointStep(Mode& mode, Endpoint endpoint) {

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "QorLib/Format.h"
+#include "model/TimeText.h"
 
 namespace UX {
 namespace {
@@ -22,17 +23,18 @@ constexpr Colour DemoColour = 0xFF4FB4E6;
 constexpr Colour FillAlpha = 0x30000000;
 
 constexpr float ScaleSize = 11, NameSize = 12;
-constexpr float MarkMargin = 7;  // a mark's radius and line, and what smoothing adds
-constexpr float LeastLabelDistance = 50;  // between two times on the scale
+constexpr float TagMargin = 14, TagCharacterWidth = 6;  // enough for most fonts
+constexpr float MarkMargin = 7;                         // a mark's radius and line, and what smoothing adds
+constexpr float LeastLabelDistance = 50;                // between two times on the scale
 constexpr int GridMinutes[] = {5, 10, 15, 30, 60, 120, 180, 240};
 
 Colour WithAlpha(Colour colour, Colour alpha) {
   return (colour & 0x00FFFFFF) | alpha;
 }
 
-/// "08:30"; the end of the day is 24:00.
-std::string TimeText(int minuteOfDay) {
-  return qor::ZeroFilled(minuteOfDay / 60, 2) + ":" + qor::ZeroFilled(minuteOfDay % 60, 2);
+/// Of a text in UTF-8.
+std::size_t CharactersIn(std::string_view text) {
+  return static_cast<std::size_t>(std::ranges::count_if(text, [](char c) { return (c & 0xC0) != 0x80; }));
 }
 
 /// How far the lines of the grid are from each other.
@@ -54,8 +56,8 @@ void AddTimeScale(ChartScene& scene, const ChartGeometry& geometry) {
       const Rectangle lane = geometry.Lane(channel);
       scene.back.emplace_back(Line{{{x, lane.top}, {x, lane.Bottom()}}, GridColour});
     }
-    scene.back.emplace_back(
-        Label{{x, plot.Bottom() + 14}, TimeText(minute), ScaleColour, ScaleSize, Label::Anchor::Middle});
+    scene.back.emplace_back(Label{
+        {x, plot.Bottom() + 14}, TCBase::MinuteText(minute), ScaleColour, ScaleSize, Label::Anchor::Middle});
   }
 }
 
@@ -107,17 +109,18 @@ void AddCurve(std::vector<Shape>& shapes, std::vector<Point> curve, Colour colou
 }
 
 /// Adds what tells time and value of the step beside it, within the lane.
-void AddTag(std::vector<Shape>& shapes, const Step& step, Point at, const Rectangle& lane) {
-  constexpr float Width = 104, Height = 20, Distance = 10;
-  const float left = std::clamp(at.x - Width / 2, lane.left, std::max(lane.left, lane.Right() - Width));
+void AddTag(std::vector<Shape>& shapes, const Step& step, const std::string& way, Point at,
+            const Rectangle& lane) {
+  constexpr float Height = 20, Distance = 10;
+  const std::string text = qor::Format(
+      "{1} {2} % {3}", {TCBase::MinuteText(step.MinuteOfDay()), TCBase::WholePercent(step.value), way});
+  const float width = TagMargin + TagCharacterWidth * static_cast<float>(CharactersIn(text));
+  const float left = std::clamp(at.x - width / 2, lane.left, std::max(lane.left, lane.Right() - width));
   const bool isBelow = at.y + Distance + Height < lane.Bottom();
   const float top = isBelow ? at.y + Distance : std::max(lane.top, at.y - Distance - Height);
-  shapes.emplace_back(Box{{left, top, Width, Height}, SelectionColour});
-  const std::string text =
-      qor::Format("{1} {2} % {3}", {TimeText(static_cast<int>(step.MinuteOfDay())),
-                                    TCBase::WholePercent(step.value), step.jump ? "jump" : "fade"});
+  shapes.emplace_back(Box{{left, top, width, Height}, SelectionColour});
   shapes.emplace_back(
-      Label{{left + Width / 2, top + 14}, text, OnSelectionColour, NameSize, Label::Anchor::Middle});
+      Label{{left + width / 2, top + 14}, text, OnSelectionColour, NameSize, Label::Anchor::Middle});
 }
 
 void AddMarks(const ChartContent& content, const ChartGeometry& geometry, std::size_t channel, Colour colour,
@@ -134,7 +137,9 @@ void AddMarks(const ChartContent& content, const ChartGeometry& geometry, std::s
     scene.lanes[channel].emplace_back(Mark{at, isTouched ? 5.0F : 4.0F, steps[i].jump,
                                            isSelected ? SelectionColour : LaneColour,
                                            isSelected ? SelectionColour : colour, isTouched ? 2.5F : 2.0F});
-    if (isTouched) AddTag(tags, steps[i], at, geometry.Lane(channel));
+    if (isTouched) {
+      AddTag(tags, steps[i], steps[i].jump ? content.jump : content.fade, at, geometry.Lane(channel));
+    }
   }
   scene.lanes[channel].insert(scene.lanes[channel].end(), tags.begin(), tags.end());
 }
@@ -165,9 +170,8 @@ void AddDemo(ChartScene& scene, const ChartGeometry& geometry, int second) {
   const Rectangle plot = geometry.Plot();
   const float x = geometry.XOf(second);
   scene.front.emplace_back(Line{{{x, plot.top}, {x, plot.Bottom() + 4}}, DemoColour, 2});
-  const std::string time = TimeText(second / 60) + ":" + qor::ZeroFilled(second % 60, 2);
-  scene.front.emplace_back(
-      Label{{x, plot.Bottom() + 27}, time, DemoColour, ScaleSize, Label::Anchor::Middle});
+  scene.front.emplace_back(Label{
+      {x, plot.Bottom() + 27}, TCBase::TimeOfDayText(second), DemoColour, ScaleSize, Label::Anchor::Middle});
 }
 
 }  // namespace

@@ -72,6 +72,7 @@ struct ChartContent {
   std::optional<StepPlace> selectedStep;  // these two count only where there is such a step
   std::optional<StepPlace> hoveredStep;
   std::optional<int> demoSecond;  // of the day, while a demo runs
+  std::string fade = "fade", jump = "jump";  // how a step goes on, in the user's language
 };
 
 ChartScene MakeChartScene(const ChartContent& content, const ChartGeometry& geometry);

@@ -17,8 +17,8 @@ enum class Answer { Yes, No, Cancel };
 
 struct Question {
   std::string caption, text;
-  bool hasCancel = false;            // Yes and No, and Cancel where it is set
-  Answer usual = Answer::Yes;        // the button that Enter presses
+  bool hasCancel = false;      // Yes and No, and Cancel where it is set
+  Answer usual = Answer::Yes;  // the button that Enter presses
 };
 
 /// One value to edit, or two.

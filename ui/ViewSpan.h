@@ -5,6 +5,9 @@
 
 namespace UX {
 
+/// What a user does to a scroll bar or a zoom bar.
+enum class BarMove { LineBack, LineOn, PageBack, PageOn, Track, First, Last };
+
 /// The part of the day that the chart shows, in seconds of the day, and how a scroll bar and a zoom bar move
 /// it. It never leaves the day: 0 ≤ start < end ≤ 86400.
 class ViewSpan {
@@ -26,6 +29,17 @@ class ViewSpan {
   int ZoomPosition() const { return TCBase::SecondsPerDay / 3600 - Seconds() / 3600; }
   /// Keeps the start where the day allows it. Positions beyond the bar's ends count as its ends.
   void ZoomTo(int position);
+
+  /// `tracked` is where the thumb was dragged to, for Track.
+  void Scroll(BarMove move, int tracked = 0);
+  void Zoom(BarMove move, int tracked = 0);
+
+  // The keys
+  /// Shows so many hours more, from the same start; from 2 to 24.
+  void ZoomBy(int hours) { ZoomTo(ZoomPosition() - hours); }
+  /// The same, but what stands at `second` stays in its place on the screen where the day allows it.
+  void ZoomAround(int second, int hours);
+  void MoveBy(int seconds) { Place(std::int64_t{start_} + seconds, Seconds()); }
 
   bool operator==(const ViewSpan&) const = default;
 

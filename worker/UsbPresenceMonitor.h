@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <atomic>
 #include <functional>
 
 #include "device/DeviceBase.h"
@@ -17,6 +18,8 @@ class UsbPresenceMonitor {
 
   /// Probes when it is time to.
   void Tick();
+  /// The last presence; from any thread.
+  bool IsConnected() const { return isConnected_; }
 
  private:
   bool Probe();
@@ -24,7 +27,7 @@ class UsbPresenceMonitor {
   DeviceKind kind_;
   DeviceContext context_;
   Stopwatch sinceProbe_;
-  bool isConnected_ = false;
+  std::atomic<bool> isConnected_ = false;
   std::function<void(bool)> onChange_;
 };
 

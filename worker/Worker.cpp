@@ -73,6 +73,13 @@ std::vector<DeviceOutcome> Worker::Outcomes() {
   return outcomes_;
 }
 
+std::vector<DeviceKind> Worker::UsbDevices() const {
+  std::vector<DeviceKind> devices;
+  if (tc420Monitor_.IsConnected()) devices.push_back(DeviceKind::TC420);
+  if (tc421Monitor_.IsConnected()) devices.push_back(DeviceKind::TC421Usb);
+  return devices;
+}
+
 std::vector<DeviceInfo> Worker::NetworkDevices() {
   const std::lock_guard lock(networkMutex_);
   return networkDevices_;

@@ -55,6 +55,8 @@ class Worker {
   bool IsBusy() const { return unfinishedJobs_ > 0; }
   /// How the last device job ended for each device that it was to visit.
   std::vector<DeviceOutcome> Outcomes();
+  /// Which controllers the watch has seen on the USB.
+  std::vector<DeviceKind> UsbDevices() const;
   /// What the last search of the network found, and what kept it from going through, if anything did.
   std::vector<DeviceInfo> NetworkDevices();
   std::optional<OpenFailure> ScanFailure();

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "ui/Dialogs.h"
+#include "ui/View.h"
+
+namespace test {
+
+/// A user who answers what the test says, and otherwise cancels.
+class FakeDialogs : public UX::Dialogs {
+ public:
+  std::optional<std::string> path;  // of the next file
+  UX::Answer answer = UX::Answer::Cancel;
+  std::optional<std::string> typed;  // the first value, name or text of the next dialog
+  std::string typedSecond;           // the second
+  std::vector<std::string> seen;     // what the user was asked and told: "caption: text"
+  std::optional<platform::SYSTEMTIME> time;
+
+  std::optional<std::string> PathToOpen(UX::FileKind) override { return path; }
+  std::optional<std::string> PathToSave(UX::FileKind, const std::string& name) override {
+    seen.push_back("save: " + name);
+    return path;
+  }
+  UX::Answer Ask(const UX::Question& question) override {
+    seen.push_back(question.caption + ": " + question.text);
+    return answer;
+  }
+  void Tell(const std::string& caption, const std::string& text) override {
+    seen.push_back(caption + ": " + text);
+  }
+  bool EditValue(UX::ValueRequest& request) override {
+    seen.push_back(request.title + ": " + request.value);
+    return Type(request.value, request.secondValue);
+  }
+  bool EditModeName(UX::ModeNameRequest& request) override {
+    seen.push_back(request.title + ": " + request.name);
+    return Type(request.name, request.description);
+  }
+  bool EditSteps(UX::StepsRequest& request) override {
+    seen.push_back(request.title + ": " + request.text);
+    std::string ignored;
+    return Type(request.text, ignored);
+  }
+  bool EditDateTime(platform::SYSTEMTIME& edited) override {
+    if (time) edited = *time;
+    return time.has_value();
+  }
+  void ShowAbout() override { seen.push_back("about"); }
+  void RunWiFiWizard() override { seen.push_back("wizard"); }
+
+ private:
+  bool Type(std::string& first, std::string& second) {
+    if (!typed) return false;
+    first = *typed;
+    second = typedSecond;
+    return true;
+  }
+};
+
+/// A window that counts what it is asked to show.
+class FakeView : public UX::View {
+ public:
+  int charts = 0, retranslations = 0;
+  std::map<std::size_t, int> lanes;  // redraws of each
+  bool isCaptured = false, isClosed = false;
+  std::vector<qor::Sentence> hint;
+
+  void RedrawChart() override { ++charts; }
+  void RedrawLane(std::size_t channel) override { ++lanes[channel]; }
+  void CaptureMouse(bool on) override { isCaptured = on; }
+  void ShowHint(const std::vector<qor::Sentence>& shown) override { hint = shown; }
+  void Refresh() override {}
+  void Retranslate() override { ++retranslations; }
+  void Close() override { isClosed = true; }
+};
+
+}  // namespace test

@@ -1,0 +1,241 @@
+// SPDX-License-Identifier: MIT
+#include "ui/ChartEditor.h"
+
+#include <gtest/gtest.h>
+
+#include "formats/StepsText.h"
+#include "model/ModeSample.h"
+#include "tests/support/Curves.h"
+#include "tests/support/FakeWindow.h"
+#include "tests/support/TestLog.h"
+
+namespace {
+
+using test::Curve;
+using UX::ChartKey;
+using Texts = std::vector<std::string>;
+
+/// A chart over the whole day, 744 x 520, with the first channel selected.
+class ChartEditor : public testing::Test {
+ protected:
+  ChartEditor() {
+    for (TCBase::Channel& channel : document.Mode().channels) channel = Curve({{8, 0, 0}, {22, 0, 0}});
+    editor.SetGeometry(chart);
+    editor.SelectChannel(0);
+  }
+
+  UX::Point At(int hour, int minute, float percent, std::size_t channel = 0) const {
+    return {chart.XOf(hour * 3600.0 + minute * 60 + 30), chart.YOf(channel, percent)};
+  }
+  void Click(UX::Point point) {
+    editor.ButtonDown(point);
+    editor.ButtonUp();
+  }
+  void Drag(UX::Point from, UX::Point to) {
+    editor.ButtonDown(from);
+    editor.MouseMove(to);
+    editor.ButtonUp();
+  }
+  void Zoom(int position, int hour) {
+    UX::ViewSpan span;
+    span.ZoomTo(position);
+    span.ScrollTo(hour * 60);
+    chart = {744, 520, span};
+    editor.SetGeometry(chart);
+  }
+  /// "08:00 0, 22:00 0*": values in whole percents, a star behind the selected step.
+  std::string Steps(std::size_t channel = 0) {
+    std::string text;
+    const auto& steps = document.Mode().channels[channel].steps;
+    for (std::size_t i = 0; i < steps.size(); ++i) {
+      text += (i > 0 ? ", " : "") + TCBase::StepText(steps[i]);
+      if (editor.SelectedStep() == UX::StepPlace{channel, i}) text += '*';
+    }
+    return text;
+  }
+  bool Undo() {
+    auto before = history.Undo(document.Content());
+    if (before) document.SetContent(*before);
+    return before.has_value();
+  }
+
+  UX::Document document{qor::InEnglish};
+  UX::UndoHistory history;
+  test::TestLog log;
+  TCBase::JobControl control;
+  test::FakeView view;
+  UX::ChartEditor editor{{document, history, log, control, view}};
+  UX::ChartGeometry chart{744, 520, UX::ViewSpan()};
+};
+
+}  // namespace
+
+TEST_F(ChartEditor, AddsAStepInTheSelectedChannelAndSelectsTheOthersFirst) {
+  Click(At(12, 0, 40));
+  EXPECT_EQ(Steps(), "08:00 0, 12:00 40*, 22:00 0");
+  EXPECT_EQ(log.Texts(), (Texts{"Added new step 12:00 40. Current number of steps: 3", "Step 12:00 40"}));
+  ASSERT_EQ(view.hint.size(), 2u);
+  EXPECT_EQ(view.hint[0].english, "Press DELETE or BACKSPACE to remove the selected step.");
+  Click(At(12, 0, 40, 3));
+  EXPECT_EQ(Steps(3), "08:00 0, 22:00 0") << "the press selected the channel only";
+  EXPECT_EQ(editor.SelectedChannel(), 3u);
+  EXPECT_FALSE(editor.SelectedStep());
+  Click(At(13, 0, 60, 3));
+  EXPECT_EQ(Steps(3), "08:00 0, 13:00 60*, 22:00 0");
+  Click({5, 5});
+  EXPECT_EQ(Steps(3), "08:00 0, 13:00 60*, 22:00 0") << "outside of all lanes";
+  EXPECT_FALSE(view.isCaptured);
+  EXPECT_TRUE(Undo());
+  EXPECT_TRUE(Undo());
+  EXPECT_FALSE(Undo());
+  EXPECT_EQ(document.Mode().channels[3].steps.size(), 2u);
+}
+
+TEST_F(ChartEditor, RefusesTheFortyNinthStepAndWarnsOfTheTwentyFirst) {
+  int hints = 0;
+  for (int step = 0; step < 47; ++step) {
+    view.hint.clear();
+    Click(At(step / 2, step % 2 * 30 + 15, 50));
+    if (!view.hint.empty() && view.hint[0].english.starts_with("The previous model ORVANTA")) ++hints;
+  }
+  EXPECT_EQ(hints, 1);
+  EXPECT_EQ(TCBase::StepCount(document.Mode()), 48);
+  const std::vector<std::string> lines = log.Texts();
+  EXPECT_EQ(lines.at(lines.size() - 2),
+            "Unable to add new step. Maximum number of 48 steps for the current mode reached");
+}
+
+TEST_F(ChartEditor, DragsAStepWithinTheViewAsOneEdit) {
+  Drag(At(8, 0, 0), {At(8, 0, 0).x + 2, At(8, 0, 0).y - 2});
+  EXPECT_EQ(Steps(), "08:00 0*, 22:00 0") << "a wobble is no edit";
+  EXPECT_FALSE(Undo());
+  editor.ButtonDown(At(8, 0, 0));
+  for (int hour = 9; hour < 23; ++hour) editor.MouseMove(At(hour, 0, 30));
+  EXPECT_EQ(view.lanes[1], 0) << "only the lane that changed is drawn anew";
+  editor.ButtonUp();
+  EXPECT_EQ(Steps(), "22:00 0, 22:01 30*");
+  EXPECT_TRUE(Undo());
+  EXPECT_FALSE(Undo());
+}
+
+TEST_F(ChartEditor, KeepsADraggedStepInTheVisiblePartOfTheDay) {
+  Zoom(18, 6);  // 06:00 to 12:00
+  Drag(At(8, 0, 0), {chart.Plot().Right() + 300, chart.YOf(0, 130)});
+  EXPECT_EQ(Steps(), "11:59 100*, 22:00 0");
+  Drag(At(11, 59, 100), {-50, chart.YOf(0, -7)});
+  EXPECT_EQ(Steps(), "06:00 0*, 22:00 0");
+  EXPECT_TRUE(Undo());
+  EXPECT_TRUE(Undo());
+  EXPECT_EQ(Steps(), "08:00 0*, 22:00 0");
+}
+
+TEST_F(ChartEditor, PutsEverythingBackWhenADragIsCancelled) {
+  editor.ButtonDown(At(8, 0, 0));
+  editor.MouseMove(At(15, 0, 70));
+  EXPECT_EQ(Steps(), "15:00 70*, 22:00 0");
+  EXPECT_TRUE(editor.Key(ChartKey::Cancel, 0));
+  EXPECT_EQ(Steps(), "08:00 0*, 22:00 0");
+  editor.MouseMove(At(16, 0, 70));
+  editor.ButtonUp();
+  EXPECT_EQ(Steps(), "08:00 0*, 22:00 0");
+  EXPECT_FALSE(Undo());
+  editor.ButtonDown(At(10, 0, 70));
+  editor.Key(ChartKey::Cancel, 0);
+  EXPECT_EQ(Steps(), "08:00 0, 22:00 0") << "a step that the press had added";
+}
+
+TEST_F(ChartEditor, LeavesOneStepOnAMinuteWhenAMoveEnds) {
+  document.Mode().channels[0] = Curve({{8, 0, 0}, {12, 0, 50}, {22, 0, 0}});
+  Drag(At(8, 0, 0), At(12, 0, 80));
+  EXPECT_EQ(Steps(), "12:00 80*, 22:00 0") << "the moved one stays";
+  EXPECT_TRUE(Undo());
+  EXPECT_EQ(document.Mode().channels[0].steps.size(), 3u) << "one edit with the move";
+  document.Mode().channels[0] = Curve({{8, 0, 0}, {12, 0, 50}});
+  Drag(At(8, 0, 0), At(12, 0, 80));
+  EXPECT_EQ(Steps(), "12:00 50, 12:01 80*") << "a channel keeps two steps";
+}
+
+TEST_F(ChartEditor, MovesAStepByKeysAroundMidnightAsOneEdit) {
+  document.Mode().channels[0] = Curve({{0, 0, 99.5F}, {12, 0, 50}});
+  Click(At(0, 0, 99.5F));
+  editor.Key(ChartKey::Earlier, 100);
+  EXPECT_EQ(Steps(), "12:00 50, 23:59 99*");
+  editor.Key(ChartKey::Later, 200);
+  editor.Key(ChartKey::Brighter, 300);
+  EXPECT_EQ(Steps(), "00:00 100*, 12:00 50");
+  editor.Key(ChartKey::Darker, 400);
+  EXPECT_EQ(Steps(), "00:00 99*, 12:00 50");
+  editor.Tick(1399);
+  EXPECT_TRUE(history.HasPending());
+  editor.Tick(1400);
+  EXPECT_FALSE(history.HasPending()) << "a second without a key ends the run";
+  EXPECT_TRUE(Undo());
+  EXPECT_EQ(document.Mode().channels[0].steps[0].value, 99.5F);
+}
+
+TEST_F(ChartEditor, DeletesDownToTwoSteps) {
+  EXPECT_FALSE(editor.Key(ChartKey::Delete, 0)) << "nothing is selected";
+  Click(At(12, 0, 40));
+  log.Texts();
+  editor.Key(ChartKey::Delete, 0);
+  EXPECT_EQ(Steps(), "08:00 0, 22:00 0");
+  Click(At(8, 0, 0));
+  editor.Key(ChartKey::Delete, 0);
+  EXPECT_EQ(Steps(), "08:00 0*, 22:00 0");
+  EXPECT_EQ(log.Texts(), (Texts{"Step deleted. Current number of steps: 2", "Step 08:00 0",
+                                "Unable to delete step. Minimum 2 steps per channel is required."}));
+  EXPECT_FALSE(history.HasPending());
+  EXPECT_TRUE(Undo());
+  EXPECT_EQ(document.Mode().channels[0].steps.size(), 3u);
+}
+
+TEST_F(ChartEditor, GoesThroughChannelsAndStepsByKeys) {
+  editor.SelectChannel({});
+  editor.Key(ChartKey::NextChannel, 0);
+  editor.Key(ChartKey::NextChannel, 0);
+  editor.Key(ChartKey::NextStep, 0);
+  EXPECT_EQ(editor.SelectedStep(), (UX::StepPlace{1, 0}));
+  editor.Key(ChartKey::ToggleJump, 0);
+  editor.Key(ChartKey::Insert, 0);
+  EXPECT_EQ(Steps(1), "08:00 0 J, 15:00 0*, 22:00 0");
+  editor.Key(ChartKey::NextStep, 0);
+  editor.Key(ChartKey::NextStep, 0);
+  EXPECT_EQ(editor.SelectedStep(), (UX::StepPlace{1, 2})) << "the last stays the last";
+  editor.Key(ChartKey::PreviousChannel, 0);
+  editor.Key(ChartKey::PreviousChannel, 0);
+  EXPECT_EQ(editor.SelectedChannel(), 0u);
+}
+
+TEST_F(ChartEditor, TouchesTheNearestStepAndRedrawsItsLane) {
+  editor.MouseMove(At(8, 0, 3, 2));
+  EXPECT_EQ(editor.HoveredStep(), (UX::StepPlace{2, 0}));
+  editor.MouseMove(At(22, 0, 0, 4));
+  EXPECT_EQ(editor.HoveredStep(), (UX::StepPlace{4, 1}));
+  EXPECT_EQ(view.lanes, (std::map<std::size_t, int>{{2, 2}, {4, 1}}));
+  editor.MouseLeave();
+  EXPECT_FALSE(editor.HoveredStep());
+}
+
+TEST_F(ChartEditor, MovesTheDemoInsteadOfEditing) {
+  editor.SetDemoRunning(true);
+  control.demoState = TCBase::JobControl::DemoPlaying;
+  control.demoSecond = 52560;
+  const std::string before = Steps();
+  Click(At(12, 0, 40));
+  auto command = control.Take();
+  ASSERT_TRUE(command);
+  EXPECT_EQ(command->type, TCBase::JobControl::Seek);
+  EXPECT_EQ(command->value, 43200);
+  Click({chart.Plot().left - 20, 100});
+  EXPECT_FALSE(control.Take()) << "before the day's begin";
+  EXPECT_FALSE(editor.Key(ChartKey::Earlier, 0));
+  editor.Key(ChartKey::PauseDemo, 0);
+  EXPECT_EQ(control.Take()->type, TCBase::JobControl::Pause);
+  control.demoState = TCBase::JobControl::DemoPaused;
+  editor.Key(ChartKey::PauseDemo, 0);
+  EXPECT_EQ(control.Take()->type, TCBase::JobControl::Resume);
+  EXPECT_EQ(log.Texts(), (Texts{"Demo playback paused at 14:36:00", "Demo playback resumed"}));
+  EXPECT_EQ(Steps(), before);
+  editor.SetDemoRunning(false);
+  EXPECT_FALSE(editor.Key(ChartKey::PauseDemo, 0));
+}

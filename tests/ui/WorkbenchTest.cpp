@@ -1,0 +1,372 @@
+// SPDX-License-Identifier: MIT
+#include "ui/Workbench.h"
+
+#include <gtest/gtest.h>
+
+#include <thread>
+
+#include "formats/ProgramFile.h"
+#include "formats/TmfFile.h"
+#include "model/ModeSample.h"
+#include "model/Palette.h"
+#include "model/Presets.h"
+#include "tests/support/Curves.h"
+#include "tests/support/FakeHid.h"
+#include "tests/support/FakeNetwork.h"
+#include "tests/support/FakeWindow.h"
+#include "tests/support/TempFolder.h"
+#include "tests/support/TestLog.h"
+#include "ui/Commands.h"
+#include "ui/PanelEdits.h"
+
+namespace {
+
+namespace command = UX::command;
+using test::Curve;
+using Texts = std::vector<std::string>;
+
+class WorkbenchTest : public testing::Test {
+ protected:
+  WorkbenchTest() { log.SetTranslation(texts.Translator()); }
+
+  void SelectStep(std::size_t channel, int step) {
+    bench.editor.SelectChannel(channel);
+    for (int i = 0; i <= step; ++i) bench.editor.Key(UX::ChartKey::NextStep, 0);
+  }
+  void WaitForWorker() {
+    while (worker.IsBusy()) std::this_thread::yield();
+    bench.Tick();
+  }
+  std::string LastSeen() const { return dialogs.seen.empty() ? "" : dialogs.seen.back(); }
+  std::vector<std::string> ModeNames() {
+    std::vector<std::string> names;
+    for (const TCBase::Mode& mode : bench.document.Program().modes) names.push_back(mode.name);
+    return names;
+  }
+
+  test::TempFolder folder;
+  test::FakeHid hid;
+  test::VirtualClock clock;
+  test::TestLog log;
+  test::FakeNetwork network{clock};
+  TCBase::Localisation texts;
+  TCBase::Settings settings{folder.File("settings"), log};
+  TCBase::Worker worker{{clock, log, network}, TCBase::Worker::UsbWatch::Off};
+  test::FakeDialogs dialogs;
+  test::FakeView view;
+  UX::Workbench bench{{clock, log, settings, texts, worker}, dialogs, view};
+};
+
+using Workbench = WorkbenchTest;
+
+}  // namespace
+
+TEST_F(Workbench, AsksBeforeAChangedProgramIsDropped) {
+  bench.Run(command::Exit);
+  EXPECT_TRUE(view.isClosed) << "nothing to ask";
+  view.isClosed = false;
+  bench.Run(command::DeleteMode);
+  bench.Run(command::Exit);
+  EXPECT_EQ(LastSeen(), "Program modified: Save changes?");
+  EXPECT_FALSE(view.isClosed) << "Cancel";
+  dialogs.answer = UX::Answer::Yes;
+  bench.Run(command::Exit);
+  EXPECT_EQ(LastSeen(), "save: ") << "no path yet";
+  EXPECT_FALSE(view.isClosed) << "the dialog for the path was cancelled";
+  dialogs.path = folder.File("a.xml");
+  bench.Run(command::Exit);
+  EXPECT_TRUE(view.isClosed);
+  EXPECT_EQ(settings.Get("last_open_file"), folder.File("a.xml"));
+  EXPECT_EQ(bench.document.Title(qor::InEnglish), "Orvanta 24 - " + folder.File("a.xml"));
+  bench.Run(command::AddMode);
+  dialogs.typed = "Night";
+  bench.Run(command::AddMode);
+  dialogs.answer = UX::Answer::No;
+  bench.Run(32784);
+  EXPECT_EQ(ModeNames(), (Texts{"Normal", "AlwaysOn"}));
+  EXPECT_EQ(bench.document.Title(qor::InEnglish), "Orvanta 24 - New program");
+}
+
+TEST_F(Workbench, KeepsTheProgramWhenAFileCannotBeReadOrWritten) {
+  const TCBase::Program before = bench.document.Program();
+  test::Write(folder.File("bad.xml"), "<modelist");
+  test::Write(folder.File("bad.tmf"), "12345");
+  for (const auto& [number, file] : {std::pair{32777, "bad.xml"}, {32776, "bad.tmf"}, {32777, "none.xml"}}) {
+    dialogs.path = folder.File(file);
+    bench.Run(number);
+    EXPECT_NE(LastSeen().find("Error loading program " + *dialogs.path + "\n\n"), std::string::npos);
+  }
+  EXPECT_EQ(bench.document.Program(), before);
+  EXPECT_FALSE(bench.document.IsModified());
+  bench.Run(command::DeleteMode);
+  dialogs.path = folder.File("no/such/a.xml");
+  bench.Run(command::Save);
+  EXPECT_NE(LastSeen().find("Error saving program " + *dialogs.path), std::string::npos);
+  EXPECT_TRUE(bench.document.IsModified());
+  EXPECT_TRUE(bench.document.Path().empty());
+}
+
+TEST_F(Workbench, OpensTheLastFileOrStartsAnew) {
+  TCBase::Program program = TCBase::NewProgram(qor::InEnglish);
+  program.modes.resize(1);
+  TCBase::SaveProgram(program, folder.File("a.xml"));
+  settings.Set("last_open_file", folder.File("a.xml"));
+  bench.OpenLast();
+  EXPECT_EQ(ModeNames(), Texts{"Normal"});
+  settings.Set("last_open_file", folder.File("gone.xml"));
+  bench.OpenLast();
+  EXPECT_EQ(ModeNames().size(), 2u);
+  EXPECT_TRUE(dialogs.seen.empty()) << "silently";
+}
+
+TEST_F(Workbench, ImportsAFileAsAModeOfItsOwn) {
+  test::Write(folder.File("Reef.tmf"), TCBase::ExportTMF(bench.document.Mode()));
+  dialogs.path = folder.File("Reef.tmf");
+  bench.Run(32776);
+  EXPECT_EQ(ModeNames(), (Texts{"Normal", "AlwaysOn", "Reef"}));
+  EXPECT_EQ(bench.document.CurrentMode(), 2u);
+  EXPECT_EQ(TCBase::StepCount(bench.document.Mode()), 12);
+  bench.Run(command::Undo);
+  EXPECT_EQ(ModeNames(), (Texts{"Normal", "AlwaysOn"}));
+  EXPECT_EQ(bench.document.CurrentMode(), 0u);
+  bench.Run(command::Redo);
+  EXPECT_EQ(ModeNames().size(), 3u);
+}
+
+TEST_F(Workbench, EditsTheSelectedChannel) {
+  bench.Run(32908);
+  EXPECT_TRUE(log.Texts().empty()) << "no channel is selected";
+  bench.editor.SelectChannel(0);
+  bench.Run(32908);
+  bench.editor.SelectChannel(4);
+  bench.Run(32909);
+  EXPECT_EQ(bench.document.Mode().channels[4], bench.document.Mode().channels[0]);
+  bench.Run(32907);
+  bench.Run(32897);
+  EXPECT_EQ(bench.editor.SelectedChannel(), 3u);
+  EXPECT_EQ(bench.document.Mode().channels[3], Curve({{8, 0, 0}, {22, 0, 0}}));
+  dialogs.typed = "08:30 20\r\n09:00 30 J\r\n";
+  bench.Run(32918);
+  EXPECT_EQ(log.Texts(),
+            (Texts{"Copied steps to clipboard", "Pasted steps from clipboard", "Cleared all steps",
+                   "Moved steps up", "Added new step 08:30 20.", "Added new step 09:00 30 J."}));
+  bench.Run(32919);
+  EXPECT_EQ(bench.document.Mode().channels[3], Curve({{8, 30, 20}, {9, 0, 30, true}}));
+  dialogs.typed = "08:30 20";
+  bench.Run(32919);
+  EXPECT_EQ(bench.document.Mode().channels[3].steps.size(), 2u) << "a channel keeps two steps";
+  EXPECT_EQ(log.Texts(), Texts{"Unable to delete step. Minimum 2 steps per channel is required."});
+  for (int undone = 0; undone < 5; ++undone) bench.Run(command::Undo);
+  EXPECT_FALSE(bench.document.IsModified()) << "copying and refused edits are none";
+}
+
+TEST_F(Workbench, NamesAndColoursChannels) {
+  bench.editor.SelectChannel(1);
+  dialogs.typed = "Moon";
+  dialogs.typedSecond = "at night";
+  bench.Run(32896);
+  EXPECT_EQ(LastSeen(), "Edit channel name: Channel 2");
+  EXPECT_EQ(bench.document.Program().channelInfos[1].name, "Moon");
+  std::vector<std::uint32_t> colours;
+  for (int i = 0; i < 6; ++i) {
+    bench.Run(32899);
+    colours.push_back(bench.document.Program().channelInfos[1].colour);
+  }
+  EXPECT_EQ(colours, (std::vector<std::uint32_t>{0xFFDCEAFF, 0xFFFFCCCB, 0xFF90EE90, 0xFFA2BAF5, 0xFFFFFFFF,
+                                                 0xFFFFFCC9}));
+}
+
+TEST_F(Workbench, KeepsTheListOfModes) {
+  bench.document.SetUploaded(1, false);
+  dialogs.typed = "Copy of it";
+  bench.Run(command::CopyMode);
+  EXPECT_EQ(ModeNames(), (Texts{"Normal", "Copy of it", "AlwaysOn"}));
+  EXPECT_EQ(bench.document.UploadedModes(), (std::vector<std::size_t>{0, 1}));
+  bench.Run(command::MoveModeDown);
+  bench.Run(command::MoveModeDown);
+  EXPECT_EQ(ModeNames(), (Texts{"Normal", "AlwaysOn", "Copy of it"}));
+  EXPECT_EQ(bench.document.UploadedModes(), (std::vector<std::size_t>{0, 2})) << "marks go with their modes";
+  UX::MoveModeTo(bench, 0);
+  EXPECT_EQ(ModeNames(), (Texts{"Copy of it", "Normal", "AlwaysOn"}));
+  for (int i = 0; i < 4; ++i) bench.Run(command::DeleteMode);
+  EXPECT_EQ(ModeNames(), Texts{"AlwaysOn"});
+  EXPECT_EQ(log.Texts().back(), "A program needs at least one mode.");
+  bench.Run(command::Undo);
+  bench.Run(command::Undo);
+  EXPECT_EQ(ModeNames(), (Texts{"Copy of it", "Normal", "AlwaysOn"}));
+  EXPECT_EQ(bench.document.UploadedModes(), (std::vector<std::size_t>{0, 1}));
+}
+
+TEST_F(Workbench, ScalesAChannelsPowerDownAndUpAgain) {
+  const TCBase::Channel before = bench.document.Mode().channels[0];
+  UX::PowerEdit power(bench);
+  const float full = UX::PowerOf(before);
+  for (const float percent : {50.0F, 3.0F, 0.0F, full}) power.Set(0, percent);
+  EXPECT_EQ(bench.document.Mode().channels[0], before);
+  power.Set(0, full / 2);
+  power.Finish();
+  EXPECT_FLOAT_EQ(UX::PowerOf(bench.document.Mode().channels[0]), full / 2);
+  bench.Run(command::Undo);
+  EXPECT_EQ(bench.document.Mode().channels[0], before);
+  bench.editor.SelectChannel(1);
+  bench.Run(32907);
+  power.Set(1, 50);
+  EXPECT_EQ(UX::PowerOf(bench.document.Mode().channels[1]), 0);
+}
+
+TEST_F(Workbench, NeedsADeviceForItsJobs) {
+  for (const int number : {32790, 32791, command::Upload, 32793, command::PlayDemo}) {
+    bench.Run(number);
+    EXPECT_EQ(LastSeen(), "Devices: Please select a device in the list first.");
+  }
+  EXPECT_EQ(dialogs.seen.size(), 5u);
+  EXPECT_FALSE(worker.IsBusy());
+}
+
+TEST_F(Workbench, UploadsTheCheckedModesAndKeepsTheResult) {
+  bench.Run(command::AddEmulator);
+  bench.Run(command::AddEmulator);
+  ASSERT_EQ(bench.devices.Devices().size(), 1u);
+  bench.document.SetUploaded(0, false);
+  bench.Run(command::Upload);
+  WaitForWorker();
+  EXPECT_EQ(log.Texts(),
+            (Texts{"Configuring device TC420_Emulator", "Uploading started", "Uploading mode: AlwaysOn",
+                   "Uploading finished", "Finished configuring device TC420_Emulator"}));
+  const auto* outcome = bench.devices.LastOutcome(bench.devices.Devices()[0]);
+  ASSERT_TRUE(outcome);
+  EXPECT_TRUE(outcome->IsDone());
+  bench.document.SetUploaded(1, false);
+  bench.Run(command::Upload);
+  EXPECT_EQ(LastSeen(), "Modes: Please check a mode in the list first.");
+}
+
+TEST_F(Workbench, AsksAboutModesThatAreTooLongForATC420) {
+  bench.Run(command::AddEmulator);
+  for (int minute = 0; minute < 49; ++minute) {
+    bench.document.Mode().channels[0].Add(TCBase::MakeStep(1, minute, static_cast<float>(minute)));
+  }
+  const int steps = TCBase::StepCount(bench.document.Mode());
+  bench.Run(command::Upload);
+  EXPECT_EQ(LastSeen(),
+            "Higher step count for Orvanta 24 devices: A mode has more than 48 steps. Optimize the program?");
+  EXPECT_FALSE(worker.IsBusy()) << "Cancel";
+  dialogs.answer = UX::Answer::Yes;
+  bench.Run(command::Upload);
+  EXPECT_EQ(LastSeen(),
+            "Program optimized: Please check log for optimized channels and run the upload again");
+  EXPECT_FALSE(worker.IsBusy());
+  EXPECT_EQ(TCBase::StepCount(bench.document.Mode()), 48);
+  bench.Run(command::Undo);
+  EXPECT_EQ(TCBase::StepCount(bench.document.Mode()), steps);
+  dialogs.answer = UX::Answer::No;
+  bench.Run(command::Upload);
+  EXPECT_TRUE(worker.IsBusy());
+  WaitForWorker();
+}
+
+TEST_F(Workbench, ClearsDevicesOnlyWhenToldSo) {
+  bench.Run(command::AddEmulator);
+  bench.Run(32793);
+  EXPECT_EQ(LastSeen(), "Clear all: Remove all modes from TC420_Emulator? They cannot be read back.");
+  EXPECT_FALSE(worker.IsBusy());
+  dialogs.answer = UX::Answer::Yes;
+  bench.Run(32793);
+  WaitForWorker();
+  EXPECT_EQ(log.Texts().at(1), "Clearing all modes");
+}
+
+TEST_F(Workbench, ForbidsEditsWhileADemoPlays) {
+  bench.Run(command::AddEmulator);
+  SelectStep(0, 1);
+  EXPECT_TRUE(UX::IsEnabled(*UX::FindCommand(command::DeleteStep), bench.Conditions()));
+  EXPECT_FALSE(UX::IsEnabled(*UX::FindCommand(command::StopDemo), bench.Conditions()));
+  const TCBase::Program before = bench.document.Program();
+  bench.Run(command::PlayDemo);
+  ASSERT_TRUE(bench.IsDemoRunning());
+  for (const int number :
+       {32784, 32777, command::Undo, 32790, command::Upload, 32793, command::FastDemo, command::ScanNetwork,
+        32911, command::DeleteStep, 32907, 32913, command::DeleteMode}) {
+    EXPECT_FALSE(UX::IsEnabled(*UX::FindCommand(number), bench.Conditions())) << number;
+    bench.Run(number);
+  }
+  for (const int number : {command::Save, 32782, 32776, 32946, command::StopDemo, command::Logging}) {
+    EXPECT_TRUE(UX::IsEnabled(*UX::FindCommand(number), bench.Conditions())) << number;
+  }
+  EXPECT_FALSE(UX::IsEnabled(UX::Menu::Channel, bench.Conditions()));
+  EXPECT_FALSE(UX::IsEnabled(UX::Menu::Mode, bench.Conditions()));
+  EXPECT_EQ(bench.document.Program(), before);
+  bench.Run(command::StopDemo);
+  WaitForWorker();
+  EXPECT_FALSE(bench.IsDemoRunning());
+}
+
+TEST_F(Workbench, TakesDemoSpeedsFromTenSecondsToADay) {
+  for (const auto& [typed, seconds] :
+       {std::pair{"9", 60}, {"10", 10}, {"86401", 10}, {"", 10}, {"86400", 86400}}) {
+    dialogs.typed = typed;
+    bench.Run(command::CustomDemo);
+    EXPECT_EQ(bench.DemoSeconds(), seconds) << typed;
+  }
+  EXPECT_TRUE(UX::IsChecked(command::CustomDemo, bench.Conditions()));
+  bench.Run(command::SlowDemo);
+  EXPECT_EQ(settings.Get("demo_speed"), "300");
+  EXPECT_TRUE(UX::IsChecked(command::SlowDemo, bench.Conditions()));
+  EXPECT_FALSE(UX::IsChecked(command::CustomDemo, bench.Conditions()));
+}
+
+TEST_F(Workbench, SwitchesLanguageAndLogging) {
+  bench.Run(UX::FirstLanguageCommand);
+  EXPECT_EQ(settings.Get("locale"), "de");
+  EXPECT_EQ(view.retranslations, 1);
+  EXPECT_TRUE(UX::IsChecked(UX::FirstLanguageCommand, bench.Conditions()));
+  bench.Run(UX::EnglishCommand);
+  EXPECT_EQ(settings.Get("locale"), "en");
+  bench.Run(command::Logging);
+  EXPECT_EQ(settings.Get("logging"), "on");
+  EXPECT_EQ(log.Texts().back(), "Device communication logging ON.");
+  EXPECT_FALSE(bench.Run(4711));
+}
+
+TEST_F(Workbench, MovesTheViewByKeys) {
+  for (const int key : {32921, 32921, 32925, 32925}) bench.Run(key);
+  EXPECT_EQ(bench.span.Start(), 1800);
+  EXPECT_EQ(bench.span.Seconds(), 22 * 3600);
+  bench.Run(32922);
+  bench.Run(32927);
+  EXPECT_EQ(bench.span.End(), TCBase::SecondsPerDay);
+  bench.Run(32922);
+  EXPECT_EQ(bench.span.Start(), 0);
+  for (int i = 0; i < 30; ++i) bench.Run(32921);
+  EXPECT_EQ(bench.span.Seconds(), 7200);
+  bench.Run(32923);
+  EXPECT_EQ(bench.span.Seconds(), TCBase::SecondsPerDay);
+  UX::ViewSpan span;
+  span.ZoomAround(43200, -12);
+  EXPECT_EQ(span.Start(), 21600) << "noon stays in the middle";
+}
+
+TEST(DeviceList, KeepsCheckMarksWhenDevicesComeAndGo) {
+  using TCBase::DeviceKind;
+  UX::DeviceList list;
+  const auto lamp = TCBase::NetworkDevice("lamp", *platform::ParseIPv4("192.168.1.20"));
+  list.Update({DeviceKind::TC420}, {});
+  EXPECT_EQ(list.PickedNames(), "Orvanta 24") << "the only one";
+  list.Update({DeviceKind::TC420, DeviceKind::TC421Usb}, {lamp});
+  list.AddEmulator();
+  EXPECT_EQ(list.PickedNames(), "Orvanta 24");
+  list.Pick(2, true);
+  list.Update({}, {lamp});
+  EXPECT_EQ(list.PickedNames(), "lamp");
+  EXPECT_EQ(list.Devices().back().kind, DeviceKind::Emulator);
+}
+
+TEST(CommandTable, HasNoNumberTwiceAndAnActionForEach) {
+  std::map<int, int> numbers;
+  for (const UX::CommandRow& row : UX::CommandTable()) {
+    if (row.kind != UX::CommandRow::Kind::Command) continue;
+    EXPECT_EQ(++numbers[row.number], 1) << row.number;
+    EXPECT_NE(row.run, nullptr) << row.number;
+  }
+  for (const UX::Accelerator& key : UX::Accelerators()) EXPECT_TRUE(numbers.contains(key.command));
+}

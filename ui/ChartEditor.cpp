@@ -1,0 +1,350 @@
+// SPDX-License-Identifier: MIT
+#include "ui/ChartEditor.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "formats/StepsText.h"
+#include "model/Editing.h"
+#include "model/ModeSample.h"
+#include "model/TimeText.h"
+
+namespace UX {
+namespace {
+
+using TCBase::Channel;
+using TCBase::ChannelCount;
+using TCBase::MinutesPerDay;
+using TCBase::SecondsPerDay;
+
+constexpr float WobblePixels = 3;
+constexpr std::int64_t RunPauseMilliseconds = 1000;
+
+/// The minute that the step is on without the step: none of the others has it.
+bool IsFree(const Channel& channel, std::int64_t minute) {
+  return std::ranges::none_of(channel.steps,
+                              [minute](const TCBase::Step& step) { return step.MinuteOfDay() == minute; });
+}
+
+void SetMinute(TCBase::Step& step, int minuteOfDay) {
+  step.hour = minuteOfDay / 60 % 24;
+  step.minute = minuteOfDay % 60;
+}
+
+std::optional<std::size_t> IndexOf(const Channel& channel, std::uint32_t id) {
+  const auto found = std::ranges::find(channel.steps, id, &TCBase::Step::id);
+  if (found == channel.steps.end()) return std::nullopt;
+  return static_cast<std::size_t>(found - channel.steps.begin());
+}
+
+}  // namespace
+
+std::optional<StepPlace> ChartEditor::SelectedStep() const {
+  const TCBase::Mode& mode = context_.document.Mode();
+  if (!channel_ || !step_ || *step_ >= mode.channels[*channel_].steps.size()) return std::nullopt;
+  return StepPlace{*channel_, *step_};
+}
+
+void ChartEditor::SelectChannel(std::optional<std::size_t> channel) {
+  FinishRun();
+  channel_ = channel;
+  step_.reset();
+  context_.view.RedrawChart();
+  context_.view.Refresh();
+}
+
+void ChartEditor::Select(const StepPlace& place) {
+  FinishRun();
+  channel_ = place.channel;
+  step_ = place.step;
+  context_.view.RedrawChart();
+  context_.view.Refresh();
+}
+
+void ChartEditor::Reset() {
+  FinishRun();
+  hovered_.reset();
+  press_.reset();
+  channel_.reset();
+  step_.reset();
+}
+
+void ChartEditor::ChannelChanged(std::size_t channel) {
+  context_.view.RedrawLane(channel);
+  context_.view.Refresh();
+}
+
+// The mouse
+
+void ChartEditor::ButtonDown(Point point) {
+  FinishRun();
+  context_.view.CaptureMouse(true);
+  press_ = Press{point};
+  if (isDemoRunning_) return SeekDemo(point);
+  if (const auto hit = geometry_.HitTest(Mode(), point)) return Select(*hit);
+  for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
+    if (geometry_.Lane(channel).Contains(point)) return PressInLane(channel, point);
+  }
+}
+
+void ChartEditor::PressInLane(std::size_t channel, Point point) {
+  if (channel_ != channel) return SelectChannel(channel);
+  const double second = geometry_.SecondAt(point.x);
+  if (second < 0 || second >= SecondsPerDay) return;
+  AddStep(channel, static_cast<int>(second), geometry_.PercentAt(channel, point.y));
+}
+
+void ChartEditor::AddStep(std::size_t channel, int second, float percent) {
+  if (TCBase::StepCount(Mode()) >= TCBase::MaxModeSteps) {
+    context_.log.Message("Unable to add new step. Maximum number of {1} steps for the current mode reached",
+                         {TCBase::MaxModeSteps});
+    return;
+  }
+  TakePending();
+  TCBase::Step step = TCBase::MakeStep(second / 3600, second % 3600 / 60, percent);
+  step.Clamp();
+  Channel& lane = Mode().channels[channel];
+  lane.Add(step);
+  lane.RemoveDuplicateTimes();
+  const int count = TCBase::StepCount(Mode());
+  context_.log.Message("Added new step {1}. Current number of steps: {2}", {TCBase::StepText(step), count});
+  if (count == TCBase::MaxModeStepsEarlier + 1) {
+    if (press_) press_->hasHint = true;
+    context_.view.ShowHint(
+        {{"The previous model ORVANTA (blue device) supports a maximum of {1} steps in "
+          "the program. For more information check the \"Help / Known issues\" information.",
+          {TCBase::MaxModeStepsEarlier}}});
+  }
+  const auto added = std::ranges::find(lane.steps, step.MinuteOfDay(), &TCBase::Step::MinuteOfDay);
+  channel_ = channel;
+  step_ = static_cast<std::size_t>(added - lane.steps.begin());
+  ChannelChanged(channel);
+}
+
+void ChartEditor::MouseMove(Point point) {
+  if (press_ && isDemoRunning_) return SeekDemo(point);
+  if (press_ && SelectedStep()) {
+    const bool isOut =
+        std::abs(point.x - press_->at.x) > WobblePixels || std::abs(point.y - press_->at.y) > WobblePixels;
+    if (isOut && !press_->isMoving) {
+      press_->isMoving = true;
+      TakePending();
+    }
+    if (press_->isMoving) DragTo(point);
+  }
+  Hover(geometry_.NearestStep(Mode(), point));
+}
+
+void ChartEditor::MouseLeave() {
+  if (!press_) Hover(std::nullopt);
+}
+
+void ChartEditor::Hover(std::optional<StepPlace> place) {
+  if (hovered_ == place) return;
+  const auto former = hovered_;
+  hovered_ = place;
+  if (former) context_.view.RedrawLane(former->channel);
+  if (place && (!former || former->channel != place->channel)) context_.view.RedrawLane(place->channel);
+}
+
+void ChartEditor::DragTo(Point point) {
+  const StepPlace place = *SelectedStep();
+  const double pointed = geometry_.SecondAt(point.x);
+  if (pointed >= SecondsPerDay) return;
+  const ViewSpan& view = geometry_.View();
+  const int second = static_cast<int>(std::clamp<double>(pointed, view.Start(), view.End() - 1));
+  TCBase::Step& step = Step(place);
+  SetMinute(step, second / 60);
+  step.value = geometry_.PercentAt(place.channel, point.y);
+  step.Clamp();
+  isMoved_ = true;
+  SortAndSelect(place.channel, step.id);
+  ChannelChanged(place.channel);
+}
+
+void ChartEditor::ButtonUp() {
+  if (!press_) return;
+  const bool hasHint = press_->hasHint;
+  press_.reset();
+  context_.view.CaptureMouse(false);
+  FinishRun();
+  const auto selected = SelectedStep();
+  if (isDemoRunning_ || !selected) return;
+  context_.log.Message("Step {1}", {TCBase::StepText(Step(*selected))});
+  if (hasHint) return;
+  context_.view.ShowHint({{"Press DELETE or BACKSPACE to remove the selected step.", {}},
+                          {"You can also use keyboard ARROWS to move the step with higher accuracy.", {}}});
+}
+
+void ChartEditor::CancelDrag() {
+  press_.reset();
+  context_.view.CaptureMouse(false);
+  isMoved_ = false;
+  const auto selected = SelectedStep();
+  const std::uint32_t id = selected ? Step(*selected).id : 0;
+  if (auto before = context_.history.Withdraw()) context_.document.SetContent(std::move(*before));
+  if (selected) step_ = IndexOf(Mode().channels[selected->channel], id);
+  context_.view.RedrawChart();
+  context_.view.Refresh();
+}
+
+void ChartEditor::SelectAt(Point point) {
+  if (press_ || isDemoRunning_) return;
+  if (const auto hit = geometry_.HitTest(Mode(), point)) return Select(*hit);
+  for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
+    if (geometry_.Lane(channel).Contains(point)) SelectChannel(channel);
+  }
+}
+
+void ChartEditor::SeekDemo(Point point) {
+  const double second = geometry_.SecondAt(point.x);
+  if (second >= 0 && second < SecondsPerDay) context_.control.PostSeek(static_cast<std::int32_t>(second));
+}
+
+// Keys
+
+bool ChartEditor::Key(ChartKey key, std::int64_t milliseconds) {
+  if (key == ChartKey::PauseDemo) return isDemoRunning_ && PauseDemo();
+  if (isDemoRunning_) return false;
+  if (press_) {
+    if (key == ChartKey::Cancel) CancelDrag();
+    return key == ChartKey::Cancel;
+  }
+  switch (key) {
+    case ChartKey::PreviousStep: GoToStep(-1); return true;
+    case ChartKey::NextStep: GoToStep(1); return true;
+    case ChartKey::PreviousChannel: GoToChannel(-1); return true;
+    case ChartKey::NextChannel: GoToChannel(1); return true;
+    case ChartKey::Insert: InsertByKey(); return true;
+    default: break;
+  }
+  const auto selected = SelectedStep();
+  if (!selected) return false;
+  switch (key) {
+    case ChartKey::Delete: DeleteStep(*selected); return true;
+    case ChartKey::ToggleJump: ToggleJump(*selected); return true;
+    case ChartKey::Earlier: MoveByKey(*selected, -1, 0, milliseconds); return true;
+    case ChartKey::Later: MoveByKey(*selected, 1, 0, milliseconds); return true;
+    case ChartKey::Brighter: MoveByKey(*selected, 0, 1, milliseconds); return true;
+    case ChartKey::Darker: MoveByKey(*selected, 0, -1, milliseconds); return true;
+    default: return false;
+  }
+}
+
+void ChartEditor::Tick(std::int64_t milliseconds) {
+  if (!press_ && context_.history.HasPending() && milliseconds - lastKey_ >= RunPauseMilliseconds)
+    FinishRun();
+}
+
+void ChartEditor::FinishRun() {
+  if (const auto selected = SelectedStep(); isMoved_ && selected) ClearMinuteOf(*selected);
+  isMoved_ = false;
+  context_.history.Commit();
+}
+
+/// Only one step of a channel can be on a minute: the one that was moved there stays. In a channel that would
+/// be left with a single step it moves on to the next free minute instead.
+void ChartEditor::ClearMinuteOf(const StepPlace& place) {
+  Channel& channel = Mode().channels[place.channel];
+  const TCBase::Step moved = Step(place);
+  Channel others = channel;
+  std::erase_if(others.steps, [&](const TCBase::Step& step) { return step.id == moved.id; });
+  if (IsFree(others, moved.MinuteOfDay())) return;
+  Channel cleared = channel;
+  std::erase_if(cleared.steps, [&](const TCBase::Step& step) {
+    return step.id != moved.id && step.MinuteOfDay() == moved.MinuteOfDay();
+  });
+  if (cleared.steps.size() >= TCBase::MinChannelSteps) {
+    channel = std::move(cleared);
+  } else {
+    int minute = static_cast<int>(moved.MinuteOfDay());
+    while (!IsFree(others, minute)) minute = (minute + 1) % MinutesPerDay;
+    SetMinute(Step(place), minute);
+  }
+  SortAndSelect(place.channel, moved.id);
+  ChannelChanged(place.channel);
+}
+
+void ChartEditor::SortAndSelect(std::size_t channel, std::uint32_t id) {
+  Mode().channels[channel].Sort();
+  step_ = IndexOf(Mode().channels[channel], id);
+}
+
+void ChartEditor::DeleteStep(const StepPlace& place) {
+  if (Mode().channels[place.channel].steps.size() > TCBase::MinChannelSteps) TakePending();
+  const TCBase::EditResult result = TCBase::DeleteStep(Mode(), place.channel, place.step);
+  context_.log.Message(result.status);
+  if (!result.isChanged) return;
+  step_.reset();
+  isMoved_ = false;
+  hovered_.reset();
+  context_.history.Commit();
+  ChannelChanged(place.channel);
+}
+
+void ChartEditor::MoveByKey(const StepPlace& place, int minutes, float percent, std::int64_t milliseconds) {
+  TakePending();
+  lastKey_ = milliseconds;
+  TCBase::Step& step = Step(place);
+  SetMinute(step, static_cast<int>((step.MinuteOfDay() + minutes + MinutesPerDay) % MinutesPerDay));
+  step.value += percent;
+  step.Clamp();
+  isMoved_ = isMoved_ || minutes != 0;
+  SortAndSelect(place.channel, step.id);
+  ChannelChanged(place.channel);
+}
+
+void ChartEditor::ToggleJump(const StepPlace& place) {
+  FinishRun();
+  const auto selected = SelectedStep();  // ending the run may have moved it
+  if (!selected) return;
+  context_.history.Push(context_.document.Content());
+  Step(*selected).jump = !Step(*selected).jump;
+  ChannelChanged(place.channel);
+  context_.log.Message("Step jump toggle");
+}
+
+bool ChartEditor::PauseDemo() {
+  TCBase::JobControl& control = context_.control;
+  if (control.demoState == TCBase::JobControl::DemoPaused) {
+    control.Post(TCBase::JobControl::Resume);
+    context_.log.Message("Demo playback resumed");
+  } else {
+    control.Post(TCBase::JobControl::Pause);
+    context_.log.Message("Demo playback paused at {1}", {TCBase::TimeOfDayText(control.demoSecond)});
+  }
+  return true;
+}
+
+void ChartEditor::GoToStep(int offset) {
+  if (!channel_) return GoToChannel(1);
+  const auto count = static_cast<int>(Mode().channels[*channel_].steps.size());
+  if (count == 0) return;
+  const auto selected = SelectedStep();
+  const int before = offset > 0 ? -1 : count;
+  const int next = (selected ? static_cast<int>(selected->step) : before) + offset;
+  Select({*channel_, static_cast<std::size_t>(std::clamp(next, 0, count - 1))});
+}
+
+void ChartEditor::GoToChannel(int offset) {
+  const int before = offset > 0 ? -1 : static_cast<int>(ChannelCount);
+  const int next = (channel_ ? static_cast<int>(*channel_) : before) + offset;
+  SelectChannel(static_cast<std::size_t>(std::clamp(next, 0, static_cast<int>(ChannelCount) - 1)));
+}
+
+/// Adds a step on the curve, half way from the selected step to the next one.
+void ChartEditor::InsertByKey() {
+  FinishRun();
+  if (!channel_) return;
+  const Channel& channel = Mode().channels[*channel_];
+  const auto selected = SelectedStep();
+  const int start = selected ? static_cast<int>(channel.steps[selected->step].MinuteOfDay()) : 0;
+  const bool isLast = !selected || selected->step + 1 >= channel.steps.size();
+  const int end = isLast ? MinutesPerDay : static_cast<int>(channel.steps[selected->step + 1].MinuteOfDay());
+  const int minute = (start + end) / 2;
+  if (minute == start && selected) return;
+  AddStep(*channel_, minute * 60, channel.ValueAt(std::int64_t{minute} * 60));
+  context_.history.Commit();
+}
+
+}  // namespace UX

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "QorLib/Log.h"
+#include "ui/ChartGeometry.h"
+#include "ui/Document.h"
+#include "ui/UndoHistory.h"
+#include "ui/View.h"
+#include "worker/JobControl.h"
+
+namespace UX {
+
+/// What the chart's keys mean.
+enum class ChartKey {
+  Delete,
+  Earlier,
+  Later,
+  Brighter,
+  Darker,
+  ToggleJump,
+  PauseDemo,
+  Cancel,
+  PreviousStep,
+  NextStep,
+  PreviousChannel,
+  NextChannel,
+  Insert,
+};
+
+/// Turns what mouse and keys do on the chart into edits of the current mode, and while a demo runs into
+/// moving the demo. Keeps which channel and step are selected and which step the pointer touches.
+class ChartEditor {
+ public:
+  /// What it works with; all outlive it.
+  struct Context {
+    Document& document;
+    UndoHistory& history;
+    qor::Log& log;
+    TCBase::JobControl& control;
+    View& view;
+  };
+  explicit ChartEditor(const Context& context) : context_(context) {}
+
+  /// How the chart stands on the screen; points and edits by the mouse count in it.
+  void SetGeometry(const ChartGeometry& geometry) { geometry_ = geometry; }
+  void SetDemoRunning(bool isRunning) { isDemoRunning_ = isRunning; }
+
+  // The mouse. A pressed step follows the pointer once that has left a small square; letting go ends the
+  // edit.
+  void ButtonDown(Point point);
+  void MouseMove(Point point);
+  void MouseLeave();
+  void ButtonUp();
+  /// Selects what is there, for a menu about it.
+  void SelectAt(Point point);
+  bool IsButtonDown() const { return press_.has_value(); }
+
+  /// `milliseconds` counts from anywhere. Whether the key meant something here.
+  bool Key(ChartKey key, std::int64_t milliseconds);
+  /// Ends a run of keys that has paused for a second.
+  void Tick(std::int64_t milliseconds);
+  /// Ends a run of keys: its edits become one entry of the history, and other steps on the minute of the
+  /// moved one go. To be called before anything else is done to the program.
+  void FinishRun();
+
+  std::optional<std::size_t> SelectedChannel() const { return channel_; }
+  /// Nothing where the step is no longer there.
+  std::optional<StepPlace> SelectedStep() const;
+  std::optional<StepPlace> HoveredStep() const { return hovered_; }
+  /// Selects a channel and none of its steps.
+  void SelectChannel(std::optional<std::size_t> channel);
+  /// Nothing is selected or touched any more: another program, or another mode, is shown.
+  void Reset();
+
+ private:
+  struct Press {
+    Point at;
+    bool isMoving = false;
+    bool hasHint = false;  // a hint was shown that must stay
+  };
+
+  TCBase::Mode& Mode() { return context_.document.Mode(); }
+  TCBase::Step& Step(const StepPlace& place) { return Mode().channels[place.channel].steps[place.step]; }
+  void Select(const StepPlace& place);
+  void Hover(std::optional<StepPlace> place);
+  void SeekDemo(Point point);
+  void PressInLane(std::size_t channel, Point point);
+  void AddStep(std::size_t channel, int second, float percent);
+  void DragTo(Point point);
+  void CancelDrag();
+  void TakePending() { context_.history.TakePending(context_.document.Content()); }
+  void DeleteStep(const StepPlace& place);
+  void MoveByKey(const StepPlace& place, int minutes, float percent, std::int64_t milliseconds);
+  void ToggleJump(const StepPlace& place);
+  bool PauseDemo();
+  void GoToStep(int offset);
+  void GoToChannel(int offset);
+  void InsertByKey();
+  void SortAndSelect(std::size_t channel, std::uint32_t id);
+  void ClearMinuteOf(const StepPlace& place);
+  void ChannelChanged(std::size_t channel);
+
+  Context context_;
+  ChartGeometry geometry_{0, 0, ViewSpan()};
+  bool isDemoRunning_ = false;
+  std::optional<std::size_t> channel_;
+  std::optional<std::size_t> step_;  // of the selected channel; it may be gone
+  std::optional<StepPlace> hovered_;
+  std::optional<Press> press_;
+  bool isMoved_ = false;  // the selected step was moved and others may stand on its minute
+  std::int64_t lastKey_ = 0;
+};
+
+}  // namespace UX

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "ui/DeviceList.h"
+
+#include <algorithm>
+
+namespace UX {
+namespace {
+
+using TCBase::DeviceInfo;
+using TCBase::DeviceKind;
+
+bool IsSame(const DeviceInfo& a, const DeviceInfo& b) {
+  return a.kind == b.kind && (a.kind != DeviceKind::TC421Network || a.address == b.address);
+}
+
+}  // namespace
+
+void DeviceList::Update(const std::vector<DeviceKind>& usb, const std::vector<DeviceInfo>& network) {
+  std::vector<DeviceInfo> now;
+  now.reserve(usb.size() + network.size() + 1);
+  for (const DeviceKind kind : usb) now.push_back(TCBase::DeviceOfKind(kind));
+  now.insert(now.end(), network.begin(), network.end());
+  const auto emulator = std::ranges::find(devices_, DeviceKind::Emulator, &DeviceInfo::kind);
+  if (emulator != devices_.end()) now.push_back(*emulator);
+  Replace(std::move(now));
+}
+
+bool DeviceList::AddEmulator() {
+  if (std::ranges::find(devices_, DeviceKind::Emulator, &DeviceInfo::kind) != devices_.end()) return false;
+  std::vector<DeviceInfo> now = devices_;
+  now.push_back(TCBase::DeviceOfKind(DeviceKind::Emulator));
+  Replace(std::move(now));
+  return true;
+}
+
+void DeviceList::Replace(std::vector<DeviceInfo> devices) {
+  for (DeviceInfo& device : devices) {
+    const auto before =
+        std::ranges::find_if(devices_, [&device](const DeviceInfo& other) { return IsSame(device, other); });
+    device.selected = before != devices_.end() && before->selected;
+  }
+  if (devices_.empty() && devices.size() == 1) devices[0].selected = true;
+  devices_ = std::move(devices);
+}
+
+void DeviceList::Pick(std::size_t index, bool isPicked) {
+  if (index < devices_.size()) devices_[index].selected = isPicked;
+}
+
+std::vector<DeviceInfo> DeviceList::Picked() const {
+  std::vector<DeviceInfo> picked;
+  std::ranges::copy_if(devices_, std::back_inserter(picked), &DeviceInfo::selected);
+  return picked;
+}
+
+std::string DeviceList::PickedNames() const {
+  std::string names;
+  for (const DeviceInfo& device : Picked()) {
+    if (!names.empty()) names += ", ";
+    names += device.name;
+  }
+  return names;
+}
+
+void DeviceList::SetOutcomes(const std::vector<TCBase::DeviceOutcome>& outcomes) {
+  for (const TCBase::DeviceOutcome& outcome : outcomes) {
+    std::erase_if(outcomes_, [&outcome](const TCBase::DeviceOutcome& former) {
+      return IsSame(former.device, outcome.device);
+    });
+    outcomes_.push_back(outcome);
+  }
+}
+
+const TCBase::DeviceOutcome* DeviceList::LastOutcome(const DeviceInfo& device) const {
+  const auto found = std::ranges::find_if(
+      outcomes_, [&device](const TCBase::DeviceOutcome& outcome) { return IsSame(outcome.device, device); });
+  return found != outcomes_.end() ? &*found : nullptr;
+}
+
+DeviceRoute RouteOf(const DeviceInfo& device) {
+  if (device.kind == DeviceKind::Emulator) return DeviceRoute::Emulator;
+  return device.kind == DeviceKind::TC421Network ? DeviceRoute::Network : DeviceRoute::Usb;
+}
+
+}  // namespace UX

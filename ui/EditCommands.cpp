@@ -1,0 +1,262 @@
+// SPDX-License-Identifier: MIT
+// The commands that edit channels and modes, and undo
+#include <algorithm>
+
+#include "formats/StepsText.h"
+#include "model/ModeSample.h"
+#include "model/Palette.h"
+#include "ui/Commands.h"
+#include "ui/Workbench.h"
+
+namespace UX {
+namespace {
+
+using TCBase::EditResult;
+
+constexpr std::size_t MostNameCharacters = 20;
+
+/// Puts back what undo or redo gave; the selected step stays selected where it is still there.
+void Show(Workbench& workbench, std::optional<Snapshot> content) {
+  if (!content) return;
+  workbench.document.SetContent(std::move(*content));
+  workbench.ProgramChanged();
+}
+
+/// An edit of the selected channel, if one is.
+template <typename Function>
+void EditChannel(Workbench& workbench, Function edit) {
+  const auto channel = workbench.editor.SelectedChannel();
+  if (channel) workbench.Edit([&] { return edit(workbench.document.Mode(), *channel); });
+}
+
+template <typename Function>
+void MoveSteps(Workbench& workbench, Function move) {
+  auto channel = workbench.editor.SelectedChannel();
+  if (!channel) return;
+  workbench.Edit([&] { return move(workbench.document.Mode(), *channel); });
+  workbench.editor.SelectChannel(channel);
+}
+
+EditResult Refused(const char* english, std::vector<qor::FormatArgument> arguments = {}) {
+  return {false, {english, std::move(arguments)}};
+}
+
+/// Puts the channel in the place of the current mode's, unless that breaks a limit.
+EditResult Replace(Workbench& workbench, std::size_t number, TCBase::Channel channel) {
+  TCBase::Mode edited = workbench.document.Mode();
+  const int before = TCBase::StepCount(edited);
+  edited.channels[number] = std::move(channel);
+  if (edited.channels[number].steps.size() < TCBase::MinChannelSteps) {
+    return Refused("Unable to delete step. Minimum 2 steps per channel is required.");
+  }
+  const int count = TCBase::StepCount(edited);
+  if (count > TCBase::MaxModeSteps && count > before) {
+    return Refused("Unable to add new step. Maximum number of {1} steps for the current mode reached",
+                   {TCBase::MaxModeSteps});
+  }
+  workbench.document.Mode() = std::move(edited);
+  return {true, {}};
+}
+
+/// The steps that the user types; nothing when cancelled.
+std::optional<std::vector<TCBase::Step>> AskSteps(Workbench& workbench, const char* title,
+                                                  const std::string& text) {
+  StepsRequest request{workbench.Text({title, {}}), text};
+  if (!workbench.dialogs.EditSteps(request)) return std::nullopt;
+  std::vector<TCBase::Step> steps;
+  TCBase::ParseStepsText(request.text, steps);
+  return steps;
+}
+
+/// A dark mode, for a new one to begin with.
+TCBase::Mode DarkMode() {
+  TCBase::Mode mode;
+  for (std::size_t channel = 0; channel < TCBase::ChannelCount; ++channel) TCBase::ClearSteps(mode, channel);
+  return mode;
+}
+
+bool AskModeName(Workbench& workbench, const char* title, TCBase::Mode& mode) {
+  ModeNameRequest request{workbench.Text({title, {}}), mode.name, mode.description};
+  if (!workbench.dialogs.EditModeName(request)) return false;
+  mode.name = request.name;
+  mode.description = request.description;
+  return true;
+}
+
+/// A mode behind the current one, once the user has named it.
+void Insert(Workbench& workbench, const char* title, TCBase::Mode mode) {
+  if (!AskModeName(workbench, title, mode)) return;
+  workbench.editor.Reset();
+  workbench.Edit([&] {
+    workbench.document.InsertMode(workbench.document.CurrentMode() + 1, std::move(mode));
+    return EditResult{true, {}};
+  });
+}
+
+}  // namespace
+
+void Undo(Workbench& workbench) {
+  workbench.editor.FinishRun();
+  Show(workbench, workbench.history.Undo(workbench.document.Content()));
+}
+
+void Redo(Workbench& workbench) {
+  workbench.editor.FinishRun();
+  Show(workbench, workbench.history.Redo(workbench.document.Content()));
+}
+
+void DeleteStep(Workbench& workbench) {
+  workbench.editor.Key(ChartKey::Delete, 0);
+}
+
+void ToggleJump(Workbench& workbench) {
+  workbench.editor.Key(ChartKey::ToggleJump, 0);
+}
+
+void CopySteps(Workbench& workbench) {
+  EditChannel(workbench, [&](const TCBase::Mode& mode, std::size_t channel) {
+    return TCBase::CopySteps(mode, channel, workbench.document.clipboard);
+  });
+}
+
+void PasteSteps(Workbench& workbench) {
+  EditChannel(workbench, [&](TCBase::Mode& mode, std::size_t channel) {
+    return TCBase::PasteSteps(mode, channel, workbench.document.clipboard);
+  });
+}
+
+void MoveStepsUp(Workbench& workbench) {
+  MoveSteps(workbench, TCBase::MoveStepsUp);
+}
+
+void MoveStepsDown(Workbench& workbench) {
+  MoveSteps(workbench, TCBase::MoveStepsDown);
+}
+
+void ClearSteps(Workbench& workbench) {
+  EditChannel(workbench, TCBase::ClearSteps);
+}
+
+void AddStepsByText(Workbench& workbench) {
+  if (!workbench.editor.SelectedChannel()) return;
+  const auto steps = AskSteps(workbench, "Manual steps add...", "");
+  if (!steps || steps->empty()) return;
+  bool isChanged = false;
+  EditChannel(workbench, [&](const TCBase::Mode& mode, std::size_t number) {
+    TCBase::Channel channel = mode.channels[number];
+    TCBase::InsertSteps(channel, *steps);
+    EditResult result = Replace(workbench, number, std::move(channel));
+    isChanged = result.isChanged;
+    return result;
+  });
+  if (!isChanged) return;
+  TCBase::Channel added;  // one a minute, as they came into the channel
+  TCBase::InsertSteps(added, *steps);
+  for (const TCBase::Step& step : added.steps)
+    workbench.Say({"Added new step {1}.", {TCBase::StepText(step)}});
+}
+
+void EditStepsByText(Workbench& workbench) {
+  const auto selected = workbench.editor.SelectedChannel();
+  if (!selected) return;
+  workbench.editor.FinishRun();
+  const auto steps = AskSteps(workbench, "Manual steps edit...",
+                              TCBase::WriteStepsText(workbench.document.Mode().channels[*selected].steps));
+  if (!steps) return;
+  EditChannel(workbench, [&](const TCBase::Mode&, std::size_t number) {
+    TCBase::Channel channel;
+    TCBase::ReplaceSteps(channel, *steps);
+    return Replace(workbench, number, std::move(channel));
+  });
+}
+
+void RenameChannel(Workbench& workbench) {
+  const auto selected = workbench.editor.SelectedChannel();
+  if (!selected) return;
+  TCBase::Program::ChannelInfo& info = workbench.document.Program().channelInfos[*selected];
+  ValueRequest request;
+  request.title = workbench.Text({"Edit channel name", {}});
+  request.label = workbench.Text({"Channel name (max 20 characters)", {}});
+  request.value = info.name;
+  request.mostCharacters = MostNameCharacters;
+  request.secondLabel = workbench.Text({"Channel description", {}});
+  request.secondValue = info.description;
+  if (!workbench.dialogs.EditValue(request)) return;
+  workbench.Edit([&] {
+    info.name = request.value;
+    info.description = request.secondValue;
+    return EditResult{true, {}};
+  });
+}
+
+void ChangeChannelColour(Workbench& workbench) {
+  EditChannel(workbench, [&](const TCBase::Mode&, std::size_t channel) {
+    std::uint32_t& colour = workbench.document.Program().channelInfos[channel].colour;
+    const auto current = std::ranges::find(TCBase::ChannelPalette, colour);
+    const bool hasNext =
+        current != TCBase::ChannelPalette.end() && current + 1 != TCBase::ChannelPalette.end();
+    colour = hasNext ? *(current + 1) : TCBase::ChannelPalette.front();
+    return EditResult{true, {}};
+  });
+}
+
+void OptimiseModeForTC421(Workbench& workbench) {
+  workbench.Edit([&] { return TCBase::OptimiseForTC421(workbench.document.Mode()); });
+}
+
+void AddStartSteps(Workbench& workbench) {
+  workbench.Edit([&] { return TCBase::AddEndpointStep(workbench.document.Mode(), TCBase::Endpoint::Start); });
+}
+
+void AddEndSteps(Workbench& workbench) {
+  workbench.Edit([&] { return TCBase::AddEndpointStep(workbench.document.Mode(), TCBase::Endpoint::End); });
+}
+
+void AlignSteps(Workbench& workbench, int minutes) {
+  workbench.Edit([&] { return TCBase::AlignSteps(workbench.document.Mode(), minutes); });
+}
+
+void AddMode(Workbench& workbench) {
+  Insert(workbench, "Add", DarkMode());
+}
+
+void CopyMode(Workbench& workbench) {
+  workbench.editor.FinishRun();
+  Insert(workbench, "Copy", workbench.document.Mode());
+}
+
+void RenameMode(Workbench& workbench) {
+  TCBase::Mode named = workbench.document.Mode();
+  if (!AskModeName(workbench, "Rename", named)) return;
+  workbench.Edit([&] {
+    workbench.document.Mode().name = named.name;
+    workbench.document.Mode().description = named.description;
+    return EditResult{true, {}};
+  });
+}
+
+void DeleteMode(Workbench& workbench) {
+  workbench.editor.Reset();
+  workbench.Edit([&]() -> EditResult {
+    if (workbench.document.RemoveMode()) return {true, {}};
+    return Refused("A program needs at least one mode.");
+  });
+}
+
+void MoveModeUp(Workbench& workbench) {
+  if (const std::size_t mode = workbench.document.CurrentMode(); mode > 0) MoveModeTo(workbench, mode - 1);
+}
+
+void MoveModeDown(Workbench& workbench) {
+  MoveModeTo(workbench, workbench.document.CurrentMode() + 1);
+}
+
+void MoveModeTo(Workbench& workbench, std::size_t to) {
+  if (to >= workbench.document.Program().modes.size()) return;
+  workbench.Edit([&] {
+    workbench.document.MoveMode(to);
+    return EditResult{true, {}};
+  });
+}
+
+}  // namespace UX

@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include "ui/Workbench.h"
+
+#include <algorithm>
+
+#include "ui/Commands.h"
+
+namespace UX {
+
+Workbench::Workbench(const Services& given, Dialogs& asking, View& showing)
+    : services(given),
+      dialogs(asking),
+      view(showing),
+      document(given.texts.Translator()),
+      editor({document, history, given.log, given.worker.Control(), showing}) {}
+
+std::string Workbench::Text(const qor::Sentence& sentence) const {
+  return sentence.In(services.texts.Translator());
+}
+
+bool Workbench::Run(int number) {
+  const auto languages = services.texts.Languages();
+  if (number >= FirstLanguageCommand && number < FirstLanguageCommand + static_cast<int>(languages.size())) {
+    ChooseLanguage(*this, languages[static_cast<std::size_t>(number - FirstLanguageCommand)].id);
+    return true;
+  }
+  const CommandRow* row = FindCommand(number);
+  if (row == nullptr) return false;
+  if (IsEnabled(*row, Conditions())) row->run(*this);
+  return true;
+}
+
+MenuConditions Workbench::Conditions() {
+  MenuConditions conditions{IsDemoRunning(), editor.SelectedStep().has_value(), services.log.IsTracing(),
+                            DemoSeconds(), EnglishCommand};
+  const auto languages = services.texts.Languages();
+  const auto current =
+      std::ranges::find(languages, services.texts.CurrentLanguage(), &TCBase::StringTable::Language::id);
+  if (current != languages.end()) {
+    conditions.languageCommand = FirstLanguageCommand + static_cast<int>(current - languages.begin());
+  }
+  return conditions;
+}
+
+void Workbench::Edit(const std::function<TCBase::EditResult()>& edit) {
+  editor.FinishRun();
+  const Snapshot before = document.Content();
+  const TCBase::EditResult result = edit();
+  if (result.isChanged) history.Push(before);
+  if (result.status) Say(result.status);
+  view.RedrawChart();
+  view.Refresh();
+}
+
+void Workbench::ProgramChanged() {
+  view.RedrawChart();
+  view.Refresh();
+}
+
+void Workbench::ShowMode(std::size_t mode) {
+  if (mode == document.CurrentMode()) return;
+  editor.Reset();
+  document.SetCurrentMode(mode);
+  ProgramChanged();
+}
+
+bool Workbench::MayDropProgram() {
+  editor.FinishRun();
+  if (!document.IsModified()) return true;
+  const Answer answer =
+      dialogs.Ask({Text({"Program modified", {}}), Text({"Save changes?", {}}), true, Answer::Yes});
+  if (answer != Answer::Yes) return answer == Answer::No;
+  SaveProgram(*this);
+  return !document.IsModified();
+}
+
+void Workbench::Open(const std::string& path) {
+  if (MayDropProgram()) Load(path);
+}
+
+void Workbench::Load(const std::string& path) {
+  if (const auto reason = document.Load(path)) {
+    const std::string text = Text({"Error loading program {1}", {path}});
+    services.log.ForeignMessage(text);
+    dialogs.Tell(document.Title(services.texts.Translator()), text + "\n\n" + *reason);
+    return;
+  }
+  editor.Reset();
+  history.Clear();
+  services.settings.Set(TCBase::SettingLastOpenFile, path);
+  Say({"Loaded program file {1}", {path}});
+  ProgramChanged();
+}
+
+void Workbench::OpenLast() {
+  const std::string path = services.settings.Get(TCBase::SettingLastOpenFile);
+  if (path.empty() || document.Load(path)) document.New(services.texts.Translator());
+  ProgramChanged();
+}
+
+void Workbench::Recover(TCBase::Program program, const std::string& path) {
+  editor.Reset();
+  history.Clear();
+  document.Recover(std::move(program), path);
+  ProgramChanged();
+}
+
+bool Workbench::SaveTo(const std::string& path) {
+  editor.FinishRun();
+  if (const auto reason = document.Save(path)) {
+    const std::string text = Text({"Error saving program {1}", {path}});
+    services.log.ForeignMessage(text);
+    dialogs.Tell(document.Title(services.texts.Translator()), text + "\n\n" + *reason);
+    return false;
+  }
+  services.settings.Set(TCBase::SettingLastOpenFile, path);
+  Say({"Saved program {1}", {path}});
+  view.Refresh();
+  return true;
+}
+
+int Workbench::DemoSeconds() const {
+  return TCBase::DemoSecondsOf(services.settings.Get(TCBase::SettingDemoSpeed));
+}
+
+void Workbench::SetDemoSeconds(int seconds) {
+  services.settings.Set(TCBase::SettingDemoSpeed, std::to_string(seconds));
+  Say({"Demo playback speed set to {1} seconds", {seconds}});
+  view.Refresh();
+}
+
+void Workbench::StartDemo(const std::vector<TCBase::DeviceInfo>& picked) {
+  editor.FinishRun();
+  services.worker.StartDemo(picked,
+                            TCBase::Program::ModeListView(document.Program(), {document.CurrentMode()}),
+                            {DemoSeconds(), 0});
+  JobStarted();
+  SetDemoRunning(true);
+}
+
+void Workbench::SetDemoRunning(bool isRunning) {
+  isDemoRunning_ = isRunning;
+  editor.SetDemoRunning(isRunning);
+  view.RedrawChart();
+  view.Refresh();
+}
+
+bool Workbench::Tick() {
+  editor.Tick(services.clock.Counter() * 1000 / services.clock.Frequency());
+  const bool isBusy = services.worker.IsBusy();
+  const bool hasEnded = wasBusy_ && !isBusy;
+  wasBusy_ = isBusy;
+  if (hasEnded) devices.SetOutcomes(services.worker.Outcomes());
+  if (isDemoRunning_ && !isBusy) SetDemoRunning(false);
+  return hasEnded;
+}
+
+}  // namespace UX

@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "formats/Localisation.h"
+#include "formats/Settings.h"
+#include "ui/ChartEditor.h"
+#include "ui/DeviceList.h"
+#include "ui/Dialogs.h"
+#include "ui/Document.h"
+#include "ui/MenuState.h"
+#include "ui/UndoHistory.h"
+#include "ui/View.h"
+#include "ui/ViewSpan.h"
+#include "worker/Worker.h"
+
+namespace UX {
+
+/// What the window's work is done with; all outlive the workbench.
+struct Services {
+  platform::Clock& clock;
+  qor::Log& log;
+  TCBase::Settings& settings;
+  TCBase::Localisation& texts;
+  TCBase::Worker& worker;
+};
+
+/// Everything that the window shows and its commands change. On one thread.
+class Workbench {
+ public:
+  Workbench(const Services& services, Dialogs& dialogs, View& view);
+
+  Services services;
+  Dialogs& dialogs;
+  View& view;
+  Document document;
+  UndoHistory history;
+  ViewSpan span;
+  DeviceList devices;
+  ChartEditor editor;
+  void* window = nullptr;  // where the worker posts to
+
+  /// The text in the user's language.
+  std::string Text(const qor::Sentence& sentence) const;
+  /// Writes it into the log.
+  void Say(const qor::Sentence& sentence) const { services.log.Message(sentence); }
+
+  /// Runs a command by its number, as a menu, a key or a button asks for it. One that its rule forbids now
+  /// does nothing. Whether there is such a command.
+  bool Run(int command);
+  MenuConditions Conditions();
+
+  /// An edit of the program as one entry of the history; its status goes into the log.
+  void Edit(const std::function<TCBase::EditResult()>& edit);
+  /// Shows another program, or another state of it.
+  void ProgramChanged();
+  void ShowMode(std::size_t mode);
+
+  // The program's file
+  /// Whether to go on with what would drop the program: it is saved, or the user does not want it.
+  bool MayDropProgram();
+  /// Asks what to do with the changes, then loads the file. A box says why when that fails.
+  void Open(const std::string& path);
+  /// The same when it has been asked.
+  void Load(const std::string& path);
+  /// The file that was open last, or else the built-in program. Nothing is said about a file that is gone.
+  void OpenLast();
+  /// A program that a crash left behind.
+  void Recover(TCBase::Program program, const std::string& path);
+  /// To the path, with a word in the log; false when it could not be written.
+  bool SaveTo(const std::string& path);
+
+  /// To be called when a job was handed to the worker.
+  void JobStarted() { wasBusy_ = true; }
+
+  // A demo
+  bool IsDemoRunning() const { return isDemoRunning_; }
+  void StartDemo(const std::vector<TCBase::DeviceInfo>& picked);
+  int DemoSeconds() const;
+  void SetDemoSeconds(int seconds);
+
+  /// To be called ten times a second: sees jobs end and runs of keys pause. Whether the panels show something
+  /// else now.
+  bool Tick();
+
+ private:
+  void SetDemoRunning(bool isRunning);
+
+  bool isDemoRunning_ = false;
+  bool wasBusy_ = false;
+};
+
+}  // namespace UX
