@@ -20,6 +20,9 @@ endif()
 if(WIN32)
   target_compile_definitions(halvex_options INTERFACE UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX
                                                       _WIN32_WINNT=0x0A00)
+  if(NOT CMAKE_BUILD_TYPE STREQUAL Debug)
+    target_link_options(halvex_options INTERFACE -s)
+  endif()
 endif()
 
 # halvex_library(NAME SOURCES file... LINKS library...): one folder's static library. It sees the headers of

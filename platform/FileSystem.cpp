@@ -36,6 +36,11 @@ SystemError RenameFile(const std::string& from, const std::string& to) {
   return ResultOf(failed);
 }
 
+void RemoveFile(const std::string& path) {
+  std::error_code ignored;
+  fs::remove(PathOf(path), ignored);
+}
+
 bool IsSameFile(const std::string& path, const std::string& other) {
   std::error_code failed;
   return fs::equivalent(PathOf(path), PathOf(other), failed) && !failed;

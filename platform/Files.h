@@ -29,6 +29,9 @@ SystemError CreateFolders(const std::string& path);
 /// Gives a file another name, in the place of a file that has it.
 SystemError RenameFile(const std::string& from, const std::string& to);
 
+/// Removes a file; one that is not there is no error.
+void RemoveFile(const std::string& path);
+
 /// Whether both paths lead to the same file, which exists.
 bool IsSameFile(const std::string& path, const std::string& other);
 

@@ -12,14 +12,6 @@ namespace {
 using TCBase::Channel;
 using TCBase::Step;
 
-constexpr Colour Background = 0xFF14161C;
-constexpr Colour LaneColour = 0xFF1C1F28;
-constexpr Colour SelectedLaneColour = 0xFF262A35;
-constexpr Colour GridColour = 0xFF2C313D;
-constexpr Colour ScaleColour = 0xFF8B93A5;
-constexpr Colour SelectionColour = 0xFFFBAF24;
-constexpr Colour OnSelectionColour = 0xFF14161C;
-constexpr Colour DemoColour = 0xFF4FB4E6;
 constexpr Colour FillAlpha = 0x30000000;
 
 constexpr float ScaleSize = 11, NameSize = 12;
@@ -46,7 +38,7 @@ int GridInterval(const ChartGeometry& geometry) {
   return std::end(GridMinutes)[-1];
 }
 
-void AddTimeScale(ChartScene& scene, const ChartGeometry& geometry) {
+void AddTimeScale(const ChartPalette& palette, const ChartGeometry& geometry, ChartScene& scene) {
   const int interval = GridInterval(geometry);
   const Rectangle plot = geometry.Plot();
   const int first = (geometry.View().Start() / 60 + interval - 1) / interval * interval;
@@ -54,23 +46,38 @@ void AddTimeScale(ChartScene& scene, const ChartGeometry& geometry) {
     const float x = geometry.XOf(minute * 60.0);
     for (std::size_t channel = 0; channel < TCBase::ChannelCount; ++channel) {
       const Rectangle lane = geometry.Lane(channel);
-      scene.back.emplace_back(Line{{{x, lane.top}, {x, lane.Bottom()}}, GridColour});
+      scene.back.emplace_back(Line{{{x, lane.top}, {x, lane.Bottom()}}, palette.grid});
     }
-    scene.back.emplace_back(Label{
-        {x, plot.Bottom() + 14}, TCBase::MinuteText(minute), ScaleColour, ScaleSize, Label::Anchor::Middle});
+    scene.back.emplace_back(Label{{x, plot.Bottom() + 14},
+                                  TCBase::MinuteText(minute),
+                                  palette.scale,
+                                  ScaleSize,
+                                  Label::Anchor::Middle});
   }
 }
 
-void AddLaneBack(ChartScene& scene, const ChartGeometry& geometry, std::size_t channel, bool isSelected) {
+/// The colour that far on the way from one to another.
+Colour Blend(Colour from, Colour to, float way) {
+  Colour blend = 0;
+  for (int shift = 0; shift < 32; shift += 8) {
+    const auto a = static_cast<float>(from >> shift & 0xFF), b = static_cast<float>(to >> shift & 0xFF);
+    blend |= static_cast<Colour>(a + (b - a) * way) << shift;
+  }
+  return blend;
+}
+
+void AddLaneBack(const ChartPalette& palette, const ChartGeometry& geometry, std::size_t channel,
+                 Colour colour, ChartScene& scene) {
   const Rectangle lane = geometry.Lane(channel);
-  scene.back.emplace_back(Box{lane, isSelected ? SelectedLaneColour : LaneColour});
+  scene.back.emplace_back(Box{lane, colour});
   for (const float percent : {25.0F, 50.0F, 75.0F}) {
     const float y = geometry.YOf(channel, percent);
-    scene.back.emplace_back(Line{{{lane.left, y}, {lane.Right(), y}}, GridColour, 1, true});
+    scene.back.emplace_back(Line{{{lane.left, y}, {lane.Right(), y}}, palette.grid, 1, true});
   }
   constexpr float Gap = 8;
   const auto scale = [&](float y, const char* text) {
-    scene.back.emplace_back(Label{{lane.left - Gap, y}, text, ScaleColour, ScaleSize, Label::Anchor::Right});
+    scene.back.emplace_back(
+        Label{{lane.left - Gap, y}, text, palette.scale, ScaleSize, Label::Anchor::Right});
   };
   scale(lane.top + ScaleSize - 2, "100");
   scale(lane.Bottom(), "0 %");
@@ -109,18 +116,19 @@ void AddCurve(std::vector<Shape>& shapes, std::vector<Point> curve, Colour colou
 }
 
 /// Adds what tells time and value of the step beside it, within the lane.
-void AddTag(std::vector<Shape>& shapes, const Step& step, const std::string& way, Point at,
-            const Rectangle& lane) {
+void AddTag(const ChartContent& content, const Step& step, Point at, const Rectangle& lane,
+            std::vector<Shape>& shapes) {
   constexpr float Height = 20, Distance = 10;
-  const std::string text = qor::Format(
-      "{1} {2} % {3}", {TCBase::MinuteText(step.MinuteOfDay()), TCBase::WholePercent(step.value), way});
+  const std::string text =
+      qor::Format("{1} {2} % {3}", {TCBase::MinuteText(step.MinuteOfDay()), TCBase::WholePercent(step.value),
+                                    step.jump ? content.jump : content.fade});
   const float width = TagMargin + TagCharacterWidth * static_cast<float>(CharactersIn(text));
   const float left = std::clamp(at.x - width / 2, lane.left, std::max(lane.left, lane.Right() - width));
   const bool isBelow = at.y + Distance + Height < lane.Bottom();
   const float top = isBelow ? at.y + Distance : std::max(lane.top, at.y - Distance - Height);
-  shapes.emplace_back(Box{{left, top, width, Height}, SelectionColour});
-  shapes.emplace_back(
-      Label{{left + width / 2, top + 14}, text, OnSelectionColour, NameSize, Label::Anchor::Middle});
+  shapes.emplace_back(Box{{left, top, width, Height}, content.palette.selection});
+  shapes.emplace_back(Label{
+      {left + width / 2, top + 14}, text, content.palette.onSelection, NameSize, Label::Anchor::Middle});
 }
 
 void AddMarks(const ChartContent& content, const ChartGeometry& geometry, std::size_t channel, Colour colour,
@@ -134,12 +142,12 @@ void AddMarks(const ChartContent& content, const ChartGeometry& geometry, std::s
     const StepPlace place{channel, i};
     const bool isSelected = content.selectedStep == place;
     const bool isTouched = isSelected || content.hoveredStep == place;
-    scene.lanes[channel].emplace_back(Mark{at, isTouched ? 5.0F : 4.0F, steps[i].jump,
-                                           isSelected ? SelectionColour : LaneColour,
-                                           isSelected ? SelectionColour : colour, isTouched ? 2.5F : 2.0F});
-    if (isTouched) {
-      AddTag(tags, steps[i], steps[i].jump ? content.jump : content.fade, at, geometry.Lane(channel));
-    }
+    const float growth = isSelected ? 1 : isTouched ? content.hover : 0;
+    const Colour line = isSelected ? content.palette.selection : colour;
+    scene.lanes[channel].emplace_back(Mark{at, 4 + growth, steps[i].jump,
+                                           isSelected ? content.palette.selection : content.palette.lane,
+                                           line, 2 + growth / 2});
+    if (isTouched) AddTag(content, steps[i], at, geometry.Lane(channel), tags);
   }
   scene.lanes[channel].insert(scene.lanes[channel].end(), tags.begin(), tags.end());
 }
@@ -154,24 +162,33 @@ void AddLane(const ChartContent& content, const ChartGeometry& geometry, std::si
   Channel channel = content.program.modes[content.mode].channels[number];
   channel.Sort();
   channel.RemoveDuplicateTimes();
-  AddLaneBack(scene, geometry, number, isSelected);
-  AddCurve(scene.lanes[number], CurveOf(channel, number, geometry), info.colour, isSelected, lane.Bottom());
+  const float selection = isSelected ? content.selection : 0;
+  AddLaneBack(content.palette, geometry, number,
+              Blend(content.palette.lane, content.palette.selectedLane, selection), scene);
+  const Colour colour = content.palette.curve.value_or(info.colour);
+  AddCurve(scene.lanes[number], CurveOf(channel, number, geometry), colour, isSelected, lane.Bottom());
   scene.lanes[number].emplace_back(Label{{lane.left + 6, lane.top + 14},
                                          qor::Format("{1} {2}", {number + 1, info.name}),
-                                         info.colour,
+                                         colour,
                                          NameSize,
                                          Label::Anchor::Left,
                                          isSelected});
-  AddMarks(content, geometry, number, info.colour, scene);
+  AddMarks(content, geometry, number, colour, scene);
 }
 
-void AddDemo(ChartScene& scene, const ChartGeometry& geometry, int second) {
+void AddDemo(Colour colour, int second, const ChartGeometry& geometry, ChartScene& scene) {
   if (second < geometry.View().Start() || second >= geometry.View().End()) return;
   const Rectangle plot = geometry.Plot();
   const float x = geometry.XOf(second);
-  scene.front.emplace_back(Line{{{x, plot.top}, {x, plot.Bottom() + 4}}, DemoColour, 2});
+  scene.front.emplace_back(Line{{{x, plot.top}, {x, plot.Bottom() + 4}}, colour, 2});
   scene.front.emplace_back(Label{
-      {x, plot.Bottom() + 27}, TCBase::TimeOfDayText(second), DemoColour, ScaleSize, Label::Anchor::Middle});
+      {x, plot.Bottom() + 27}, TCBase::TimeOfDayText(second), colour, ScaleSize, Label::Anchor::Middle});
+}
+
+void AddFocus(Colour colour, ChartScene& scene) {
+  const float right = scene.width - 1.5F, bottom = scene.height - 1.5F;
+  scene.front.emplace_back(
+      Line{{{1.5F, 1.5F}, {right, 1.5F}, {right, bottom}, {1.5F, bottom}, {1.5F, 1.5F}}, colour, 1});
 }
 
 }  // namespace
@@ -180,12 +197,13 @@ ChartScene MakeChartScene(const ChartContent& content, const ChartGeometry& geom
   ChartScene scene;
   scene.width = geometry.Width();
   scene.height = geometry.Height();
-  scene.back.emplace_back(Box{{0, 0, scene.width, scene.height}, Background});
+  scene.back.emplace_back(Box{{0, 0, scene.width, scene.height}, content.palette.background});
   for (std::size_t channel = 0; channel < TCBase::ChannelCount; ++channel) {
     AddLane(content, geometry, channel, scene);
   }
-  AddTimeScale(scene, geometry);
-  if (content.demoSecond) AddDemo(scene, geometry, *content.demoSecond);
+  AddTimeScale(content.palette, geometry, scene);
+  if (content.demoSecond) AddDemo(content.palette.demo, *content.demoSecond, geometry, scene);
+  if (content.hasFocus) AddFocus(content.palette.focus, scene);
   return scene;
 }
 

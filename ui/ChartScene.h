@@ -64,14 +64,32 @@ struct ChartScene {
   std::vector<Shape> front;
 };
 
+/// The chart's colours; the usual ones by themselves.
+struct ChartPalette {
+  Colour background = 0xFF14161C;
+  Colour lane = 0xFF1C1F28, selectedLane = 0xFF262A35;
+  Colour grid = 0xFF2C313D;
+  Colour scale = 0xFF8B93A5;
+  Colour selection = 0xFFFBAF24, onSelection = 0xFF14161C;
+  Colour demo = 0xFF4FB4E6;
+  Colour focus = 0xFF4A5164;
+  std::optional<Colour> curve;  // of all channels, in the place of their own
+
+  bool operator==(const ChartPalette&) const = default;
+};
+
 /// What the chart shows.
 struct ChartContent {
   const TCBase::Program& program;
   std::size_t mode = 0;  // its index, which must be there
-  std::optional<std::size_t> selectedChannel;
-  std::optional<StepPlace> selectedStep;  // these two count only where there is such a step
-  std::optional<StepPlace> hoveredStep;
-  std::optional<int> demoSecond;  // of the day, while a demo runs
+  std::optional<std::size_t> selectedChannel = {};
+  std::optional<StepPlace> selectedStep = {};  // these two count only where there is such a step
+  std::optional<StepPlace> hoveredStep = {};
+  std::optional<int> demoSecond = {};  // of the day, while a demo runs
+  bool hasFocus = false;               // whether keys go to the chart
+  float hover = 1;                     // from 0 to 1: how far the touched step has grown
+  float selection = 1;                 // and how far the selected lane stands out
+  ChartPalette palette = {};
   std::string fade = "fade", jump = "jump";  // how a step goes on, in the user's language
 };
 

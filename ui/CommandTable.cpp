@@ -97,7 +97,7 @@ constexpr CommandRow Table[] = {
     Item(Menu::Channel, 32918, "Manual steps add...", When::NoDemo, AddStepsByText),
     Item(Menu::Channel, 32919, "Manual steps edit...", When::NoDemo, EditStepsByText),
     Line(Menu::Channel),
-    Item(Menu::Channel, 32896, "Rename channel", When::NoDemo, RenameChannel),
+    Item(Menu::Channel, command::RenameChannel, "Rename channel", When::NoDemo, RenameChannel),
     Item(Menu::Channel, 32899, "Change channel color", When::NoDemo, ChangeChannelColour),
 
     Item(Menu::Mode, 32913, "Optimize mode for TC421", When::NoDemo, OptimiseModeForTC421),

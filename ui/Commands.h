@@ -10,6 +10,8 @@ class Workbench;
 
 void NewProgram(Workbench& workbench);
 void LoadProgram(Workbench& workbench);
+/// A file by its path, as a user drops it on the window: a program, or a file that becomes a mode.
+void OpenFile(Workbench& workbench, const std::string& path);
 void SaveProgram(Workbench& workbench);
 void SaveProgramAs(Workbench& workbench);
 void ImportTMF(Workbench& workbench);

@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The commands of the menu "File"
+#include <algorithm>
+
 #include "QorLib/Exceptions.h"
 #include "QorLib/qor_win_str_utils.h"
 #include "QorLib/xml/reader.h"
@@ -43,25 +45,35 @@ using ImportFunction = TCBase::ImportResult (*)(std::string_view bytes, TCBase::
 using ExportFunction = std::string (*)(const TCBase::Mode& mode);
 
 /// A file becomes a mode of its own, behind the others.
-void Import(Workbench& workbench, FileKind kind, ImportFunction import) {
-  const auto path = workbench.dialogs.PathToOpen(kind);
-  if (!path) return;
-  TCBase::Mode mode{BareName(*path), "", {}};
+void Import(Workbench& workbench, const std::string& path, ImportFunction import) {
+  TCBase::Mode mode{BareName(path), "", {}};
   TCBase::ImportResult result;
   try {
-    result = import(TCBase::ReadFileBytes(*path, qor::xml::reader::MaxBytes), mode);
+    result = import(TCBase::ReadFileBytes(path, qor::xml::reader::MaxBytes), mode);
   } catch (const qor::win::xsystem& failed) {
-    return TellLoadError(workbench, *path, failed.Description());
+    return TellLoadError(workbench, path, failed.Description());
   }
   const std::string message =
       workbench.Text(result.message) + (result.detail.empty() ? "" : ": " + result.detail);
-  if (!result.isImported) return TellLoadError(workbench, *path, message);
+  if (!result.isImported) return TellLoadError(workbench, path, message);
   workbench.editor.Reset();
   workbench.Edit([&] {
     workbench.document.InsertMode(workbench.document.Program().modes.size(), std::move(mode));
-    return TCBase::EditResult{true, {"Loaded program file {1}", {*path}}};
+    return TCBase::EditResult{true, {"Loaded program file {1}", {path}}};
   });
   if (!message.empty()) workbench.services.log.ForeignMessage(message);
+}
+
+void AskAndImport(Workbench& workbench, FileKind kind, ImportFunction import) {
+  if (const auto path = workbench.dialogs.PathToOpen(kind)) Import(workbench, *path, import);
+}
+
+/// Whether the path ends in that ending, which is in lower case.
+bool HasEnding(const std::string& path, std::string_view ending) {
+  if (path.size() < ending.size()) return false;
+  return std::ranges::equal(
+      std::string_view(path).substr(path.size() - ending.size()), ending, {},
+      [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
 }
 
 void Export(Workbench& workbench, FileKind kind, const char* ending, ExportFunction exported) {
@@ -105,6 +117,13 @@ void LoadProgram(Workbench& workbench) {
   if (path) workbench.Load(*path);
 }
 
+void OpenFile(Workbench& workbench, const std::string& path) {
+  if (workbench.IsDemoRunning()) return;
+  if (HasEnding(path, ".tmf")) return Import(workbench, path, TCBase::ImportTMF);
+  if (HasEnding(path, ".lmf")) return Import(workbench, path, TCBase::ImportLMF);
+  workbench.Open(path);
+}
+
 void SaveProgram(Workbench& workbench) {
   if (workbench.document.Path().empty()) return SaveProgramAs(workbench);
   workbench.SaveTo(workbench.document.Path());
@@ -117,7 +136,7 @@ void SaveProgramAs(Workbench& workbench) {
 }
 
 void ImportTMF(Workbench& workbench) {
-  Import(workbench, FileKind::TMF, TCBase::ImportTMF);
+  AskAndImport(workbench, FileKind::TMF, TCBase::ImportTMF);
 }
 
 void ExportTMF(Workbench& workbench) {
@@ -125,7 +144,7 @@ void ExportTMF(Workbench& workbench) {
 }
 
 void ImportLMF(Workbench& workbench) {
-  Import(workbench, FileKind::LMF, TCBase::ImportLMF);
+  AskAndImport(workbench, FileKind::LMF, TCBase::ImportLMF);
 }
 
 void ExportLMF(Workbench& workbench) {

@@ -119,6 +119,11 @@ bool Workbench::SaveTo(const std::string& path) {
   return true;
 }
 
+void Workbench::DevicesChanged() {
+  devices.Update(services.worker.UsbDevices(), services.worker.NetworkDevices());
+  view.Refresh();
+}
+
 int Workbench::DemoSeconds() const {
   return TCBase::DemoSecondsOf(services.settings.Get(TCBase::SettingDemoSpeed));
 }
@@ -145,8 +150,12 @@ void Workbench::SetDemoRunning(bool isRunning) {
   view.Refresh();
 }
 
+std::int64_t Workbench::Milliseconds() const {
+  return services.clock.Counter() / (services.clock.Frequency() / 1000);
+}
+
 bool Workbench::Tick() {
-  editor.Tick(services.clock.Counter() * 1000 / services.clock.Frequency());
+  editor.Tick(Milliseconds());
   const bool isBusy = services.worker.IsBusy();
   const bool hasEnded = wasBusy_ && !isBusy;
   wasBusy_ = isBusy;

@@ -73,6 +73,8 @@ class Workbench {
   /// To the path, with a word in the log; false when it could not be written.
   bool SaveTo(const std::string& path);
 
+  /// To be called when the worker has seen devices come or go.
+  void DevicesChanged();
   /// To be called when a job was handed to the worker.
   void JobStarted() { wasBusy_ = true; }
 
@@ -82,6 +84,8 @@ class Workbench {
   int DemoSeconds() const;
   void SetDemoSeconds(int seconds);
 
+  /// Of the clock, for the editor's runs of keys.
+  std::int64_t Milliseconds() const;
   /// To be called ten times a second: sees jobs end and runs of keys pause. Whether the panels show something
   /// else now.
   bool Tick();

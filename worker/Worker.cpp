@@ -25,7 +25,7 @@ Worker::Worker(const DeviceContext& context, UsbWatch usbWatch)
                     [this](bool isConnected) { ReportPresence(DeviceKind::TC421Usb, isConnected); }),
       thread_([this] { Run(); }) {}
 
-Worker::~Worker() {
+void Worker::Stop() {
   if (running_.exchange(false)) thread_.join();
 }
 

@@ -28,10 +28,12 @@ class Worker {
 
   /// Starts the thread. What the context names outlives the worker.
   Worker(const DeviceContext& context, UsbWatch usbWatch);
-  /// Waits for the running job; the jobs still queued are dropped.
-  ~Worker();
+  ~Worker() { Stop(); }
   Worker(const Worker&) = delete;
   Worker& operator=(const Worker&) = delete;
+
+  /// Ends the thread: waits for the running job; the jobs still queued are dropped.
+  void Stop();
 
   void Enqueue(std::function<void()> job);
 

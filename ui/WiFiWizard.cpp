@@ -1,0 +1,175 @@
+// SPDX-License-Identifier: MIT
+#include "ui/WiFiWizard.h"
+
+#include <algorithm>
+
+#include "QorLib/Format.h"
+
+namespace UX {
+namespace {
+
+using TCBase::DeviceInfo;
+using TCBase::DeviceKind;
+using TCBase::DeviceOutcome;
+using TCBase::WiFiFault;
+using TCBase::WiFiSettings;
+
+constexpr std::int32_t Wpa2Security = 2;
+// The cipher of WPA2 is AES in CCM mode, which IEEE 802.11 numbers 4 among the cipher suites.
+constexpr std::int32_t AesEncryption = 4;
+constexpr std::int32_t NoEncryption = 0;
+// Room for what can be typed, so that no copy of a password is left behind where it grew.
+constexpr std::size_t PasswordRoom = 1024;
+
+bool IsStronger(const WiFiNetwork& a, const WiFiNetwork& b) {
+  return a.strength != b.strength ? a.strength > b.strength : a.name < b.name;
+}
+
+/// Whether a network that is offered makes the other one needless.
+bool Covers(const WiFiNetwork& offered, const WiFiNetwork& other) {
+  return offered.name == other.name &&
+         (offered.security == other.security || other.security == WiFiSecurity::Invalid);
+}
+
+}  // namespace
+
+std::vector<WiFiNetwork> NetworksToOffer(std::vector<WiFiNetwork> found) {
+  std::erase_if(found, [](const WiFiNetwork& network) { return network.name.empty(); });
+  std::ranges::stable_sort(found, IsStronger);
+  // Networks to join come first here, so that those that are covered are met behind what covers them.
+  std::stable_partition(found.begin(), found.end(),
+                        [](const WiFiNetwork& network) { return network.security != WiFiSecurity::Invalid; });
+  std::vector<WiFiNetwork> offered;
+  for (WiFiNetwork& network : found) {
+    const auto covers = [&network](const WiFiNetwork& other) { return Covers(other, network); };
+    if (std::ranges::none_of(offered, covers)) offered.push_back(std::move(network));
+  }
+  std::ranges::stable_sort(offered, IsStronger);
+  return offered;
+}
+
+std::string TroubleText(WiFiTrouble trouble, const qor::Translate& translate) {
+  switch (trouble) {
+    case WiFiTrouble::NoWiFi:
+      return translate("This computer has no Wi-Fi adapter, or its Wi-Fi service is not running.");
+    case WiFiTrouble::Hidden:
+      return translate("Windows hides the networks. Allow access to the location in its privacy settings.");
+    case WiFiTrouble::NothingFound: return translate("No networks were found.");
+    case WiFiTrouble::None: break;
+  }
+  return {};
+}
+
+std::string SecurityText(WiFiSecurity security, const qor::Translate& translate) {
+  switch (security) {
+    case WiFiSecurity::Open: return translate("Open");
+    case WiFiSecurity::WPA2: return "WPA2";
+    case WiFiSecurity::Invalid: break;
+  }
+  return translate("Invalid");
+}
+
+std::string ControllerText(const DeviceInfo& controller, const qor::Translate& translate) {
+  if (controller.kind == DeviceKind::TC421Usb) return translate("TC421 over USB");
+  return controller.name + " (" + platform::AddressText(controller.address) + ")";
+}
+
+std::string OutcomeText(const DeviceOutcome& outcome, const qor::Translate& translate) {
+  if (outcome.IsDone()) {
+    return translate(
+        "The controller has taken the settings and now tries to join the network. After that, find it there "
+        "with \"Scan WiFi devices\".");
+  }
+  std::string text;
+  if (outcome.stage == DeviceOutcome::Stage::NotConnected) text = translate("Connect error") + ".\r\n";
+  text += outcome.isDenied
+              ? translate("Another program is using the controller or its port. Close it and send again.")
+              : translate(
+                    "The controller has not taken the settings. Check that it is connected and switched on, "
+                    "then send again.");
+  if (!outcome.detail.empty()) text += "\r\n(" + outcome.detail + ")";
+  return text;
+}
+
+void Wipe(std::string& secret) {
+  secret.resize(secret.capacity());
+  volatile char* const bytes = secret.data();
+  for (std::size_t i = 0; i < secret.size(); ++i) bytes[i] = 0;
+  secret.clear();
+}
+
+WiFiWizard::WiFiWizard(const std::vector<DeviceInfo>& devices)
+    : controllers_{TCBase::DeviceOfKind(DeviceKind::TC421Usb)} {
+  for (const DeviceInfo& device : devices) {
+    if (device.kind == DeviceKind::TC421Network) controllers_.push_back(device);
+  }
+  const auto picked = std::ranges::find(controllers_, true, &DeviceInfo::selected);
+  if (picked != controllers_.end()) controller_ = static_cast<std::size_t>(picked - controllers_.begin());
+  settings_.password.reserve(PasswordRoom);
+}
+
+void WiFiWizard::ChooseController(std::size_t index) {
+  if (index < controllers_.size()) controller_ = index;
+}
+
+void WiFiWizard::SetNetwork(std::string_view name, WiFiSecurity security) {
+  const bool isOpen = security == WiFiSecurity::Open;
+  security_ = security;
+  settings_.ssid = name;
+  settings_.security = isOpen ? WiFiSettings::Open : Wpa2Security;
+  settings_.encryption = isOpen ? NoEncryption : AesEncryption;
+}
+
+void WiFiWizard::SetPassword(std::string_view password) {
+  Wipe(settings_.password);
+  settings_.password = password;
+}
+
+bool WiFiWizard::MayGoOn() const {
+  const WiFiFault fault = TCBase::FaultOf(settings_);
+  switch (page_) {
+    case WiFiPage::Controller: return true;
+    case WiFiPage::Network:
+      return security_ != WiFiSecurity::Invalid && fault != WiFiFault::NoName &&
+             fault != WiFiFault::NameTooLong;
+    default: return fault == WiFiFault::None;
+  }
+}
+
+std::string WiFiWizard::Remark(const qor::Translate& translate) const {
+  const bool isName = page_ == WiFiPage::Network;
+  if (!isName && page_ != WiFiPage::Password) return {};
+  const std::size_t bytes = (isName ? settings_.ssid : settings_.password).size();
+  const std::size_t most = isName ? TCBase::MostNameBytes(settings_.security) : TCBase::MostPasswordBytes;
+  if (bytes == 0) return translate("Nothing is entered yet.");
+  if (bytes > most) {
+    return qor::Format(translate("Too long for the controller: {1} of at most {2} bytes"), {bytes, most});
+  }
+  if (isName && security_ == WiFiSecurity::Invalid) {
+    return translate("The controller cannot join a network with this kind of security.");
+  }
+  return qor::Format(translate("{1} of at most {2} bytes"), {bytes, most});
+}
+
+void WiFiWizard::GoOn() {
+  if (!MayGoOn()) return;
+  switch (page_) {
+    case WiFiPage::Controller: page_ = WiFiPage::Network; break;
+    case WiFiPage::Network:
+      page_ = security_ == WiFiSecurity::Open ? WiFiPage::Send : WiFiPage::Password;
+      break;
+    default: page_ = WiFiPage::Send; break;
+  }
+}
+
+void WiFiWizard::GoBack() {
+  switch (page_) {
+    case WiFiPage::Send:
+      page_ = security_ == WiFiSecurity::Open ? WiFiPage::Network : WiFiPage::Password;
+      break;
+    case WiFiPage::Password: page_ = WiFiPage::Network; break;
+    default: page_ = WiFiPage::Controller; break;
+  }
+}
+
+}  // namespace UX

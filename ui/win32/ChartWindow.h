@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <functional>
+#include <memory>
+
+#include "ui/Animation.h"
+#include "ui/Workbench.h"
+#include "ui/win32/WindowRenderer.h"
+
+namespace UX {
+
+/// How the program was asked to draw; Best is what the system offers.
+enum class RendererChoice { Best, DX, GDI };
+
+/// The window of the chart: hands mouse and keys to the editor, and draws what has changed.
+class ChartWindow {
+ public:
+  /// Registers the window's class.
+  static void Register(HINSTANCE instance);
+  ChartWindow(HINSTANCE instance, HWND parent, Workbench& workbench, RendererChoice choice);
+
+  HWND Window() const { return window_; }
+  void InitRenderer();
+  void ReleaseRenderer() { renderer_.reset(); }
+  /// A place or the scaling has changed.
+  void Resized();
+  void RedrawAll() { isStale_ = true; }
+  void RedrawLane(std::size_t channel) { staleLanes_[channel] = true; }
+  /// Lets animations go on.
+  void Advance(float seconds);
+  bool IsAnimating() const { return hover_.IsMoving() || selection_.IsMoving(); }
+  /// Draws what has changed since the last call; whether anything had.
+  bool DrawFrame();
+  /// The system's colours or effects have changed.
+  void SettingsChanged();
+  /// Called to show a menu about what is selected, at a place on the screen.
+  std::function<void(POINT at)> onMenu;
+
+ private:
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+  void OnMouse(UINT message, LPARAM position);
+  void OnWheel(int delta, WPARAM keys, LPARAM screenPosition);
+  void OnMenu(LPARAM screenPosition);
+  bool OnKey(WPARAM key);
+  void OnFocus(bool hasFocus);
+  Point PointAt(LPARAM position) const;
+  ChartGeometry Geometry() const;
+  ChartScene MakeScene() const;
+  void DrawAll();
+  void UseNextRenderer();
+  void FollowEditor();
+
+  Workbench& workbench_;
+  RendererChoice choice_;
+  HWND window_ = nullptr;
+  std::unique_ptr<WindowRenderer> renderer_;
+  ChartPalette palette_;
+  bool mayAnimate_ = true;
+  bool isStale_ = true;
+  std::array<bool, TCBase::ChannelCount> staleLanes_{};
+  Animation hover_{0.12F}, selection_{0.12F};
+  std::optional<StepPlace> hovered_;
+  std::optional<std::size_t> selected_;
+  ViewSpan shownSpan_;
+  int wheel_ = 0;  // what is left of turns that were less than a notch
+};
+
+}  // namespace UX

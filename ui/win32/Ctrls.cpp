@@ -1,0 +1,289 @@
+// SPDX-License-Identifier: MIT
+#include "ui/win32/Ctrls.h"
+
+#include <algorithm>
+
+#include "QorLib/qor_win_str_utils.h"
+
+#include <commctrl.h>  // after windows.h
+
+namespace UX {
+namespace {
+
+// At 96 dpi
+constexpr int Margin = 8, Gap = 6, SmallGap = 4;
+constexpr int LeastColumnWidth = 258, MostColumnWidth = 380;
+constexpr int ScrollBarHeight = 17, ZoomBarWidth = 130, ZoomBarHeight = 22;
+constexpr int ButtonHeight = 24, HintHeight = 18, LeastLogHeight = 100;
+constexpr int DescriptionHeight = 74;
+constexpr int LogoWidth = 256, LogoHeight = 100, LogoRight = 266, LogoBottom = 110;
+
+constexpr COLORREF ActionColour = RGB(0x00, 0x67, 0xC0), PressedColour = RGB(0x00, 0x4C, 0x90);
+
+bool HasHighContrast() {
+  HIGHCONTRASTW contrast{};
+  contrast.cbSize = sizeof contrast;
+  SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0);
+  return (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
+/// What a request of a scroll bar or a trackbar means; none for the end of a series of them.
+std::optional<BarMove> MoveOf(int request) {
+  switch (request) {
+    case SB_LINELEFT: return BarMove::LineBack;
+    case SB_LINERIGHT: return BarMove::LineOn;
+    case SB_PAGELEFT: return BarMove::PageBack;
+    case SB_PAGERIGHT: return BarMove::PageOn;
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION: return BarMove::Track;
+    case SB_LEFT: return BarMove::First;
+    case SB_RIGHT: return BarMove::Last;
+    default: return std::nullopt;
+  }
+}
+
+}  // namespace
+
+Ctrls::Ctrls(HINSTANCE instance, HWND window, Workbench& workbench, RendererChoice choice)
+    : context_{instance, window, workbench, fonts_},
+      chart_(instance, window, workbench, choice),
+      scrollBar_(MakeControl(context_, L"SCROLLBAR", SBS_HORZ, ScrollBarId)),
+      zoomLabel_(MakeLabel(context_)),
+      zoomBar_(MakeControl(context_, TRACKBAR_CLASSW, WS_TABSTOP | TBS_NOTICKS | TBS_BOTH, ZoomBarId)),
+      demo_(context_),
+      devices_(context_),
+      modes_(context_),
+      power_(context_),
+      log_(context_) {
+  SendMessageW(zoomBar_, TBM_SETRANGE, FALSE, MAKELPARAM(0, ViewSpan::MaxZoomPosition));
+  SendMessageW(zoomBar_, TBM_SETPAGESIZE, 0, 1);
+  tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0,
+                          0, 0, 0, window, nullptr, instance, nullptr);
+  MakeFonts();
+}
+
+Ctrls::~Ctrls() {
+  chart_.ReleaseRenderer();
+}
+
+// Fonts
+
+void Ctrls::MakeFonts() {
+  const HWND window = context_.window;
+  fonts_.text = TextFont(window);
+  fonts_.bold = TextFont(window, FontWeight::Bold);
+  fonts_.big = TextFont(window, FontWeight::Bold, 125);
+  fonts_.log = LogFont(window);
+  SetFonts();
+}
+
+void Ctrls::SetFonts() {
+  const auto set = [](HWND control, LPARAM font) -> BOOL {
+    SendMessageW(control, WM_SETFONT, static_cast<WPARAM>(font), TRUE);
+    return TRUE;
+  };
+  EnumChildWindows(context_.window, set, reinterpret_cast<LPARAM>(fonts_.text.Get()));
+  set(demo_.Time(), reinterpret_cast<LPARAM>(fonts_.big.Get()));
+  set(log_.Window(), reinterpret_cast<LPARAM>(fonts_.log.Get()));
+}
+
+void Ctrls::ScalingChanged() {
+  // The former fonts must live until no control has them any more.
+  const WindowFonts former = std::move(fonts_);
+  MakeFonts();
+  LayOut();
+  chart_.Resized();
+}
+
+// Texts
+
+void Ctrls::Translate() {
+  const auto translate = context_.workbench.services.texts.Translator();
+  ShowText(zoomLabel_, translate("Zoom"));
+  demo_.Translate();
+  devices_.Translate();
+  modes_.Translate();
+  power_.Translate();
+  AddTips();
+}
+
+void Ctrls::AddTips() {
+  const auto translate = context_.workbench.services.texts.Translator();
+  ShowTip(demo_.PauseButton(), translate("Pause demo"));
+  ShowTip(devices_.ScanButton(), translate("Scan WiFi devices"));
+  ShowTip(modes_.UpButton(), translate("Move up"));
+  ShowTip(modes_.DownButton(), translate("Move down"));
+}
+
+void Ctrls::ShowTip(HWND control, const std::string& text) {
+  std::wstring wide = qor::win::WideFromUtf8(text);
+  TTTOOLINFOW tool{};
+  tool.cbSize = TTTOOLINFOW_V2_SIZE;
+  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  tool.hwnd = context_.window;
+  tool.uId = reinterpret_cast<UINT_PTR>(control);
+  tool.lpszText = wide.data();
+  SendMessageW(tips_, TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+  SendMessageW(tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
+// What the workbench holds
+
+void Ctrls::Refresh() {
+  RefreshBars();
+  RefreshButtons();
+  devices_.Refresh();
+  modes_.Refresh();
+  power_.Refresh();
+  demo_.Refresh();
+}
+
+void Ctrls::RefreshDemo() {
+  demo_.Refresh();
+  power_.Refresh();
+}
+
+void Ctrls::RefreshBars() {
+  const ViewSpan& span = context_.workbench.span;
+  SCROLLINFO scroll{};
+  scroll.cbSize = sizeof scroll;
+  scroll.fMask = SIF_RANGE | SIF_PAGE | SIF_POS | SIF_DISABLENOSCROLL;
+  scroll.nMax = TCBase::MinutesPerDay;
+  scroll.nPage = static_cast<UINT>(span.ScrollPage());
+  scroll.nPos = span.ScrollPosition();
+  SetScrollInfo(scrollBar_, SB_CTL, &scroll, TRUE);
+  if (SendMessageW(zoomBar_, TBM_GETPOS, 0, 0) != span.ZoomPosition()) {
+    SendMessageW(zoomBar_, TBM_SETPOS, TRUE, span.ZoomPosition());
+  }
+}
+
+void Ctrls::RefreshButtons() {
+  const MenuConditions conditions = context_.workbench.Conditions();
+  const HWND focused = GetFocus();
+  for (HWND child = GetWindow(context_.window, GW_CHILD); child != nullptr;
+       child = GetWindow(child, GW_HWNDNEXT)) {
+    const CommandRow* row = FindCommand(GetDlgCtrlID(child));
+    if (row == nullptr) continue;
+    const bool isEnabled = IsEnabled(*row, conditions);
+    if ((IsWindowEnabled(child) != FALSE) == isEnabled) continue;
+    EnableWindow(child, isEnabled);
+    if (child == focused && !isEnabled) SetFocus(chart_.Window());  // else keys would go nowhere
+  }
+}
+
+// Messages
+
+bool Ctrls::OnCommand(HWND control, int id, int notification) {
+  if (control == nullptr) return false;
+  if (id == DescriptionId) modes_.OnDescription(notification);
+  if (notification != BN_CLICKED || FindCommand(id) == nullptr) return id >= ChartId && id <= LogId;
+  context_.workbench.Run(id);
+  return true;
+}
+
+LRESULT Ctrls::OnNotify(NMHDR* header) {
+  if (header->hwndFrom == devices_.List().Window()) return devices_.List().OnNotify(header);
+  if (header->hwndFrom == modes_.List().Window()) return modes_.List().OnNotify(header);
+  return 0;
+}
+
+void Ctrls::OnScroll(HWND bar, int request, int position) {
+  const auto move = MoveOf(request);
+  if (!move) return;
+  ViewSpan& span = context_.workbench.span;
+  if (bar == zoomBar_) {
+    span.Zoom(*move, position);
+  } else {
+    // The message has 16 bits for the position, which is enough for minutes of a day.
+    span.Scroll(*move, position);
+  }
+  context_.workbench.view.RedrawChart();
+  RefreshBars();
+}
+
+/// The button for the upload stands out, except where the user wants the system's colours.
+void Ctrls::DrawButton(const DRAWITEMSTRUCT& draw) const {
+  const bool isDisabled = (draw.itemState & ODS_DISABLED) != 0,
+             isPressed = (draw.itemState & ODS_SELECTED) != 0;
+  const bool isPlain = HasHighContrast();
+  const COLORREF action = isPressed ? PressedColour : ActionColour;
+  const COLORREF back = isDisabled ? GetSysColor(COLOR_3DFACE)
+                        : isPlain  ? GetSysColor(COLOR_HIGHLIGHT)
+                                   : action;
+  const COLORREF front = isDisabled ? GetSysColor(COLOR_GRAYTEXT)
+                         : isPlain  ? GetSysColor(COLOR_HIGHLIGHTTEXT)
+                                    : RGB(255, 255, 255);
+  const HBRUSH brush = CreateSolidBrush(back);
+  FillRect(draw.hDC, &draw.rcItem, brush);
+  DeleteObject(brush);
+  if (isDisabled) FrameRect(draw.hDC, &draw.rcItem, GetSysColorBrush(COLOR_3DSHADOW));
+  SetBkMode(draw.hDC, TRANSPARENT);
+  SetTextColor(draw.hDC, front);
+  RECT area = draw.rcItem;
+  DrawTextW(draw.hDC, qor::win::WideFromUtf8(TextOf(draw.hwndItem)).c_str(), -1, &area,
+            DT_CENTER | DT_VCENTER | DT_SINGLELINE | DT_NOPREFIX);
+  InflateRect(&area, -3, -3);
+  if ((draw.itemState & ODS_FOCUS) != 0) DrawFocusRect(draw.hDC, &area);
+}
+
+// Places
+
+int Ctrls::ColumnWidth(int clientWidth) const {
+  const HWND window = context_.window;
+  const int needed = std::max(devices_.LeastWidth(), modes_.LeastWidth());
+  const int most = std::min(Scaled(window, MostColumnWidth), clientWidth / 2);
+  return std::min(std::max(Scaled(window, LeastColumnWidth), needed), most);
+}
+
+void Ctrls::LayOut() {
+  const HWND window = context_.window;
+  const auto scaled = [window](int length) { return Scaled(window, length); };
+  RECT client{};
+  GetClientRect(window, &client);
+  const int columnWidth = ColumnWidth(client.right);
+  const int left = scaled(Margin), top = scaled(SmallGap);
+  const int width = client.right - columnWidth - 2 * scaled(Margin) - scaled(Gap);
+  LayOutColumn({client.right - scaled(Margin) - columnWidth, top, columnWidth, client.bottom - top});
+
+  const int logHeight = std::max(scaled(LeastLogHeight), static_cast<int>(client.bottom) / 7);
+  const int logTop = client.bottom - scaled(Margin) - logHeight;
+  const int hintTop = logTop - scaled(HintHeight) - scaled(2);
+  const int demoTop = hintTop - scaled(ButtonHeight) - scaled(SmallGap);
+  const int barTop = demoTop - scaled(ZoomBarHeight) - scaled(Gap);
+  Place(log_.Window(), {left, logTop, width, logHeight});
+  demo_.LayOut({left, demoTop, width, scaled(ButtonHeight)}, {left, hintTop, width, scaled(HintHeight)});
+
+  const int label =
+      static_cast<int>(TextSize(zoomLabel_, fonts_.text.Get(), TextOf(zoomLabel_)).cx) + scaled(8);
+  const int zoomLeft = left + width - scaled(ZoomBarWidth);
+  const int barHeight = scaled(ZoomBarHeight);
+  Place(zoomBar_, {zoomLeft, barTop, scaled(ZoomBarWidth), barHeight});
+  Place(zoomLabel_, {zoomLeft - label, barTop + scaled(2), label, barHeight});
+  Place(scrollBar_,
+        {left, barTop, width - scaled(ZoomBarWidth) - label - scaled(12), scaled(ScrollBarHeight)});
+  Place(chart_.Window(), {left, top, width, barTop - scaled(SmallGap) - top});
+}
+
+/// Lists share what height the other things leave.
+void Ctrls::LayOutColumn(const Frame& column) {
+  const auto scaled = [this](int length) { return Scaled(context_.window, length); };
+  const int power = PowerPanel::Height(context_.window);
+  const int powerTop = column.Bottom() - scaled(LogoBottom) - scaled(Gap) - power;
+  const int descriptionTop = powerTop - scaled(Gap) - scaled(DescriptionHeight);
+  const int lists = descriptionTop - scaled(Gap) - column.top;
+  const int each = (lists - scaled(Margin)) / 2;
+  devices_.LayOut({column.left, column.top, column.width, each});
+  modes_.LayOutList({column.left, column.top + each + scaled(Margin), column.width, each});
+  modes_.LayOutDescription({column.left, descriptionTop, column.width, scaled(DescriptionHeight)});
+  power_.LayOut({column.left, powerTop, column.width, power});
+}
+
+RECT Ctrls::LogoArea() const {
+  const HWND window = context_.window;
+  RECT client{};
+  GetClientRect(window, &client);
+  const int left = client.right - Scaled(window, LogoRight), top = client.bottom - Scaled(window, LogoBottom);
+  return {left, top, left + Scaled(window, LogoWidth), top + Scaled(window, LogoHeight)};
+}
+
+}  // namespace UX

@@ -1,0 +1,388 @@
+// SPDX-License-Identifier: MIT
+#include "ui/win32/MainWindow.h"
+
+#include <shellapi.h>
+
+#include <algorithm>
+#include <charconv>
+#include <sstream>
+
+#include "QorLib/qor_win_str_utils.h"
+#include "platform/Files.h"
+#include "ui/Commands.h"
+#include "ui/win32/MainMenu.h"
+#include "ui/win32/ResourceIds.h"
+
+namespace UX {
+namespace {
+
+constexpr UINT_PTR TimerId = 300, StartTimerId = 301;
+constexpr UINT TimerMilliseconds = 100, StartMilliseconds = 500;
+constexpr int InitialWidth = 1024, InitialHeight = 768, LeastWidth = 800, LeastHeight = 700;
+constexpr double IdleSeconds = 1.0;
+constexpr int TicksPerRecovery = 30;  // three seconds
+constexpr std::string_view SettingPlace = "window_place";
+constexpr const char* LogFileName = "TC42xLog.txt";
+
+std::wstring ResourceText(HINSTANCE instance, UINT id) {
+  wchar_t text[64] = L"";
+  LoadStringW(instance, id, text, static_cast<int>(std::size(text)));
+  return text;
+}
+
+/// Whether this is the only window of the program: the copy for a recovery belongs to the first one.
+bool IsFirst() {
+  CreateMutexW(nullptr, FALSE, L"HalvexWindow");  // until the process ends
+  return GetLastError() != ERROR_ALREADY_EXISTS;
+}
+
+}  // namespace
+
+MainWindow::MainWindow(HINSTANCE instance, const Services& services, platform::Network& network,
+                       const std::string& settingsFolder)
+    : instance_(instance),
+      services_(services),
+      logFile_(platform::PathIn(settingsFolder, LogFileName), services.log),
+      dialogs_(services, network),
+      workbench_(services, dialogs_, *this),
+      recovery_(settingsFolder, workbench_),
+      mayRecover_(IsFirst()) {
+  dialogs_.SetDevices(workbench_.devices);
+}
+
+MainWindow::~MainWindow() = default;
+
+// Start and end
+
+bool MainWindow::Create(RendererChoice choice) {
+  WNDCLASSW description{};
+  const std::wstring className = ResourceText(instance_, IDC_HALVEX);
+  description.style = CS_HREDRAW | CS_VREDRAW;
+  description.lpfnWndProc = Procedure;
+  description.hInstance = instance_;
+  description.hIcon = LoadIconW(instance_, MAKEINTRESOURCEW(IDI_HALVEX));
+  description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  description.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+  description.lpszMenuName = MAKEINTRESOURCEW(IDC_HALVEX);
+  description.lpszClassName = className.c_str();
+  RegisterClassW(&description);
+  ChartWindow::Register(instance_);
+  window_ = CreateWindowExW(0, className.c_str(), ResourceText(instance_, IDS_APP_TITLE).c_str(),
+                            WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, CW_USEDEFAULT, CW_USEDEFAULT, InitialWidth,
+                            InitialHeight, nullptr, nullptr, instance_, this);
+  if (window_ == nullptr) return false;
+  SendMessageW(window_, WM_SETICON, ICON_SMALL,
+               reinterpret_cast<LPARAM>(LoadIconW(instance_, MAKEINTRESOURCEW(IDI_SMALL))));
+  logWindow_ = window_;
+  workbench_.window = window_;
+  dialogs_.SetOwner(window_);
+  ctrls_ = std::make_unique<Ctrls>(instance_, window_, workbench_, choice);
+  ctrls_->Chart().onMenu = [this](POINT at) { ShowContextMenu(at); };
+  ctrls_->Translate();
+  ctrls_->LayOut();
+  DragAcceptFiles(window_, TRUE);
+  SetTimer(window_, StartTimerId, StartMilliseconds, nullptr);
+  logo_.Load(instance_);
+  return true;
+}
+
+void MainWindow::Show(int command) {
+  RebuildMenu();
+  RestorePlace(command);
+  ctrls_->Chart().InitRenderer();
+  UpdateWindow(window_);
+  SetFocus(ctrls_->Chart().Window());
+}
+
+void MainWindow::OpenFirst(const std::string& path) {
+  if (path.empty()) {
+    workbench_.OpenLast();
+  } else {
+    OpenFile(workbench_, path);
+  }
+  if (mayRecover_) recovery_.Offer();
+}
+
+void MainWindow::StartTimer() {
+  SetTimer(window_, TimerId, TimerMilliseconds, nullptr);
+}
+
+void MainWindow::ReleaseRenderer() {
+  if (ctrls_) ctrls_->Chart().ReleaseRenderer();
+  logo_.Release();
+}
+
+void MainWindow::Close() {
+  recovery_.Remove();
+  DestroyWindow(window_);
+}
+
+void MainWindow::OnDestroy() {
+  KillTimer(window_, TimerId);
+  logWindow_ = nullptr;
+  PostQuitMessage(0);
+}
+
+// The window's place, as "left top width height" and 1 when it fills the screen
+
+void MainWindow::RestorePlace(int command) {
+  std::istringstream text(services_.settings.Get(SettingPlace));
+  RECT place{};
+  int width = 0, height = 0, isMaximised = 0;
+  text >> place.left >> place.top >> width >> height >> isMaximised;
+  place.right = place.left + width;
+  place.bottom = place.top + height;
+  const bool isSeen =
+      text && width > 0 && height > 0 && MonitorFromRect(&place, MONITOR_DEFAULTTONULL) != nullptr;
+  if (isSeen) {
+    SetWindowPos(window_, nullptr, place.left, place.top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+  }
+  ShowWindow(window_, isSeen && isMaximised != 0 && command == SW_SHOWNORMAL ? SW_SHOWMAXIMIZED : command);
+}
+
+void MainWindow::KeepPlace() {
+  WINDOWPLACEMENT placement{};
+  placement.length = sizeof placement;
+  if (!GetWindowPlacement(window_, &placement)) return;
+  const RECT& place = placement.rcNormalPosition;
+  const bool isMaximised = placement.showCmd == SW_SHOWMAXIMIZED;
+  services_.settings.Set(SettingPlace,
+                         qor::Format("{1} {2} {3} {4} {5}", {place.left, place.top, place.right - place.left,
+                                                             place.bottom - place.top, isMaximised ? 1 : 0}));
+}
+
+// View
+
+void MainWindow::RedrawChart() {
+  if (ctrls_) ctrls_->Chart().RedrawAll();
+}
+
+void MainWindow::RedrawLane(std::size_t channel) {
+  if (ctrls_) ctrls_->Chart().RedrawLane(channel);
+}
+
+void MainWindow::CaptureMouse(bool on) {
+  if (on) {
+    SetCapture(ctrls_->Chart().Window());
+  } else if (GetCapture() == ctrls_->Chart().Window()) {
+    ReleaseCapture();
+  }
+}
+
+void MainWindow::ShowHint(const std::vector<qor::Sentence>& hint) {
+  std::string text;
+  for (const qor::Sentence& sentence : hint) text += (text.empty() ? "" : " ") + workbench_.Text(sentence);
+  ctrls_->ShowHint(workbench_.Text({"Hint: {1}", {text}}));
+}
+
+void MainWindow::Retranslate() {
+  RebuildMenu();
+  ctrls_->Translate();
+  ctrls_->LayOut();
+  ctrls_->ShowHint("");
+  RedrawChart();
+  InvalidateRect(window_, nullptr, TRUE);
+  isStale_ = true;
+}
+
+void MainWindow::RefreshNow() {
+  isStale_ = false;
+  const std::string title = workbench_.document.Title(services_.texts.Translator());
+  if (title != shownTitle_) {
+    shownTitle_ = title;
+    SetText(window_, title);
+  }
+  ctrls_->Refresh();
+}
+
+void MainWindow::RebuildMenu() {
+  const HMENU former = GetMenu(window_);
+  SetMenu(window_, BuildMenuBar(workbench_));
+  DestroyMenu(former);
+}
+
+void MainWindow::ShowContextMenu(POINT at) {
+  const HMENU menu = BuildMenu(workbench_, Menu::Channel);
+  const int chosen = TrackPopupMenu(menu, TPM_RETURNCMD | TPM_RIGHTBUTTON, at.x, at.y, 0, window_, nullptr);
+  DestroyMenu(menu);
+  if (chosen != 0) workbench_.Run(chosen);
+}
+
+// The log
+
+void MainWindow::PostLog() {
+  const HWND window = logWindow_;
+  if (window != nullptr && !isLogPosted_.exchange(true)) PostMessageW(window, FlushLogMessage, 0, 0);
+}
+
+void MainWindow::Flush() {
+  isLogPosted_ = false;
+  const std::string lines = qor::TextOf(services_.log.TakeLines());
+  if (lines.empty()) return;
+  logFile_.Write(lines);
+  if (ctrls_) ctrls_->Log().Append(lines);
+}
+
+// The loop
+
+double MainWindow::SecondsSince(std::int64_t counter) const {
+  return static_cast<double>(services_.clock.Counter() - counter) /
+         static_cast<double>(services_.clock.Frequency());
+}
+
+bool MainWindow::OnIdle() {
+  if (!ctrls_ || !IsWindow(window_)) return false;
+  ctrls_->Chart().Advance(static_cast<float>(std::min(SecondsSince(lastFrame_), 0.1)));
+  lastFrame_ = services_.clock.Counter();
+  if (isStale_) RefreshNow();
+  const bool isDemo = workbench_.IsDemoRunning();
+  if (isDemo) RedrawChart();
+  ctrls_->Chart().DrawFrame();
+  return isDemo || ctrls_->Chart().IsAnimating() || SecondsSince(idleSince_) < IdleSeconds;
+}
+
+void MainWindow::OnTimer(WPARAM id) {
+  if (id == StartTimerId) {
+    KillTimer(window_, StartTimerId);
+    PostMessageW(window_, StartedMessage, 0, 0);
+  }
+  if (id != TimerId) return;
+  const bool wasDemo = workbench_.IsDemoRunning();
+  if (workbench_.Tick()) isStale_ = true;
+  if (wasDemo != workbench_.IsDemoRunning()) OnStarted();
+  if (workbench_.IsDemoRunning()) {
+    RedrawChart();
+    ctrls_->RefreshDemo();
+  }
+  if (isStale_) RefreshNow();
+  if (mayRecover_ && ++ticks_ % TicksPerRecovery == 0) recovery_.Keep();
+}
+
+/// Controls and menus as they are when no demo runs, or one has begun.
+void MainWindow::OnStarted() {
+  UpdateMenuBar(GetMenu(window_), workbench_);
+  DrawMenuBar(window_);
+  RedrawChart();
+  isStale_ = true;
+}
+
+void MainWindow::OnDevices() {
+  workbench_.DevicesChanged();
+  isStale_ = true;
+}
+
+// Messages
+
+void MainWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
+  if (ctrls_->OnCommand(reinterpret_cast<HWND>(lParam), LOWORD(wParam), HIWORD(wParam))) return;
+  const bool wasDemo = workbench_.IsDemoRunning();
+  workbench_.Run(LOWORD(wParam));
+  if (IsWindow(window_) && wasDemo != workbench_.IsDemoRunning()) OnStarted();
+}
+
+void MainWindow::OnDrop(WPARAM drop) {
+  const auto files = reinterpret_cast<HDROP>(drop);
+  std::wstring path(DragQueryFileW(files, 0, nullptr, 0), L'\0');
+  DragQueryFileW(files, 0, path.data(), static_cast<UINT>(path.size() + 1));
+  DragFinish(files);
+  if (!path.empty()) OpenFile(workbench_, qor::win::Utf8FromWide(path));
+}
+
+void MainWindow::Paint() {
+  PAINTSTRUCT paint{};
+  const HDC context = BeginPaint(window_, &paint);
+  FillRect(context, &paint.rcPaint, GetSysColorBrush(COLOR_3DFACE));
+  if (ctrls_) logo_.Draw(context, ctrls_->LogoArea());
+  EndPaint(window_, &paint);
+}
+
+std::optional<LRESULT> MainWindow::OnPlacement(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_GETMINMAXINFO:
+      reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {Scaled(window_, LeastWidth),
+                                                               Scaled(window_, LeastHeight)};
+      return 0;
+    case WM_SIZE:
+      idleSince_ = services_.clock.Counter();
+      if (ctrls_ && wParam != SIZE_MINIMIZED) ctrls_->LayOut();
+      return 0;
+    case WM_EXITSIZEMOVE:
+      idleSince_ = services_.clock.Counter();
+      ctrls_->Chart().Resized();
+      return 0;
+    case WM_DPICHANGED: {
+      const RECT& place = *reinterpret_cast<const RECT*>(lParam);
+      SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left,
+                   place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+      ctrls_->ScalingChanged();
+      return 0;
+    }
+    case WM_ERASEBKGND: return 1;
+    case WM_PAINT: Paint(); return 0;
+    case WM_SETTINGCHANGE:
+    case WM_SYSCOLORCHANGE:
+    case WM_THEMECHANGED:
+      if (ctrls_) ctrls_->Chart().SettingsChanged();
+      InvalidateRect(window_, nullptr, TRUE);
+      return std::nullopt;
+    default: return std::nullopt;
+  }
+}
+
+std::optional<LRESULT> MainWindow::OnInput(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_COMMAND: OnCommand(wParam, lParam); return 0;
+    case WM_NOTIFY: return ctrls_->OnNotify(reinterpret_cast<NMHDR*>(lParam));
+    case WM_HSCROLL:
+      ctrls_->OnScroll(reinterpret_cast<HWND>(lParam), LOWORD(wParam), static_cast<short>(HIWORD(wParam)));
+      return 0;
+    case WM_DRAWITEM: ctrls_->DrawButton(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)); return TRUE;
+    case WM_INITMENUPOPUP: UpdateMenuBar(GetMenu(window_), workbench_); return 0;
+    case WM_DROPFILES: OnDrop(wParam); return 0;
+    case WM_CONTEXTMENU:
+      if (reinterpret_cast<HWND>(wParam) != ctrls_->Log().Window()) return std::nullopt;
+      ctrls_->Log().ShowMenu({static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))});
+      return 0;
+    default: return std::nullopt;
+  }
+}
+
+LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  if (const auto result = OnPlacement(message, wParam, lParam)) return *result;
+  if (!ctrls_) return DefWindowProcW(window_, message, wParam, lParam);
+  if (const auto result = OnInput(message, wParam, lParam)) return *result;
+  switch (message) {
+    case FlushLogMessage: Flush(); return 0;
+    case DevicesMessage:
+    case NotifyMessage: OnDevices(); return 0;
+    case StartedMessage: OnStarted(); return 0;
+    case WM_TIMER: OnTimer(wParam); return 0;
+    case WM_CLOSE:
+      KeepPlace();
+      workbench_.Run(command::Exit);
+      return 0;
+    case WM_QUERYENDSESSION:
+      if (mayRecover_) recovery_.Keep();
+      return TRUE;
+    case WM_DESTROY: OnDestroy(); return 0;
+    default: return DefWindowProcW(window_, message, wParam, lParam);
+  }
+}
+
+LRESULT CALLBACK MainWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_NCCREATE) {
+    auto* self = static_cast<MainWindow*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
+    self->window_ = window;
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
+  }
+  auto* self = reinterpret_cast<MainWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  try {
+    if (self != nullptr && message != WM_NCDESTROY) return self->OnMessage(message, wParam, lParam);
+  } catch (const std::exception& failed) {
+    self->services_.log.ForeignMessage(failed.what());
+    return 0;
+  }
+  return DefWindowProcW(window, message, wParam, lParam);
+}
+
+}  // namespace UX

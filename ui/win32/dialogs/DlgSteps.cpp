@@ -1,0 +1,89 @@
+// SPDX-License-Identifier: MIT
+#include "ui/win32/dialogs/DlgSteps.h"
+
+#include "QorLib/Format.h"
+#include "QorLib/qor_win_str_utils.h"
+#include "formats/StepsText.h"
+
+namespace UX {
+namespace {
+
+constexpr std::size_t MostUnits = 2048;  // of UTF-16, that are taken from the edit
+constexpr std::string_view Examples = "08:00 0\r\n10:00 80 J\r\n12:00 0\r\n13:40 50\r\n15:00 0";
+
+/// The text without the lines at its end that do not fit.
+std::string Fitting(const std::string& text) {
+  const std::wstring wide = qor::win::WideFromUtf8(text);
+  if (wide.size() <= MostUnits) return text;
+  const std::size_t end = wide.find_last_of(L"\r\n", MostUnits);
+  return qor::win::Utf8FromWide(wide.substr(0, end == std::wstring::npos ? MostUnits : end));
+}
+
+/// "2, 5, 7"; of many lines the first ones.
+std::string NumbersText(const std::vector<std::size_t>& numbers) {
+  constexpr std::size_t Most = 8;
+  std::string text;
+  for (std::size_t i = 0; i < numbers.size() && i < Most; ++i) {
+    text += (i == 0 ? "" : ", ") + std::to_string(numbers[i]);
+  }
+  return numbers.size() > Most ? text + ", ..." : text;
+}
+
+std::string OdditiesText(const TCBase::OddLines& odd, const qor::Translate& translate) {
+  std::string text;
+  if (!odd.skipped.empty()) {
+    text = qor::Format(translate("Skipped lines: {1}"), {NumbersText(odd.skipped)});
+  }
+  if (!odd.withoutNumber.empty()) {
+    text += text.empty() ? "" : "\r\n";
+    text += qor::Format(translate("Lines with a missing number (read as 0): {1}"),
+                        {NumbersText(odd.withoutNumber)});
+  }
+  return text;
+}
+
+}  // namespace
+
+void DlgSteps::Build(const qor::Translate& translate) {
+  constexpr int Lines = 12;
+  constexpr int OddityLines = 3;
+  SetText(Window(), request_.title);
+  StackLayout& rows = AddPage();
+  rows.Add({Label(Window(), translate("Enter steps in this format:"))});
+  rows.Add({PlainText(Window(), translate("hh:mm value [J]"), Face::Fixed)}, Gap::Close);
+  Cell text = TextEdit(Window(), Fitting(request_.text), Lines);
+  text.face = Face::Fixed;
+  Cell examples = PlainText(Window(), Examples, Face::Fixed);
+  examples.isAtTop = true;
+  rows.Add({text, examples});
+  const Cell count = Label(Window(), {});
+  const Cell oddities = Label(Window(), {}, OddityLines);
+  rows.Add({count});
+  rows.Add({oddities}, Gap::Close);
+  text_ = text.control;
+  count_ = count.control;
+  oddities_ = oddities.control;
+  SendMessageW(text_, EM_SETLIMITTEXT, MostUnits, 0);
+  ShowCount();
+  AddOkAndCancel(translate);
+}
+
+void DlgSteps::OnCommand(HWND control, int notification) {
+  if (control == text_ && notification == EN_CHANGE) ShowCount();
+}
+
+void DlgSteps::ShowCount() {
+  const qor::Translate& translate = Translator();
+  std::vector<TCBase::Step> steps;
+  TCBase::OddLines odd;
+  TCBase::ParseStepsText(TextOf(text_), steps, &odd);
+  SetText(count_, qor::Format(translate("Text contains {1} steps"), {steps.size()}));
+  SetText(oddities_, OdditiesText(odd, translate));
+}
+
+void DlgSteps::OnButton(int id) {
+  if (id == IDOK) request_.text = TextOf(text_);
+  DlgBase::OnButton(id);
+}
+
+}  // namespace UX

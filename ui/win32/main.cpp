@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include <windows.h>
+// after windows.h
+#include <commctrl.h>
+#include <hidapi.h>
+#include <objidl.h>
+#include <shellapi.h>
+
+#include <gdiplus.h>  // after objidl.h
+
+#include "QorLib/qor_win_str_utils.h"
+#include "model/ModeSample.h"
+#include "platform/Folders.h"
+#include "ui/win32/MainWindow.h"
+#include "ui/win32/ResourceIds.h"
+
+namespace {
+
+using namespace UX;
+
+struct Arguments {
+  RendererChoice renderer = RendererChoice::Best;
+  std::string file;
+};
+
+/// Halvex [--renderer dx|gdi] [FILE]
+Arguments ReadArguments() {
+  Arguments arguments;
+  int count = 0;
+  wchar_t** const texts = CommandLineToArgvW(GetCommandLineW(), &count);
+  for (int i = 1; texts != nullptr && i < count; ++i) {
+    const std::string text = qor::win::Utf8FromWide(texts[i]);
+    if (text == "--renderer" && i + 1 < count) {
+      const std::string name = qor::win::Utf8FromWide(texts[++i]);
+      arguments.renderer = name == "gdi"  ? RendererChoice::GDI
+                           : name == "dx" ? RendererChoice::DX
+                                          : RendererChoice::Best;
+    } else {
+      arguments.file = text;
+    }
+  }
+  LocalFree(static_cast<HLOCAL>(texts));
+  return arguments;
+}
+
+/// GDI+ for as long as the object lives.
+class GdiPlus {
+ public:
+  GdiPlus() {
+    const Gdiplus::GdiplusStartupInput input;
+    Gdiplus::GdiplusStartup(&token_, &input, nullptr);
+  }
+  ~GdiPlus() { Gdiplus::GdiplusShutdown(token_); }
+  GdiPlus(const GdiPlus&) = delete;
+  GdiPlus& operator=(const GdiPlus&) = delete;
+
+ private:
+  ULONG_PTR token_ = 0;
+};
+
+qor::TimeOfDay TimeOfDayNow() {
+  const platform::SYSTEMTIME now = platform::SystemClock().LocalTime();
+  return {now.wHour, now.wMinute, now.wSecond, now.wMilliseconds};
+}
+
+/// Whether keys belong to the control that has the focus: it edits text.
+bool IsTyping() {
+  wchar_t name[32] = L"";
+  GetClassNameW(GetFocus(), name, static_cast<int>(std::size(name)));
+  return lstrcmpiW(name, L"EDIT") == 0;
+}
+
+void Dispatch(MSG& message, HWND window, HACCEL accelerators) {
+  const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
+  if (!(isKey && IsTyping()) && TranslateAcceleratorW(window, accelerators, &message)) return;
+  if (IsDialogMessageW(window, &message)) return;
+  TranslateMessage(&message);
+  DispatchMessageW(&message);
+}
+
+/// Runs until WM_QUIT; returns its exit code. While anything moves, frames are drawn one after another; else
+/// the next message is waited for, of which the timer brings one soon.
+int Loop(MainWindow& window, HACCEL accelerators) {
+  constexpr DWORD FrameMilliseconds = 10;
+  while (true) {
+    MSG message;
+    if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+      if (message.message == WM_QUIT) return static_cast<int>(message.wParam);
+      Dispatch(message, window.Window(), accelerators);
+    } else {
+      const DWORD wait = window.OnIdle() ? FrameMilliseconds : INFINITE;
+      MsgWaitForMultipleObjectsEx(0, nullptr, wait, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
+    }
+  }
+}
+
+void LogProgram(Workbench& bench) {
+  bench.Say({"Loaded program contains {1} modes", {bench.document.Program().modes.size()}});
+  bench.Say({"Mode {1} steps count: {2}",
+             {bench.document.CurrentMode() + 1, TCBase::StepCount(bench.document.Mode())}});
+}
+
+/// The program between the start of the system's services and their end.
+int RunWindow(HINSTANCE instance, int show) {
+  platform::Clock& clock = platform::SystemClock();
+  platform::Network& network = platform::SystemNetwork();
+  qor::Log log(TimeOfDayNow);
+  TCBase::Localisation texts;
+  log.SetTranslation(texts.Translator());
+  const std::string folder = platform::SettingsFolder();
+  TCBase::Settings settings(folder, log);
+  for (const qor::Sentence& sentence : texts.SetLanguage(settings.Get(TCBase::SettingLocale)))
+    log.Message(sentence);
+  log.SetTracing(settings.Get(TCBase::SettingLogging) == "on");
+  std::atomic<MainWindow*> shown = nullptr;
+  log.OnLine([&shown] {
+    if (MainWindow* window = shown) window->PostLog();
+  });
+  auto worker = std::make_unique<TCBase::Worker>(TCBase::DeviceContext{clock, log, network},
+                                                 TCBase::Worker::UsbWatch::On);
+  const Arguments arguments = ReadArguments();
+  MainWindow window(instance, {clock, log, settings, texts, *worker}, network, folder);
+  if (!window.Create(arguments.renderer)) return 0;
+  window.Show(show);
+  shown = &window;
+  window.PostLog();
+  window.OpenFirst(arguments.file);
+  window.StartTimer();
+  worker->SetNotification(window.Window(), MainWindow::NotifyMessage);
+  LogProgram(window.Bench());
+  const int result = Loop(window, LoadAcceleratorsW(instance, MAKEINTRESOURCEW(IDC_HALVEX)));
+  worker->SetNotification(nullptr, 0);
+  // A demo is ended in order; an upload is let through, so that no controller is left half written.
+  if (window.Bench().IsDemoRunning()) worker->Control().Post(TCBase::JobControl::Stop);
+  worker->Stop();
+  window.Flush();
+  shown = nullptr;
+  window.ReleaseRenderer();
+  return result;
+}
+
+}  // namespace
+
+int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int show) {
+  INITCOMMONCONTROLSEX controls{
+      sizeof controls, ICC_LISTVIEW_CLASSES | ICC_DATE_CLASSES | ICC_BAR_CLASSES | ICC_STANDARD_CLASSES};
+  InitCommonControlsEx(&controls);
+  int result = 0;
+  try {
+    const GdiPlus gdiPlus;
+    result = RunWindow(instance, show);
+  } catch (const std::exception& failed) {
+    MessageBoxW(nullptr, qor::win::WideFromUtf8(failed.what()).c_str(), L"Halvex", MB_OK | MB_ICONERROR);
+    result = 1;
+  }
+  hid_exit();
+  return result;
+}

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#include "ui/win32/panels/DemoPanel.h"
+
+#include "model/TimeText.h"
+
+namespace UX {
+
+DemoPanel::DemoPanel(const PanelContext& context)
+    : context_(context),
+      play_(MakeButton(context, command::PlayDemo)),
+      pause_(MakeButton(context, command::PauseDemo)),
+      stop_(MakeButton(context, command::StopDemo)),
+      time_(MakeLabel(context)),
+      status_(MakeLabel(context)),
+      hint_(MakeLabel(context)) {}
+
+void DemoPanel::Translate() {
+  const auto translate = context_.workbench.services.texts.Translator();
+  ShowText(play_, "\xE2\x96\xB6 " + translate("Play demo"));
+  ShowText(pause_, "\xE2\x9D\x9A\xE2\x9D\x9A");
+  ShowText(stop_, "\xE2\x96\xA0 " + translate("Stop demo"));
+}
+
+void DemoPanel::Refresh() {
+  const Workbench& workbench = context_.workbench;
+  const auto translate = workbench.services.texts.Translator();
+  TCBase::JobControl& control = workbench.services.worker.Control();
+  const std::int32_t second = workbench.IsDemoRunning() ? control.demoSecond.load() : -1;
+  ShowText(time_, second >= 0 ? TCBase::TimeOfDayText(second) : "");
+  ShowText(status_, workbench.IsDemoRunning()
+                        ? workbench.Text({"Playing whole day in {1} seconds", {workbench.DemoSeconds()}})
+                        : translate("No demo is playing"));
+  const bool isPaused = control.demoState == TCBase::JobControl::DemoPaused;
+  ShowText(pause_, isPaused ? "\xE2\x96\xB6" : "\xE2\x9D\x9A\xE2\x9D\x9A");
+}
+
+void DemoPanel::ShowHint(const std::string& hint) {
+  ShowText(hint_, hint);
+}
+
+void DemoPanel::LayOut(const Frame& row, const Frame& hint) {
+  int left = PlaceButtons(row, {play_, pause_, stop_}, context_.fonts.text.Get(), 32) + Scaled(play_, 6);
+  const int time = Scaled(play_, 78);
+  Place(time_, {left, row.top, time, row.height});
+  left += time;
+  const int drop = Scaled(play_, 4);
+  Place(status_, {left, row.top + drop, row.Right() - left, row.height - drop});
+  Place(hint_, hint);
+}
+
+}  // namespace UX

@@ -1,0 +1,72 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <windows.h>
+// Direct2D's headers need what stands above.
+#include <d2d1.h>
+#include <dwrite.h>
+#include <wrl/client.h>
+
+#include <map>
+#include <utility>
+
+#include "ui/win32/WindowRenderer.h"
+#include "ui/win32/renderers/SceneDrawing.h"
+
+namespace UX {
+
+/// Draws by Direct2D and DirectWrite. The window keeps what was drawn, so that a lane is drawn by itself. A
+/// target that is lost is made anew once; the second loss is final.
+class RendererDX : public WindowRenderer {
+ public:
+  template <typename Interface>
+  using Owned = Microsoft::WRL::ComPtr<Interface>;
+
+  RendererDX(HWND window, Owned<ID2D1Factory> factory, Owned<IDWriteFactory> texts);
+
+  void Draw(const ChartScene& scene) override;
+  void DrawLane(const ChartScene& scene, std::size_t channel) override;
+  void Resize(int width, int height, float scale) override;
+  bool IsLost() const override { return isLost_; }
+
+ private:
+  bool MakeTarget();
+  void SetUpTarget();
+  void Lose();
+  template <typename DrawShapes>
+  bool Frame(DrawShapes draw);
+
+  void Paint(const Box& box);
+  void Paint(const Area& area);
+  void Paint(const Line& line);
+  void Paint(const Mark& mark);
+  void Paint(const Label& label);
+  void Fill(const PixelArea& area, Colour colour);
+  void FillDots(const PixelArea& area, Colour colour);
+  void FillCircle(Point centre, float radius, Colour colour);
+
+  ID2D1Brush* Brush(Colour colour);
+  ID2D1BitmapBrush* Dots(Colour colour);
+  IDWriteTextFormat* Format(float size, bool isBold);
+  Owned<ID2D1PathGeometry> Geometry(const std::vector<Point>& points, bool isFilled);
+  D2D1_RECT_F InScene(const PixelArea& area) const;
+
+  HWND window_;
+  Owned<ID2D1Factory> factory_;
+  Owned<IDWriteFactory> texts_;
+  const wchar_t* family_;
+  std::map<std::pair<float, bool>, Owned<IDWriteTextFormat>> formats_;
+  Owned<ID2D1StrokeStyle> roundJoins_;
+
+  // These belong to the target and go with it.
+  Owned<ID2D1HwndRenderTarget> target_;
+  Owned<ID2D1SolidColorBrush> brush_;
+  std::map<Colour, Owned<ID2D1BitmapBrush>> dots_;
+  bool isWhole_ = false;  // whether the target holds a frame
+
+  int width_ = 0, height_ = 0;  // in pixels
+  PixelGrid grid_{1};
+  bool wasLost_ = false, isLost_ = false;
+};
+
+}  // namespace UX

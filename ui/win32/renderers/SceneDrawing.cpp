@@ -1,0 +1,158 @@
+// SPDX-License-Identifier: MIT
+#include "ui/win32/renderers/SceneDrawing.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "QorLib/qor_win_str_utils.h"
+
+namespace UX {
+namespace {
+
+Rectangle Widened(const Rectangle& rectangle, float margin) {
+  return {rectangle.left - margin, rectangle.top - margin, rectangle.width + 2 * margin,
+          rectangle.height + 2 * margin};
+}
+
+Rectangle BoundsOf(const Box& box) {
+  return box.area;
+}
+
+Rectangle BoundsOf(const Area& area) {
+  return BoundsOf(area.points);
+}
+
+Rectangle BoundsOf(const Line& line) {
+  return Widened(BoundsOf(line.points), line.width / 2);
+}
+
+Rectangle BoundsOf(const Mark& mark) {
+  return Widened({mark.centre.x, mark.centre.y, 0, 0}, mark.radius + mark.lineWidth / 2);
+}
+
+/// Adds to `parts` what of the area the cover leaves.
+void AddUncovered(const PixelArea& area, const PixelArea& cover, std::vector<PixelArea>& parts) {
+  const PixelArea hidden = Common(area, cover);
+  if (hidden.IsEmpty()) {
+    parts.push_back(area);
+    return;
+  }
+  for (const PixelArea& part : {PixelArea{area.left, area.top, area.right, hidden.top},
+                                PixelArea{area.left, hidden.top, hidden.left, hidden.bottom},
+                                PixelArea{hidden.right, hidden.top, area.right, hidden.bottom},
+                                PixelArea{area.left, hidden.bottom, area.right, area.bottom}}) {
+    if (!part.IsEmpty()) parts.push_back(part);
+  }
+}
+
+/// Not measured: no character is wider than two of its heights, and each takes a byte at least.
+Rectangle BoundsOf(const Label& label) {
+  const float width = 2 * label.size * static_cast<float>(label.text.size());
+  return {LeftOf(label, width), label.at.y - 1.5F * label.size, width, 2 * label.size};
+}
+
+}  // namespace
+
+PixelArea Common(const PixelArea& a, const PixelArea& b) {
+  return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
+          std::min(a.bottom, b.bottom)};
+}
+
+PixelArea Inset(const PixelArea& area, int border) {
+  return {area.left + border, area.top + border, area.right - border, area.bottom - border};
+}
+
+int PixelGrid::Nearest(float coordinate) const {
+  return static_cast<int>(std::floor(coordinate * scale_ + 0.5F));
+}
+
+int PixelGrid::Pixels(float length) const {
+  return std::max(1, Nearest(length));
+}
+
+float PixelGrid::Rounded(float coordinate) const {
+  return static_cast<float>(Nearest(coordinate)) / scale_;
+}
+
+PixelArea PixelGrid::AreaOf(const Rectangle& rectangle) const {
+  return {Nearest(rectangle.left), Nearest(rectangle.top), Nearest(rectangle.Right()),
+          Nearest(rectangle.Bottom())};
+}
+
+PixelArea PixelGrid::AreaAround(const Rectangle& rectangle) const {
+  const auto below = [this](float length) { return static_cast<int>(std::floor(length * scale_)); };
+  const auto above = [this](float length) { return static_cast<int>(std::ceil(length * scale_)); };
+  return {below(rectangle.left), below(rectangle.top), above(rectangle.Right()), above(rectangle.Bottom())};
+}
+
+std::optional<PixelArea> PixelGrid::AreaOfStraight(const Line& line) const {
+  if (line.points.size() != 2) return std::nullopt;
+  const Point from = line.points[0], to = line.points[1];
+  if (from.x != to.x && from.y != to.y) return std::nullopt;
+  PixelArea area = AreaOf(BoundsOf(line.points));
+  const int thickness = Pixels(line.width);
+  const float half = static_cast<float>(thickness) / scale_ / 2;
+  if (from.x == to.x) {
+    area.left = Nearest(from.x - half);
+    area.right = area.left + thickness;
+  } else {
+    area.top = Nearest(from.y - half);
+    area.bottom = area.top + thickness;
+  }
+  return area;
+}
+
+PixelArea PixelGrid::AreaOfSquare(Point centre, float half) const {
+  const int left = Nearest(centre.x - half), top = Nearest(centre.y - half), side = Pixels(2 * half);
+  return {left, top, left + side, top + side};
+}
+
+Rectangle PixelGrid::InScene(const PixelArea& area) const {
+  const auto length = [this](int pixels) { return static_cast<float>(pixels) / scale_; };
+  return {length(area.left), length(area.top), length(area.Width()), length(area.Height())};
+}
+
+std::wstring LineOfText(const Label& label) {
+  std::wstring text = qor::win::WideFromUtf8(label.text);
+  std::replace_if(text.begin(), text.end(), [](wchar_t c) { return c < L' '; }, L' ');
+  return text;
+}
+
+float LeftOf(const Label& label, float width) {
+  constexpr float Parts[] = {0, 0.5F, 1};
+  return label.at.x - width * Parts[static_cast<std::size_t>(label.anchor)];
+}
+
+Rectangle BoundsOf(const std::vector<Point>& points) {
+  if (points.empty()) return {};
+  Point least = points.front(), most = points.front();
+  for (const Point& point : points) {
+    least = {std::min(least.x, point.x), std::min(least.y, point.y)};
+    most = {std::max(most.x, point.x), std::max(most.y, point.y)};
+  }
+  return {least.x, least.y, most.x - least.x, most.y - least.y};
+}
+
+bool MayTouch(const Shape& shape, const Rectangle& area) {
+  const Rectangle bounds = std::visit([](const auto& one) { return BoundsOf(one); }, shape);
+  return bounds.left < area.Right() && area.left < bounds.Right() && bounds.top < area.Bottom() &&
+         area.top < bounds.Bottom();
+}
+
+std::vector<Shape> GroundOf(const ChartScene& scene, const PixelGrid& grid) {
+  const Box* const ground = scene.back.empty() ? nullptr : std::get_if<Box>(&scene.back[0]);
+  if (ground == nullptr) return {};
+  std::vector<PixelArea> parts{grid.AreaOf(ground->area)};
+  for (const Shape& shape : std::span(scene.back).subspan(1)) {
+    const Box* const box = std::get_if<Box>(&shape);
+    if (box == nullptr || box->fill >> 24 != 0xFF) continue;
+    std::vector<PixelArea> left;
+    for (const PixelArea& part : parts) AddUncovered(part, grid.AreaOf(box->area), left);
+    parts = std::move(left);
+  }
+  std::vector<Shape> boxes;
+  for (const PixelArea& part : parts) boxes.emplace_back(Box{grid.InScene(part), ground->fill});
+  return boxes;
+}
+
+}  // namespace UX

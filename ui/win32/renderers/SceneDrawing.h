@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+
+#include "ui/ChartScene.h"
+
+/// What the window's renderers share, so that both draw a scene to the same pixels.
+namespace UX {
+
+/// An area in the screen's pixels, from the client area's top left corner; its right and bottom lie outside.
+struct PixelArea {
+  int left = 0, top = 0, right = 0, bottom = 0;
+  int Width() const { return right - left; }
+  int Height() const { return bottom - top; }
+  bool IsEmpty() const { return right <= left || bottom <= top; }
+};
+
+/// What lies in both.
+PixelArea Common(const PixelArea& a, const PixelArea& b);
+/// The area without a border of that many pixels.
+PixelArea Inset(const PixelArea& area, int border);
+
+/// Where lengths of a scene come to lie in the screen's pixels. What is straight fills whole pixels; all else
+/// is smoothed, with a pixel's middle half a pixel from its edges.
+class PixelGrid {
+ public:
+  /// `scale` is the number of pixels for one of a scene's.
+  explicit PixelGrid(float scale) : scale_(scale) {}
+  float Scale() const { return scale_; }
+  /// The length in pixels, at least one.
+  int Pixels(float length) const;
+  int Nearest(float coordinate) const;  // of the edges between pixels
+  float Rounded(float coordinate) const;  // the same, in the scene's measure
+  PixelArea AreaOf(const Rectangle& rectangle) const;
+  /// With every pixel that it touches.
+  PixelArea AreaAround(const Rectangle& rectangle) const;
+  /// The area that an upright or level line fills; none for other lines.
+  std::optional<PixelArea> AreaOfStraight(const Line& line) const;
+  /// All squares with the same half of a side have the same size.
+  PixelArea AreaOfSquare(Point centre, float half) const;
+  Rectangle InScene(const PixelArea& area) const;  // the way back
+  // The dots of a dotted line, and what lies between them
+  int DotLength() const { return Pixels(2); }
+  int DotGap() const { return Pixels(4); }
+
+ private:
+  float scale_;
+};
+
+/// The family for all texts: the first of these that `isThere`; null when none is.
+template <typename IsThere>
+const wchar_t* ChooseFontFamily(IsThere isThere) {
+  for (const wchar_t* family : {L"Segoe UI", L"Noto Sans", L"Liberation Sans", L"DejaVu Sans", L"Arial"}) {
+    if (isThere(family)) return family;
+  }
+  return nullptr;
+}
+
+/// The label's text on one line.
+std::wstring LineOfText(const Label& label);
+/// Where the text begins when it is as wide as that.
+float LeftOf(const Label& label, float width);
+
+Rectangle BoundsOf(const std::vector<Point>& points);
+/// Whether any of the shape may lie in the area.
+bool MayTouch(const Shape& shape, const Rectangle& area);
+
+/// The scene's ground, its first box, without what the boxes over it hide: to fill the window twice would be the
+/// dearest part of a frame. Empty when there is nothing to be saved.
+std::vector<Shape> GroundOf(const ChartScene& scene, const PixelGrid& grid);
+
+/// Hands `draw` the scene's shapes in their order; of a lane alone, those that its area needs.
+template <typename Draw>
+void DrawScene(const ChartScene& scene, const PixelGrid& grid, std::optional<std::size_t> onlyLane, Draw draw) {
+  const auto drawAll = [&](std::span<const Shape> shapes) {
+    for (const Shape& shape : shapes) {
+      if (!onlyLane || MayTouch(shape, scene.laneAreas[*onlyLane])) std::visit(draw, shape);
+    }
+  };
+  const std::vector<Shape> ground = GroundOf(scene, grid);
+  drawAll(ground);
+  drawAll(std::span(scene.back).subspan(ground.empty() ? 0 : 1));
+  for (std::size_t lane = 0; lane < scene.lanes.size(); ++lane) {
+    if (!onlyLane || lane == *onlyLane) drawAll(scene.lanes[lane]);
+  }
+  drawAll(scene.front);
+}
+
+}  // namespace UX
