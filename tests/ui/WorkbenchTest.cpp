@@ -18,6 +18,7 @@
 #include "tests/support/TestLog.h"
 #include "ui/Commands.h"
 #include "ui/PanelEdits.h"
+#include "ui/Recovery.h"
 
 namespace {
 
@@ -119,10 +120,35 @@ TEST_F(Workbench, OpensTheLastFileOrStartsAnew) {
   EXPECT_TRUE(dialogs.seen.empty()) << "silently";
 }
 
+TEST_F(Workbench, OffersWhatACrashLeftBehind) {
+  {
+    UX::Recovery crashed(folder.File("."), bench);
+    bench.Run(command::DeleteMode);
+    crashed.Keep();
+  }
+  bench.document.New(qor::InEnglish);
+  UX::Recovery recovery(folder.File("."), bench);
+  dialogs.answer = UX::Answer::Yes;
+  recovery.Offer();
+  EXPECT_EQ(ModeNames(), Texts{"AlwaysOn"});
+  EXPECT_TRUE(bench.document.IsModified());
+  dialogs.path = folder.File("a.xml");
+  bench.Run(command::Save);
+  recovery.Keep();
+  EXPECT_EQ(folder.FileNames().size(), 2u)
+      << "settings and program; the copy is gone once there is nothing to save";
+  bench.Run(command::DeleteMode);
+  bench.editor.SelectChannel(0);
+  bench.Run(32907);
+  recovery.Keep();
+  dialogs.answer = UX::Answer::No;
+  UX::Recovery(folder.File("."), bench).Offer();
+  EXPECT_EQ(folder.FileNames().size(), 2u) << "declined";
+}
+
 TEST_F(Workbench, ImportsAFileAsAModeOfItsOwn) {
-  test::Write(folder.File("Reef.tmf"), TCBase::ExportTMF(bench.document.Mode()));
-  dialogs.path = folder.File("Reef.tmf");
-  bench.Run(32776);
+  test::Write(folder.File("Reef.TMF"), TCBase::ExportTMF(bench.document.Mode()));
+  UX::OpenFile(bench, folder.File("Reef.TMF"));
   EXPECT_EQ(ModeNames(), (Texts{"Normal", "AlwaysOn", "Reef"}));
   EXPECT_EQ(bench.document.CurrentMode(), 2u);
   EXPECT_EQ(TCBase::StepCount(bench.document.Mode()), 12);

@@ -13,7 +13,7 @@ namespace {
 // At 96 dpi
 constexpr int Margin = 8, Gap = 6, SmallGap = 4;
 constexpr int LeastColumnWidth = 258, MostColumnWidth = 380;
-constexpr int ScrollBarHeight = 17, ZoomBarWidth = 130, ZoomBarHeight = 22;
+constexpr int ScrollBarHeight = 17, ZoomBarWidth = 130, ZoomBarHeight = 24;
 constexpr int ButtonHeight = 24, HintHeight = 18, LeastLogHeight = 100;
 constexpr int DescriptionHeight = 74;
 constexpr int LogoWidth = 256, LogoHeight = 100, LogoRight = 266, LogoBottom = 110;
@@ -49,7 +49,7 @@ Ctrls::Ctrls(HINSTANCE instance, HWND window, Workbench& workbench, RendererChoi
       chart_(instance, window, workbench, choice),
       scrollBar_(MakeControl(context_, L"SCROLLBAR", SBS_HORZ, ScrollBarId)),
       zoomLabel_(MakeLabel(context_)),
-      zoomBar_(MakeControl(context_, TRACKBAR_CLASSW, WS_TABSTOP | TBS_NOTICKS | TBS_BOTH, ZoomBarId)),
+      zoomBar_(MakeControl(context_, TRACKBAR_CLASSW, WS_TABSTOP | TBS_NOTICKS, ZoomBarId)),
       demo_(context_),
       devices_(context_),
       modes_(context_),

@@ -4,6 +4,12 @@
 #include "model/TimeText.h"
 
 namespace UX {
+namespace {
+
+// Signs that nearly all fonts have: a triangle, a square, two bars
+constexpr const char *Play = "\xE2\x96\xBA", *Stop = "\xE2\x96\xA0", *Pause = "\xE2\x96\x8C\xE2\x96\x8C";
+
+}  // namespace
 
 DemoPanel::DemoPanel(const PanelContext& context)
     : context_(context),
@@ -16,9 +22,9 @@ DemoPanel::DemoPanel(const PanelContext& context)
 
 void DemoPanel::Translate() {
   const auto translate = context_.workbench.services.texts.Translator();
-  ShowText(play_, "\xE2\x96\xB6 " + translate("Play demo"));
-  ShowText(pause_, "\xE2\x9D\x9A\xE2\x9D\x9A");
-  ShowText(stop_, "\xE2\x96\xA0 " + translate("Stop demo"));
+  ShowText(play_, std::string(Play) + " " + translate("Play demo"));
+  ShowText(pause_, Pause);
+  ShowText(stop_, std::string(Stop) + " " + translate("Stop demo"));
 }
 
 void DemoPanel::Refresh() {
@@ -31,7 +37,7 @@ void DemoPanel::Refresh() {
                         ? workbench.Text({"Playing whole day in {1} seconds", {workbench.DemoSeconds()}})
                         : translate("No demo is playing"));
   const bool isPaused = control.demoState == TCBase::JobControl::DemoPaused;
-  ShowText(pause_, isPaused ? "\xE2\x96\xB6" : "\xE2\x9D\x9A\xE2\x9D\x9A");
+  ShowText(pause_, isPaused ? Play : Pause);
 }
 
 void DemoPanel::ShowHint(const std::string& hint) {
