@@ -59,6 +59,7 @@ void Workbench::ProgramChanged() {
 
 void Workbench::ShowMode(std::size_t mode) {
   if (mode == document.CurrentMode()) return;
+  if (IsDemoRunning()) return view.Refresh();  // the demo's mode stays in sight
   editor.Reset();
   document.SetCurrentMode(mode);
   ProgramChanged();
@@ -122,6 +123,12 @@ bool Workbench::SaveTo(const std::string& path) {
 void Workbench::DevicesChanged() {
   devices.Update(services.worker.UsbDevices(), services.worker.NetworkDevices());
   view.Refresh();
+}
+
+void Workbench::ScanEnded() {
+  const auto failure = services.worker.ScanFailure();
+  if (failure && !failure->text.empty()) services.log.ForeignMessage(failure->text);
+  DevicesChanged();
 }
 
 int Workbench::DemoSeconds() const {

@@ -75,6 +75,8 @@ class Workbench {
 
   /// To be called when the worker has seen devices come or go.
   void DevicesChanged();
+  /// The same for the search of the network, which may have failed.
+  void ScanEnded();
   /// To be called when a job was handed to the worker.
   void JobStarted() { wasBusy_ = true; }
 

@@ -13,6 +13,7 @@ namespace {
 
 constexpr const wchar_t* ClassName = L"HalvexRenderWnd";
 constexpr int LinesPerNotch = 3;
+constexpr double SlowFrameSeconds = 0.03;
 
 bool IsDown(int key) {
   return (GetKeyState(key) & 0x8000) != 0;
@@ -84,9 +85,28 @@ ChartWindow::ChartWindow(HINSTANCE instance, HWND parent, Workbench& workbench, 
 }
 
 void ChartWindow::InitRenderer() {
-  if (choice_ != RendererChoice::GDI) renderer_ = MakeRendererDX(window_);
+  if (choice_ == RendererChoice::DX) renderer_ = MakeRendererDX(window_);
   if (!renderer_) renderer_ = MakeRendererGDI(window_);
   Resized();
+}
+
+double ChartWindow::SecondsForFrame(WindowRenderer& renderer) const {
+  platform::Clock& clock = workbench_.services.clock;
+  const std::int64_t start = clock.Counter();
+  renderer.Draw(MakeScene());
+  return static_cast<double>(clock.Counter() - start) / static_cast<double>(clock.Frequency());
+}
+
+void ChartWindow::UseBestRenderer() {
+  if (choice_ != RendererChoice::Best) return;
+  auto direct = MakeRendererDX(window_);
+  if (!direct) return;
+  RECT client{};
+  GetClientRect(window_, &client);
+  direct->Resize(client.right, client.bottom, ScaleOf(window_));
+  SecondsForFrame(*direct);  // the first one fills its caches
+  if (SecondsForFrame(*direct) <= SlowFrameSeconds && !direct->IsLost()) renderer_ = std::move(direct);
+  isStale_ = true;
 }
 
 /// After a loss for good: GDI+ draws wherever there is a screen.
@@ -186,6 +206,12 @@ void ChartWindow::FollowEditor() {
     selection_.JumpTo(mayAnimate_ ? 0.0F : 1.0F);
     selection_.GlideTo(1);
   }
+}
+
+bool ChartWindow::IsQuiet() const {
+  return !isStale_ && std::ranges::none_of(staleLanes_, std::identity()) && !IsAnimating() &&
+         shownSpan_ == workbench_.span && hovered_ == workbench_.editor.HoveredStep() &&
+         selected_ == workbench_.editor.SelectedChannel();
 }
 
 void ChartWindow::Advance(float seconds) {

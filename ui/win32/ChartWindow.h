@@ -22,7 +22,11 @@ class ChartWindow {
   ChartWindow(HINSTANCE instance, HWND parent, Workbench& workbench, RendererChoice choice);
 
   HWND Window() const { return window_; }
+  /// GDI+ brings the first picture soonest; Direct2D follows in UseBestRenderer.
   void InitRenderer();
+  /// To be called once the window has been shown: takes Direct2D, unless it is not to be had, draws slowly
+  /// for want of a graphics card, or was not asked for.
+  void UseBestRenderer();
   void ReleaseRenderer() { renderer_.reset(); }
   /// A place or the scaling has changed.
   void Resized();
@@ -31,6 +35,8 @@ class ChartWindow {
   /// Lets animations go on.
   void Advance(float seconds);
   bool IsAnimating() const { return hover_.IsMoving() || selection_.IsMoving(); }
+  /// Whether what is shown is what is there.
+  bool IsQuiet() const;
   /// Draws what has changed since the last call; whether anything had.
   bool DrawFrame();
   /// The system's colours or effects have changed.
@@ -51,6 +57,7 @@ class ChartWindow {
   ChartScene MakeScene() const;
   void DrawAll();
   void UseNextRenderer();
+  double SecondsForFrame(WindowRenderer& renderer) const;
   void FollowEditor();
 
   Workbench& workbench_;

@@ -113,6 +113,7 @@ void MainWindow::ReleaseRenderer() {
 }
 
 void MainWindow::Close() {
+  KeepPlace();
   recovery_.Remove();
   DestroyWindow(window_);
 }
@@ -230,21 +231,25 @@ double MainWindow::SecondsSince(std::int64_t counter) const {
          static_cast<double>(services_.clock.Frequency());
 }
 
-bool MainWindow::OnIdle() {
-  if (!ctrls_ || !IsWindow(window_)) return false;
+void MainWindow::OnIdle() {
+  if (!ctrls_ || !IsWindow(window_)) return;
   ctrls_->Chart().Advance(static_cast<float>(std::min(SecondsSince(lastFrame_), 0.1)));
   lastFrame_ = services_.clock.Counter();
   if (isStale_) RefreshNow();
-  const bool isDemo = workbench_.IsDemoRunning();
-  if (isDemo) RedrawChart();
+  if (workbench_.IsDemoRunning()) RedrawChart();
   ctrls_->Chart().DrawFrame();
-  return isDemo || ctrls_->Chart().IsAnimating() || SecondsSince(idleSince_) < IdleSeconds;
+}
+
+bool MainWindow::IsQuiet() const {
+  return !isStale_ && ctrls_ && ctrls_->Chart().IsQuiet() && !workbench_.IsDemoRunning() &&
+         SecondsSince(idleSince_) >= IdleSeconds;
 }
 
 void MainWindow::OnTimer(WPARAM id) {
   if (id == StartTimerId) {
     KillTimer(window_, StartTimerId);
     PostMessageW(window_, StartedMessage, 0, 0);
+    ctrls_->Chart().UseBestRenderer();
   }
   if (id != TimerId) return;
   const bool wasDemo = workbench_.IsDemoRunning();
@@ -255,6 +260,7 @@ void MainWindow::OnTimer(WPARAM id) {
     ctrls_->RefreshDemo();
   }
   if (isStale_) RefreshNow();
+  ctrls_->Chart().DrawFrame();  // while a menu or a dialog has the loop
   if (mayRecover_ && ++ticks_ % TicksPerRecovery == 0) recovery_.Keep();
 }
 
@@ -266,17 +272,23 @@ void MainWindow::OnStarted() {
   isStale_ = true;
 }
 
-void MainWindow::OnDevices() {
-  workbench_.DevicesChanged();
-  isStale_ = true;
+/// The smallest size that shows everything, or that of the screen where it has less room.
+POINT MainWindow::LeastSize() const {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(window_, MONITOR_DEFAULTTONEAREST), &monitor);
+  const RECT& room = monitor.rcWork;
+  return {std::min<LONG>(Scaled(window_, LeastWidth), room.right - room.left),
+          std::min<LONG>(Scaled(window_, LeastHeight), room.bottom - room.top)};
 }
 
 // Messages
 
 void MainWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
-  if (ctrls_->OnCommand(reinterpret_cast<HWND>(lParam), LOWORD(wParam), HIWORD(wParam))) return;
   const bool wasDemo = workbench_.IsDemoRunning();
-  workbench_.Run(LOWORD(wParam));
+  if (!ctrls_->OnCommand(reinterpret_cast<HWND>(lParam), LOWORD(wParam), HIWORD(wParam))) {
+    workbench_.Run(LOWORD(wParam));
+  }
   if (IsWindow(window_) && wasDemo != workbench_.IsDemoRunning()) OnStarted();
 }
 
@@ -286,6 +298,12 @@ void MainWindow::OnDrop(WPARAM drop) {
   DragQueryFileW(files, 0, path.data(), static_cast<UINT>(path.size() + 1));
   DragFinish(files);
   if (!path.empty()) OpenFile(workbench_, qor::win::Utf8FromWide(path));
+}
+
+/// Keys belong to the controls: to the one that had them before a dialog or another program came.
+void MainWindow::OnFocus() {
+  const bool isThere = IsChild(window_, focused_) && IsWindowEnabled(focused_);
+  SetFocus(isThere ? focused_ : ctrls_->Chart().Window());
 }
 
 void MainWindow::Paint() {
@@ -298,10 +316,7 @@ void MainWindow::Paint() {
 
 std::optional<LRESULT> MainWindow::OnPlacement(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
-    case WM_GETMINMAXINFO:
-      reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {Scaled(window_, LeastWidth),
-                                                               Scaled(window_, LeastHeight)};
-      return 0;
+    case WM_GETMINMAXINFO: reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = LeastSize(); return 0;
     case WM_SIZE:
       idleSince_ = services_.clock.Counter();
       if (ctrls_ && wParam != SIZE_MINIMIZED) ctrls_->LayOut();
@@ -339,6 +354,13 @@ std::optional<LRESULT> MainWindow::OnInput(UINT message, WPARAM wParam, LPARAM l
     case WM_DRAWITEM: ctrls_->DrawButton(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam)); return TRUE;
     case WM_INITMENUPOPUP: UpdateMenuBar(GetMenu(window_), workbench_); return 0;
     case WM_DROPFILES: OnDrop(wParam); return 0;
+    case WM_ACTIVATE:
+      if (LOWORD(wParam) == WA_INACTIVE) focused_ = GetFocus();
+      return std::nullopt;
+    case WM_SETFOCUS: OnFocus(); return 0;
+    case WM_NEXTDLGCTL:  // what the edit control for several lines makes of Tab
+      SetFocus(GetNextDlgTabItem(window_, GetFocus(), wParam != 0));
+      return 0;
     case WM_CONTEXTMENU:
       if (reinterpret_cast<HWND>(wParam) != ctrls_->Log().Window()) return std::nullopt;
       ctrls_->Log().ShowMenu({static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))});
@@ -353,14 +375,11 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (const auto result = OnInput(message, wParam, lParam)) return *result;
   switch (message) {
     case FlushLogMessage: Flush(); return 0;
-    case DevicesMessage:
-    case NotifyMessage: OnDevices(); return 0;
+    case DevicesMessage: workbench_.ScanEnded(); return 0;
+    case NotifyMessage: workbench_.DevicesChanged(); return 0;
     case StartedMessage: OnStarted(); return 0;
     case WM_TIMER: OnTimer(wParam); return 0;
-    case WM_CLOSE:
-      KeepPlace();
-      workbench_.Run(command::Exit);
-      return 0;
+    case WM_CLOSE: workbench_.Run(command::Exit); return 0;
     case WM_QUERYENDSESSION:
       if (mayRecover_) recovery_.Keep();
       return TRUE;

@@ -40,8 +40,10 @@ class MainWindow : public View {
   void PostLog();
   void Flush();
 
-  /// Once there is no message: lets animations go on and draws. Whether to come back soon.
-  bool OnIdle();
+  /// Once there is no message: lets animations go on and draws.
+  void OnIdle();
+  /// Whether there is nothing to draw until the next message.
+  bool IsQuiet() const;
   void ReleaseRenderer();
 
   // View
@@ -60,16 +62,17 @@ class MainWindow : public View {
   std::optional<LRESULT> OnPlacement(UINT message, WPARAM wParam, LPARAM lParam);
   void RefreshNow();
   void OnTimer(WPARAM id);
-  void OnDevices();
   void OnStarted();
   void OnCommand(WPARAM wParam, LPARAM lParam);
   void OnDrop(WPARAM drop);
+  void OnFocus();
   void OnDestroy();
   void Paint();
   void RebuildMenu();
   void ShowContextMenu(POINT at);
   void RestorePlace(int command);
   void KeepPlace();
+  POINT LeastSize() const;
   double SecondsSince(std::int64_t counter) const;
 
   HINSTANCE instance_;
@@ -80,6 +83,7 @@ class MainWindow : public View {
   Recovery recovery_;
   bool mayRecover_;
   HWND window_ = nullptr;
+  HWND focused_ = nullptr;  // the control that had the focus when another window came to the front
   std::atomic<HWND> logWindow_ = nullptr;
   std::atomic<bool> isLogPosted_ = false;
   std::unique_ptr<Ctrls> ctrls_;

@@ -63,16 +63,18 @@ qor::TimeOfDay TimeOfDayNow() {
   return {now.wHour, now.wMinute, now.wSecond, now.wMilliseconds};
 }
 
-/// Whether keys belong to the control that has the focus: it edits text.
-bool IsTyping() {
+/// Whether the key belongs to the control that has the focus, and to no command: it edits or shows text.
+bool IsForText(const MSG& message) {
+  if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
   wchar_t name[32] = L"";
-  GetClassNameW(GetFocus(), name, static_cast<int>(std::size(name)));
-  return lstrcmpiW(name, L"EDIT") == 0;
+  GetClassNameW(message.hwnd, name, static_cast<int>(std::size(name)));
+  if (lstrcmpiW(name, L"EDIT") == 0) return true;
+  const bool isLog = CompareStringOrdinal(name, 8, L"RICHEDIT", 8, TRUE) == CSTR_EQUAL;
+  return isLog && GetKeyState(VK_CONTROL) >= 0 && GetKeyState(VK_MENU) >= 0;
 }
 
 void Dispatch(MSG& message, HWND window, HACCEL accelerators) {
-  const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
-  if (!(isKey && IsTyping()) && TranslateAcceleratorW(window, accelerators, &message)) return;
+  if (!IsForText(message) && TranslateAcceleratorW(window, accelerators, &message)) return;
   if (IsDialogMessageW(window, &message)) return;
   TranslateMessage(&message);
   DispatchMessageW(&message);
@@ -82,16 +84,19 @@ void Dispatch(MSG& message, HWND window, HACCEL accelerators) {
 /// the next message is waited for, of which the timer brings one soon.
 int Loop(MainWindow& window, HACCEL accelerators) {
   constexpr DWORD FrameMilliseconds = 10;
-  while (true) {
-    MSG message;
-    if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-      if (message.message == WM_QUIT) return static_cast<int>(message.wParam);
+  MSG message{};
+  while (message.message != WM_QUIT) {
+    if (window.IsQuiet()) {
+      if (GetMessageW(&message, nullptr, 0, 0) > 0) Dispatch(message, window.Window(), accelerators);
+    } else if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
       Dispatch(message, window.Window(), accelerators);
     } else {
-      const DWORD wait = window.OnIdle() ? FrameMilliseconds : INFINITE;
+      window.OnIdle();
+      const DWORD wait = window.IsQuiet() ? 0 : FrameMilliseconds;
       MsgWaitForMultipleObjectsEx(0, nullptr, wait, QS_ALLINPUT, MWMO_INPUTAVAILABLE);
     }
   }
+  return static_cast<int>(message.wParam);
 }
 
 void LogProgram(Workbench& bench) {

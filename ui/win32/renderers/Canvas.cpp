@@ -13,7 +13,8 @@ struct PictureFormat {
   DWORD masks[3] = {0xFF0000, 0xFF00, 0xFF};
 };
 
-/// With its masks spelled out a picture has no opacity: Wine's GDI+ draws into others the long way, many times slower.
+/// With its masks spelled out a picture has no opacity: Wine's GDI+ draws into others the long way, many
+/// times slower.
 PictureFormat FormatOf(int width, int height) {
   PictureFormat format;
   format.header.biSize = sizeof format.header;
@@ -112,12 +113,22 @@ Canvas& Canvas::operator=(Canvas&& other) noexcept {
   std::swap(picture_, other.picture_);
   std::swap(former_, other.former_);
   std::swap(smooth_, other.smooth_);
+  std::swap(isSmoothing_, other.isSmoothing_);
   std::swap(clip_, other.clip_);
   return *this;
 }
 
 Gdiplus::Graphics& Canvas::Smooth() {
+  isSmoothing_ = true;
   return *smooth_;
+}
+
+/// To be called before the pixels are touched otherwise.
+void Canvas::FinishSmooth() {
+  if (!isSmoothing_) return;
+  smooth_->Flush(Gdiplus::FlushIntentionSync);
+  GdiFlush();
+  isSmoothing_ = false;
 }
 
 void Canvas::SetClip(const PixelArea& area) {
@@ -132,7 +143,7 @@ void Canvas::ResetClip() {
 
 void Canvas::Fill(const PixelArea& area, Colour colour) {
   const PixelArea visible = Common(area, clip_);
-  GdiFlush();
+  FinishSmooth();
   for (int y = visible.top; y < visible.bottom; ++y) {
     MixRun(At(visible.left, y), static_cast<std::size_t>(visible.Width()), colour, WeightOf(colour >> 24));
   }
@@ -140,10 +151,10 @@ void Canvas::Fill(const PixelArea& area, Colour colour) {
 
 void Canvas::FillDots(const PixelArea& area, int length, int gap, Colour colour) {
   const PixelArea visible = Common(area, clip_);
-  GdiFlush();
+  FinishSmooth();
   for (int y = visible.top; y < visible.bottom; ++y) {
     for (int x = visible.left; x < visible.right; ++x) {
-      if ((x - area.left) % (length + gap) < length) *At(x, y) = colour;
+      if ((x - area.left) % (length + gap) < length) MixRun(At(x, y), 1, colour, WeightOf(colour >> 24));
     }
   }
 }
@@ -151,32 +162,45 @@ void Canvas::FillDots(const PixelArea& area, int length, int gap, Colour colour)
 void Canvas::Put(const Mask& mask, int x, int y, Colour colour) {
   const int left = x + mask.left, top = y + mask.top;
   const PixelArea visible = Common({left, top, left + mask.width, top + mask.height}, clip_);
-  GdiFlush();
+  FinishSmooth();
   for (int row = visible.top; row < visible.bottom; ++row) {
-    const std::uint8_t* const coverage = mask.coverage.data() + (row - top) * mask.width + (visible.left - left);
+    const std::uint8_t* const coverage =
+        mask.coverage.data() + (row - top) * mask.width + (visible.left - left);
     MixRow(At(visible.left, row), coverage, static_cast<std::size_t>(visible.Width()), colour);
   }
 }
 
 void Canvas::FillThrough(Canvas& mask, const PixelArea& area, Colour colour) {
   const PixelArea visible = Common(area, clip_);
-  GdiFlush();
+  FinishSmooth();
+  mask.FinishSmooth();
   for (int y = visible.top; y < visible.bottom; ++y) {
     std::uint32_t* const coverage = mask.At(visible.left - area.left, y - area.top);
     MixRow(At(visible.left, y), coverage, static_cast<std::size_t>(visible.Width()), colour);
   }
 }
 
-Mask Canvas::AsMask() const {
-  GdiFlush();
-  Mask mask{0, 0, width_, height_, {}};
-  mask.coverage.reserve(static_cast<std::size_t>(width_ * height_));
-  std::transform(pixels_, pixels_ + width_ * height_, std::back_inserter(mask.coverage),
-                 [](std::uint32_t pixel) { return static_cast<std::uint8_t>(pixel & 0xFF); });
+Mask Canvas::AsMask(int width, int height, int reduction) {
+  FinishSmooth();
+  Mask mask{0, 0, width, height, {}};
+  mask.coverage.reserve(static_cast<std::size_t>(width * height));
+  for (int y = 0; y < height; ++y) {
+    for (int x = 0; x < width; ++x) mask.coverage.push_back(MeanAt(x * reduction, y * reduction, reduction));
+  }
   return mask;
 }
 
-void Canvas::CopyTo(HDC context, const PixelArea& area) const {
+/// The mean brightness of a square of pixels.
+std::uint8_t Canvas::MeanAt(int left, int top, int side) const {
+  std::uint32_t sum = 0;
+  for (int y = top; y < top + side; ++y) {
+    for (int x = left; x < left + side; ++x) sum += *At(x, y) & 0xFF;
+  }
+  return static_cast<std::uint8_t>(sum / static_cast<std::uint32_t>(side * side));
+}
+
+void Canvas::CopyTo(HDC context, const PixelArea& area) {
+  FinishSmooth();
   BitBlt(context, area.left, area.top, area.Width(), area.Height(), context_, area.left, area.top, SRCCOPY);
 }
 

@@ -22,12 +22,13 @@ struct Mask {
   std::vector<std::uint8_t> coverage;
 };
 
-/// A picture in memory, black at first, of 32 bits a pixel without opacity. Smooth shapes are drawn into it by GDI+;
-/// what fills whole pixels, or has a mask, is written into them directly, which takes a fraction of the time.
+/// A picture in memory, black at first, of 32 bits a pixel without opacity. Smooth shapes are drawn into it
+/// by GDI+; what fills whole pixels, or has a mask, is written into them directly, which takes a fraction of
+/// the time.
 class Canvas {
  public:
   Canvas() = default;
-  /// Is empty, and drawing into it does nothing, when the system has no memory for it.
+  /// Is empty when the system has no memory for it.
   Canvas(int width, int height);
   ~Canvas();
   Canvas(Canvas&& other) noexcept { *this = static_cast<Canvas&&>(other); }
@@ -36,23 +37,29 @@ class Canvas {
   bool IsEmpty() const { return pixels_ == nullptr; }
   const PixelArea& Clip() const { return clip_; }
   PixelArea Whole() const { return {0, 0, width_, height_}; }
-  /// To draw into the canvas by GDI+, with antialiasing and in pixels; only when it is not empty.
+  bool HasRoomFor(int width, int height) const { return width <= width_ && height <= height_; }
+  // What follows is for a canvas that is not empty.
+  /// To draw into it by GDI+, with antialiasing and in pixels; not to be kept.
   Gdiplus::Graphics& Smooth();
-  // What limits all drawing; these only when the canvas is not empty
+  /// Limits all drawing to the area.
   void SetClip(const PixelArea& area);
   void ResetClip();
 
   void Fill(const PixelArea& area, Colour colour);
   void FillDots(const PixelArea& area, int length, int gap, Colour colour);
   void Put(const Mask& mask, int x, int y, Colour colour);
-  /// Covers the area through what is drawn in the top left corner of another canvas, in white on black, which
-  /// is black again afterwards.
+  /// Covers the area through what is drawn in the top left corner of another canvas, in white on black. What
+  /// it took is black again there.
   void FillThrough(Canvas& mask, const PixelArea& area, Colour colour);
-  /// How bright the pixels are.
-  Mask AsMask() const;
-  void CopyTo(HDC context, const PixelArea& area) const;
+  /// How bright the pixels in the top left corner are, each the mean of a square of that many pixels a side.
+  Mask AsMask(int width, int height, int reduction = 1);
+  void CopyTo(HDC context, const PixelArea& area);
+  /// For other ways to draw into it.
+  HDC Context() const { return context_; }
 
  private:
+  void FinishSmooth();
+  std::uint8_t MeanAt(int left, int top, int side) const;
   std::uint32_t* At(int x, int y) const;
 
   int width_ = 0, height_ = 0;
@@ -61,6 +68,7 @@ class Canvas {
   HBITMAP picture_ = nullptr;
   HGDIOBJ former_ = nullptr;
   std::unique_ptr<Gdiplus::Graphics> smooth_;
+  bool isSmoothing_ = false;  // whether GDI+ may still be at it
   PixelArea clip_;
 };
 

@@ -27,28 +27,23 @@ int RoundedUp(float length) {
 
 }  // namespace
 
-Masks::Masks() : measure_(1, 1), family_(MakeFamily()) {}
+Masks::Masks() : family_(MakeFamily()) {
+  const Gdiplus::StringFormat& tight = *Gdiplus::StringFormat::GenericTypographic();
+  format_ = std::make_unique<Gdiplus::StringFormat>(&tight);
+  format_->SetFormatFlags(tight.GetFormatFlags() | Gdiplus::StringFormatFlagsMeasureTrailingSpaces);
+}
 
 const Masks::Text& Masks::TextOf(const std::wstring& text, float size, bool isBold) {
-  if (texts_.size() > MostTexts) texts_.clear();
-  const auto [place, isNew] = texts_.try_emplace({text, size, isBold});
-  if (isNew) place->second = Draw(text, FaceOf(size, isBold));
-  return place->second;
+  const std::tuple key{text, size, isBold};
+  if (const auto found = texts_.find(key); found != texts_.end()) return found->second;
+  if (texts_.size() >= MostTexts) texts_.clear();
+  return texts_[key] = MakeText(text, FaceOf(size, isBold));
 }
 
 const Mask& Masks::CircleOf(float radius) {
-  const auto [place, isNew] = circles_.try_emplace(radius);
-  if (isNew) {
-    const int half = RoundedUp(radius) + 1;
-    Canvas canvas(2 * half, 2 * half);
-    if (canvas.IsEmpty()) return place->second;
-    const Gdiplus::SolidBrush white(Gdiplus::Color(0xFFFFFFFF));
-    const float corner = static_cast<float>(half) - radius;
-    canvas.Smooth().FillEllipse(&white, corner, corner, 2 * radius, 2 * radius);
-    place->second = canvas.AsMask();
-    place->second.left = place->second.top = -half;
-  }
-  return place->second;
+  const auto key = static_cast<int>(std::lround(radius * 4));
+  if (const auto found = circles_.find(key); found != circles_.end()) return found->second;
+  return circles_[key] = MakeCircle(static_cast<float>(key) / 4);
 }
 
 const Masks::Face& Masks::FaceOf(float size, bool isBold) {
@@ -61,21 +56,40 @@ const Masks::Face& Masks::FaceOf(float size, bool isBold) {
   return face;
 }
 
-Masks::Text Masks::Draw(const std::wstring& text, const Face& face) {
-  if (measure_.IsEmpty()) return {};
-  Gdiplus::StringFormat format(Gdiplus::StringFormat::GenericTypographic());
-  format.SetFormatFlags(format.GetFormatFlags() | Gdiplus::StringFormatFlagsMeasureTrailingSpaces);
+/// Makes the canvas black, and as large as that at least; false when there is no memory.
+bool Masks::Clear(int width, int height) {
+  if (!canvas_.HasRoomFor(width, height)) canvas_ = Canvas(width, height);
+  if (canvas_.IsEmpty()) return false;
+  canvas_.Fill(canvas_.Whole(), 0xFF000000);
+  return true;
+}
+
+Masks::Text Masks::MakeText(const std::wstring& text, const Face& face) {
+  if (!Clear(1, 1)) return {};
   const int length = static_cast<int>(text.size());
   Gdiplus::RectF box;
-  measure_.Smooth().MeasureString(text.data(), length, face.font.get(), Gdiplus::PointF(), &format, &box);
-  Canvas canvas(RoundedUp(box.Width) + 2 * Margin, RoundedUp(box.Height) + 2 * Margin);
-  if (canvas.IsEmpty()) return {};
-  const Gdiplus::SolidBrush white(Gdiplus::Color(0xFFFFFFFF));
-  canvas.Smooth().DrawString(text.data(), length, face.font.get(), Gdiplus::PointF(Margin, Margin), &format, &white);
-  Text result{canvas.AsMask(), box.Width};
+  canvas_.Smooth().MeasureString(text.data(), length, face.font.get(), Gdiplus::PointF(), format_.get(),
+                                 &box);
+  const int width = RoundedUp(box.Width) + 2 * Margin, height = RoundedUp(box.Height) + 2 * Margin;
+  if (!Clear(width, height)) return {};
+  canvas_.Smooth().DrawString(text.data(), length, face.font.get(), Gdiplus::PointF(Margin, Margin),
+                              format_.get(), &white_);
+  Text result{canvas_.AsMask(width, height), box.Width};
   result.mask.left = -Margin;
   result.mask.top = -Margin - static_cast<int>(std::lround(face.ascent));
   return result;
+}
+
+/// Reduced from a larger one: small circles come out rounder than GDI+ smooths them.
+Mask Masks::MakeCircle(float radius) {
+  constexpr int Reduction = 4;
+  const int half = RoundedUp(radius);
+  if (!Clear(2 * half * Reduction, 2 * half * Reduction)) return {};
+  const float corner = (static_cast<float>(half) - radius) * Reduction, diameter = 2 * radius * Reduction;
+  canvas_.Smooth().FillEllipse(&white_, corner, corner, diameter, diameter);
+  Mask mask = canvas_.AsMask(2 * half, 2 * half, Reduction);
+  mask.left = mask.top = -half;
+  return mask;
 }
 
 }  // namespace UX

@@ -22,7 +22,7 @@ class Masks {
   Masks();
   /// `size` is the height of the font. The result lives until the next call.
   const Text& TextOf(const std::wstring& text, float size, bool isBold);
-  /// Around the pixels' common corner. The result lives until the next call.
+  /// Around the common corner of four pixels. The result lives until the next call.
   const Mask& CircleOf(float radius);
 
  private:
@@ -32,13 +32,17 @@ class Masks {
   };
 
   const Face& FaceOf(float size, bool isBold);
-  Text Draw(const std::wstring& text, const Face& face);
+  bool Clear(int width, int height);
+  Text MakeText(const std::wstring& text, const Face& face);
+  Mask MakeCircle(float radius);
 
-  Canvas measure_;
+  Canvas canvas_;
+  Gdiplus::SolidBrush white_{Gdiplus::Color(0xFFFFFFFF)};
+  std::unique_ptr<Gdiplus::StringFormat> format_;
   std::unique_ptr<Gdiplus::FontFamily> family_;
   std::map<std::pair<float, bool>, Face> faces_;
   std::map<std::tuple<std::wstring, float, bool>, Text> texts_;
-  std::map<float, Mask> circles_;
+  std::map<int, Mask> circles_;  // by quarters of a pixel
 };
 
 }  // namespace UX

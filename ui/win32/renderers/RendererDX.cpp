@@ -40,19 +40,6 @@ class OpenTarget {
   ID2D1RenderTarget* target_;
 };
 
-class Clip {
- public:
-  Clip(ID2D1RenderTarget* target, const D2D1_RECT_F& area) : target_(target) {
-    target->PushAxisAlignedClip(area, D2D1_ANTIALIAS_MODE_ALIASED);
-  }
-  ~Clip() { target_->PopAxisAlignedClip(); }
-  Clip(const Clip&) = delete;
-  Clip& operator=(const Clip&) = delete;
-
- private:
-  ID2D1RenderTarget* target_;
-};
-
 /// Null when the system has no such library or function. The library stays for good.
 template <typename Function>
 Function* FindFunction(const wchar_t* library, const char* name) {
@@ -108,14 +95,13 @@ std::unique_ptr<WindowRenderer> MakeRendererDX(HWND window) {
 }
 
 RendererDX::RendererDX(HWND window, Owned<ID2D1Factory> factory, Owned<IDWriteFactory> texts)
-    : window_(window), factory_(std::move(factory)), texts_(std::move(texts)), family_(FamilyOf(texts_.Get())) {
+    : window_(window),
+      factory_(std::move(factory)),
+      texts_(std::move(texts)),
+      family_(FamilyOf(texts_.Get())) {
   const D2D1_STROKE_STYLE_PROPERTIES joins = D2D1::StrokeStyleProperties(
       D2D1_CAP_STYLE_FLAT, D2D1_CAP_STYLE_FLAT, D2D1_CAP_STYLE_FLAT, D2D1_LINE_JOIN_ROUND);
   factory_->CreateStrokeStyle(joins, nullptr, 0, roundJoins_.GetAddressOf());
-  RECT area{};
-  GetClientRect(window, &area);
-  width_ = area.right;
-  height_ = area.bottom;
   isLost_ = !MakeTarget();
 }
 
@@ -124,35 +110,22 @@ bool RendererDX::MakeTarget() {
   dots_.clear();
   brush_.Reset();
   target_.Reset();
-  const D2D1_SIZE_U size{static_cast<UINT32>(std::max(width_, 1)), static_cast<UINT32>(std::max(height_, 1))};
-  // With what it showed kept, a lane can be drawn by itself; waiting for the screen would hold up the window.
-  const auto options = static_cast<D2D1_PRESENT_OPTIONS>(D2D1_PRESENT_OPTIONS_RETAIN_CONTENTS |
-                                                         D2D1_PRESENT_OPTIONS_IMMEDIATELY);
-  const D2D1_HWND_RENDER_TARGET_PROPERTIES properties{window_, size, options};
-  if (FAILED(factory_->CreateHwndRenderTarget(D2D1::RenderTargetProperties(), properties,
-                                              target_.GetAddressOf()))) {
-    return false;
-  }
-  SetUpTarget();
+  const auto format = D2D1::PixelFormat(DXGI_FORMAT_B8G8R8A8_UNORM, D2D1_ALPHA_MODE_IGNORE);
+  const float dpi = UsualDpi * grid_.Scale();
+  const auto properties = D2D1::RenderTargetProperties(D2D1_RENDER_TARGET_TYPE_DEFAULT, format, dpi, dpi);
+  if (FAILED(factory_->CreateDCRenderTarget(&properties, target_.GetAddressOf()))) return false;
+  target_->SetTextAntialiasMode(D2D1_TEXT_ANTIALIAS_MODE_GRAYSCALE);
   return SUCCEEDED(target_->CreateSolidColorBrush(D2D1_COLOR_F{}, brush_.GetAddressOf()));
 }
 
-void RendererDX::SetUpTarget() {
-  const float dpi = UsualDpi * grid_.Scale();
-  target_->SetDpi(dpi, dpi);
-  target_->SetTextAntialiasMode(D2D1_TEXT_ANTIALIAS_MODE_GRAYSCALE);
-}
-
 void RendererDX::Resize(int width, int height, float scale) {
-  width_ = width;
-  height_ = height;
   grid_ = PixelGrid(scale);
   isWhole_ = false;
   dots_.clear();
-  if (isLost_ || width <= 0 || height <= 0) return;
-  const D2D1_SIZE_U size{static_cast<UINT32>(width), static_cast<UINT32>(height)};
-  if (FAILED(target_->Resize(size))) return Lose();
-  SetUpTarget();
+  picture_ = Canvas();  // first of all, so that the new one may have its memory
+  if (width > 0 && height > 0) picture_ = Canvas(width, height);
+  const float dpi = UsualDpi * scale;
+  if (!isLost_) target_->SetDpi(dpi, dpi);
 }
 
 void RendererDX::Lose() {
@@ -160,18 +133,23 @@ void RendererDX::Lose() {
   wasLost_ = true;
 }
 
-/// Whether the frame was drawn.
-template <typename DrawShapes>
-bool RendererDX::Frame(DrawShapes draw) {
+bool RendererDX::Frame(const ChartScene& scene, const PixelArea& area, std::optional<std::size_t> onlyLane) {
+  const RECT bounds{area.left, area.top, area.right, area.bottom};
+  if (FAILED(target_->BindDC(picture_.Context(), &bounds))) return false;
+  const Rectangle place = grid_.InScene(area);
+  target_->SetTransform(D2D1::Matrix3x2F::Translation(-place.left, -place.top));
   OpenTarget open(target_.Get());
-  draw();
-  return open.Close();
+  DrawScene(scene, grid_, onlyLane, [this](const auto& shape) { Paint(shape); });
+  if (!open.Close()) return false;
+  const HDC context = GetDC(window_);
+  picture_.CopyTo(context, area);
+  ReleaseDC(window_, context);
+  return true;
 }
 
 void RendererDX::Draw(const ChartScene& scene) {
-  const auto all = [&] { DrawScene(scene, grid_, std::nullopt, [this](const auto& shape) { Paint(shape); }); };
-  while (!isLost_ && width_ > 0 && height_ > 0) {
-    isWhole_ = Frame(all);
+  while (!isLost_ && !picture_.IsEmpty()) {
+    isWhole_ = Frame(scene, picture_.Whole(), std::nullopt);
     if (isWhole_) return;
     Lose();
   }
@@ -179,10 +157,9 @@ void RendererDX::Draw(const ChartScene& scene) {
 
 void RendererDX::DrawLane(const ChartScene& scene, std::size_t channel) {
   if (!isWhole_) return Draw(scene);
-  isWhole_ = Frame([&] {
-    const Clip clip(target_.Get(), InScene(grid_.AreaAround(scene.laneAreas[channel])));
-    DrawScene(scene, grid_, channel, [this](const auto& shape) { Paint(shape); });
-  });
+  const PixelArea area = Common(grid_.AreaAround(scene.laneAreas[channel]), picture_.Whole());
+  if (area.IsEmpty()) return;
+  isWhole_ = Frame(scene, area, channel);
   if (isWhole_) return;
   Lose();
   Draw(scene);
@@ -199,9 +176,12 @@ void RendererDX::Paint(const Area& area) {
 }
 
 void RendererDX::Paint(const Line& line) {
-  if (const std::optional<PixelArea> straight = grid_.AreaOfStraight(line)) {
-    line.isDotted ? FillDots(*straight, line.colour) : Fill(*straight, line.colour);
-  } else if (const auto geometry = Geometry(line.points, false)) {
+  const std::vector<PixelArea> areas = grid_.AreasOfStraight(line);
+  for (const PixelArea& area : areas) {
+    line.isDotted ? FillDots(area, line.colour) : Fill(area, line.colour);
+  }
+  if (!areas.empty()) return;
+  if (const auto geometry = Geometry(line.points, false)) {
     target_->DrawGeometry(geometry.Get(), Brush(line.colour), line.width, roundJoins_.Get());
   }
 }
@@ -213,8 +193,9 @@ void RendererDX::Paint(const Mark& mark) {
     Fill(outer, mark.line);
     Fill(Inset(outer, grid_.Pixels(mark.lineWidth)), mark.fill);
   } else {
-    FillCircle(mark.centre, mark.radius + half, mark.line);
-    FillCircle(mark.centre, mark.radius - half, mark.fill);
+    const Point centre{grid_.Rounded(mark.centre.x), grid_.Rounded(mark.centre.y)};
+    FillCircle(centre, mark.radius + half, mark.line);
+    FillCircle(centre, mark.radius - half, mark.fill);
   }
 }
 
@@ -231,7 +212,7 @@ void RendererDX::Paint(const Label& label) {
       FAILED(layout->GetMetrics(&metrics)) || FAILED(layout->GetLineMetrics(&line, 1, &lineCount))) {
     return;
   }
-  const D2D1_POINT_2F corner{LeftOf(label, metrics.widthIncludingTrailingWhitespace),
+  const D2D1_POINT_2F corner{grid_.Rounded(LeftOf(label, metrics.widthIncludingTrailingWhitespace)),
                              grid_.Rounded(label.at.y) - line.baseline};
   target_->DrawTextLayout(corner, layout.Get(), Brush(label.colour));
 }
@@ -265,12 +246,13 @@ ID2D1BitmapBrush* RendererDX::Dots(Colour colour) {
   std::vector<UINT32> pixels(width);
   std::fill_n(pixels.begin(), length, Premultiplied(colour));
   const float dpi = UsualDpi * grid_.Scale();
-  const D2D1_BITMAP_PROPERTIES properties{{DXGI_FORMAT_B8G8R8A8_UNORM, D2D1_ALPHA_MODE_PREMULTIPLIED}, dpi, dpi};
+  const D2D1_BITMAP_PROPERTIES properties{
+      {DXGI_FORMAT_B8G8R8A8_UNORM, D2D1_ALPHA_MODE_PREMULTIPLIED}, dpi, dpi};
   const auto repeated = D2D1::BitmapBrushProperties(D2D1_EXTEND_MODE_WRAP, D2D1_EXTEND_MODE_WRAP,
                                                     D2D1_BITMAP_INTERPOLATION_MODE_NEAREST_NEIGHBOR);
   Owned<ID2D1Bitmap> bitmap;
-  if (SUCCEEDED(target_->CreateBitmap({width, 1}, pixels.data(), 4 * width, properties,
-                                      bitmap.GetAddressOf()))) {
+  if (SUCCEEDED(
+          target_->CreateBitmap({width, 1}, pixels.data(), 4 * width, properties, bitmap.GetAddressOf()))) {
     target_->CreateBitmapBrush(bitmap.Get(), repeated, brush.GetAddressOf());
   }
   return brush.Get();

@@ -11,12 +11,14 @@
 #include <utility>
 
 #include "ui/win32/WindowRenderer.h"
+#include "ui/win32/renderers/Canvas.h"
 #include "ui/win32/renderers/SceneDrawing.h"
 
 namespace UX {
 
-/// Draws by Direct2D and DirectWrite. The window keeps what was drawn, so that a lane is drawn by itself. A
-/// target that is lost is made anew once; the second loss is final.
+/// Draws by Direct2D and DirectWrite, into a picture that is then copied to the window: so a lane is drawn by
+/// itself, and child windows show it on every system. A target that is lost is made anew once; the second
+/// loss is final.
 class RendererDX : public WindowRenderer {
  public:
   template <typename Interface>
@@ -31,10 +33,9 @@ class RendererDX : public WindowRenderer {
 
  private:
   bool MakeTarget();
-  void SetUpTarget();
   void Lose();
-  template <typename DrawShapes>
-  bool Frame(DrawShapes draw);
+  /// Draws an area of the picture and shows it; false when the target was lost.
+  bool Frame(const ChartScene& scene, const PixelArea& area, std::optional<std::size_t> onlyLane);
 
   void Paint(const Box& box);
   void Paint(const Area& area);
@@ -59,12 +60,12 @@ class RendererDX : public WindowRenderer {
   Owned<ID2D1StrokeStyle> roundJoins_;
 
   // These belong to the target and go with it.
-  Owned<ID2D1HwndRenderTarget> target_;
+  Owned<ID2D1DCRenderTarget> target_;
   Owned<ID2D1SolidColorBrush> brush_;
   std::map<Colour, Owned<ID2D1BitmapBrush>> dots_;
-  bool isWhole_ = false;  // whether the target holds a frame
+  Canvas picture_;
+  bool isWhole_ = false;  // whether the picture holds a frame
 
-  int width_ = 0, height_ = 0;  // in pixels
   PixelGrid grid_{1};
   bool wasLost_ = false, isLost_ = false;
 };

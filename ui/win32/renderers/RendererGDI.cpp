@@ -26,24 +26,22 @@ void RendererGDI::Resize(int width, int height, float scale) {
 
 void RendererGDI::Draw(const ChartScene& scene) {
   if (picture_.IsEmpty()) return;
-  isWhole_ = false;
-  DrawScene(scene, grid_, std::nullopt, [this](const auto& shape) { Paint(shape); });
-  isWhole_ = true;
-  Show(picture_.Whole());
+  picture_.ResetClip();
+  DrawShapes(scene, std::nullopt);
 }
 
 void RendererGDI::DrawLane(const ChartScene& scene, std::size_t channel) {
   if (!isWhole_) return Draw(scene);
-  const PixelArea area = grid_.AreaAround(scene.laneAreas[channel]);
-  picture_.SetClip(area);
-  DrawScene(scene, grid_, channel, [this](const auto& shape) { Paint(shape); });
-  picture_.ResetClip();
-  Show(area);
+  picture_.SetClip(grid_.AreaAround(scene.laneAreas[channel]));
+  DrawShapes(scene, channel);
 }
 
-void RendererGDI::Show(const PixelArea& area) {
+void RendererGDI::DrawShapes(const ChartScene& scene, std::optional<std::size_t> onlyLane) {
+  isWhole_ = false;
+  DrawScene(scene, grid_, onlyLane, [this](const auto& shape) { Paint(shape); });
+  isWhole_ = true;
   const HDC context = GetDC(window_);
-  picture_.CopyTo(context, area);
+  picture_.CopyTo(context, picture_.Clip());
   ReleaseDC(window_, context);
 }
 
@@ -52,22 +50,25 @@ void RendererGDI::Paint(const Box& box) {
 }
 
 void RendererGDI::Paint(const Area& area) {
-  const PixelArea bounds = Common(grid_.AreaAround(BoundsOf(area.points)), picture_.Clip());
-  if (area.points.empty() || bounds.IsEmpty()) return;
-  if (shape_.Whole().right < bounds.Width() || shape_.Whole().bottom < bounds.Height()) {
-    shape_ = Canvas(bounds.Width(), bounds.Height());
-    if (shape_.IsEmpty()) return;
-  }
-  const std::vector<Gdiplus::PointF>& points = InPixels(area.points, bounds.left, bounds.top);
+  const PixelArea whole = grid_.AreaAround(FilledBoundsOf(area));
+  const PixelArea visible = Common(whole, picture_.Clip());
+  if (visible.IsEmpty()) return;
+  if (!shape_.HasRoomFor(visible.Width(), visible.Height()))
+    shape_ = Canvas(visible.Width(), visible.Height());
+  if (shape_.IsEmpty()) return;
+  const std::vector<Gdiplus::PointF>& points = InPixels(area.points, visible.left, visible.top);
   shape_.Smooth().FillPolygon(&white_, points.data(), static_cast<int>(points.size()));
-  picture_.FillThrough(shape_, bounds, area.fill);
+  picture_.FillThrough(shape_, visible, area.fill);
+  if (visible != whole) shape_.Fill(shape_.Whole(), 0xFF000000);
 }
 
 void RendererGDI::Paint(const Line& line) {
-  if (const std::optional<PixelArea> straight = grid_.AreaOfStraight(line)) {
-    line.isDotted ? picture_.FillDots(*straight, grid_.DotLength(), grid_.DotGap(), line.colour) : picture_.Fill(*straight, line.colour);
-    return;
+  const std::vector<PixelArea> areas = grid_.AreasOfStraight(line);
+  for (const PixelArea& area : areas) {
+    line.isDotted ? picture_.FillDots(area, grid_.DotLength(), grid_.DotGap(), line.colour)
+                  : picture_.Fill(area, line.colour);
   }
+  if (!areas.empty()) return;
   const std::vector<Gdiplus::PointF>& points = InPixels(line.points);
   pen_.SetColor(Gdiplus::Color(line.colour));
   pen_.SetWidth(line.width * grid_.Scale());
@@ -94,7 +95,8 @@ void RendererGDI::Paint(const Label& label) {
 }
 
 /// The result lives until the next call.
-const std::vector<Gdiplus::PointF>& RendererGDI::InPixels(const std::vector<Point>& points, int left, int top) {
+const std::vector<Gdiplus::PointF>& RendererGDI::InPixels(const std::vector<Point>& points, int left,
+                                                          int top) {
   points_.clear();
   for (const Point& point : points) {
     points_.emplace_back(point.x * grid_.Scale() - static_cast<float>(left),

@@ -19,7 +19,7 @@ class RendererGDI : public WindowRenderer {
   bool IsLost() const override { return false; }
 
  private:
-  void Show(const PixelArea& area);
+  void DrawShapes(const ChartScene& scene, std::optional<std::size_t> onlyLane);
   void Paint(const Box& box);
   void Paint(const Area& area);
   void Paint(const Line& line);
@@ -30,7 +30,7 @@ class RendererGDI : public WindowRenderer {
   HWND window_;
   PixelGrid grid_{1};
   Canvas picture_;
-  Canvas shape_;  // one area at a time, in white on black
+  Canvas shape_;          // one area at a time, in white on black; black between them
   bool isWhole_ = false;  // whether the picture holds a frame
   Masks masks_;
   Gdiplus::Pen pen_{Gdiplus::Color()};

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "QorLib/qor_win_str_utils.h"
 
@@ -12,6 +13,16 @@ namespace {
 Rectangle Widened(const Rectangle& rectangle, float margin) {
   return {rectangle.left - margin, rectangle.top - margin, rectangle.width + 2 * margin,
           rectangle.height + 2 * margin};
+}
+
+Rectangle BoundsOf(const std::vector<Point>& points) {
+  if (points.empty()) return {};
+  Point least = points.front(), most = points.front();
+  for (const Point& point : points) {
+    least = {std::min(least.x, point.x), std::min(least.y, point.y)};
+    most = {std::max(most.x, point.x), std::max(most.y, point.y)};
+  }
+  return {least.x, least.y, most.x - least.x, most.y - least.y};
 }
 
 Rectangle BoundsOf(const Box& box) {
@@ -54,8 +65,9 @@ Rectangle BoundsOf(const Label& label) {
 }  // namespace
 
 PixelArea Common(const PixelArea& a, const PixelArea& b) {
-  return {std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
-          std::min(a.bottom, b.bottom)};
+  const PixelArea common{std::max(a.left, b.left), std::max(a.top, b.top), std::min(a.right, b.right),
+                         std::min(a.bottom, b.bottom)};
+  return common.IsEmpty() ? PixelArea() : common;
 }
 
 PixelArea Inset(const PixelArea& area, int border) {
@@ -85,21 +97,29 @@ PixelArea PixelGrid::AreaAround(const Rectangle& rectangle) const {
   return {below(rectangle.left), below(rectangle.top), above(rectangle.Right()), above(rectangle.Bottom())};
 }
 
-std::optional<PixelArea> PixelGrid::AreaOfStraight(const Line& line) const {
-  if (line.points.size() != 2) return std::nullopt;
-  const Point from = line.points[0], to = line.points[1];
-  if (from.x != to.x && from.y != to.y) return std::nullopt;
-  PixelArea area = AreaOf(BoundsOf(line.points));
-  const int thickness = Pixels(line.width);
-  const float half = static_cast<float>(thickness) / scale_ / 2;
-  if (from.x == to.x) {
-    area.left = Nearest(from.x - half);
-    area.right = area.left + thickness;
-  } else {
-    area.top = Nearest(from.y - half);
-    area.bottom = area.top + thickness;
+std::vector<PixelArea> PixelGrid::AreasOfStraight(const Line& line) const {
+  const std::vector<Point>& points = line.points;
+  const auto isBent = [](Point from, Point to) { return from.x != to.x && from.y != to.y; };
+  std::vector<PixelArea> areas;
+  if (std::adjacent_find(points.begin(), points.end(), isBent) != points.end()) return areas;
+  for (std::size_t i = 1; i < points.size(); ++i) {
+    areas.push_back(AreaOfStraight(points[i - 1], points[i], Pixels(line.width), points.size() > 2));
   }
-  return area;
+  return areas;
+}
+
+/// Where several are joined, each end reaches to the farther side of the next one.
+PixelArea PixelGrid::AreaOfStraight(Point from, Point to, int thickness, bool isJoined) const {
+  const float half = static_cast<float>(thickness) / scale_ / 2;
+  const auto side = [&](float a, float b, bool isThick) {
+    const auto [least, most] = std::minmax({a, b});
+    if (!isThick) return std::pair(Nearest(least), Nearest(most));
+    return std::pair(Nearest(least - half), Nearest(most - half) + thickness);
+  };
+  const bool isUpright = from.x == to.x;
+  const auto [left, right] = side(from.x, to.x, isUpright || isJoined);
+  const auto [top, bottom] = side(from.y, to.y, !isUpright || isJoined);
+  return {left, top, right, bottom};
 }
 
 PixelArea PixelGrid::AreaOfSquare(Point centre, float half) const {
@@ -113,8 +133,11 @@ Rectangle PixelGrid::InScene(const PixelArea& area) const {
 }
 
 std::wstring LineOfText(const Label& label) {
-  std::wstring text = qor::win::WideFromUtf8(label.text);
-  std::replace_if(text.begin(), text.end(), [](wchar_t c) { return c < L' '; }, L' ');
+  constexpr std::size_t MostBytes = 1000;
+  constexpr std::wstring_view LineEnds = L"\u0085\u2028\u2029";
+  std::wstring text = qor::win::WideFromUtf8(std::string_view(label.text).substr(0, MostBytes));
+  const auto isControl = [&](wchar_t c) { return c < L' ' || LineEnds.find(c) != LineEnds.npos; };
+  std::replace_if(text.begin(), text.end(), isControl, L' ');
   return text;
 }
 
@@ -123,14 +146,15 @@ float LeftOf(const Label& label, float width) {
   return label.at.x - width * Parts[static_cast<std::size_t>(label.anchor)];
 }
 
-Rectangle BoundsOf(const std::vector<Point>& points) {
-  if (points.empty()) return {};
-  Point least = points.front(), most = points.front();
-  for (const Point& point : points) {
-    least = {std::min(least.x, point.x), std::min(least.y, point.y)};
-    most = {std::max(most.x, point.x), std::max(most.y, point.y)};
+Rectangle FilledBoundsOf(const Area& area) {
+  const std::size_t count = area.points.size();
+  const Rectangle bounds = BoundsOf(area.points);
+  const auto isGround = [&](std::size_t i) { return area.points[i % count].y >= bounds.Bottom(); };
+  std::vector<Point> filled;
+  for (std::size_t i = 0; i < count; ++i) {
+    if (!isGround(i) || !isGround(i + 1) || !isGround(i + count - 1)) filled.push_back(area.points[i]);
   }
-  return {least.x, least.y, most.x - least.x, most.y - least.y};
+  return BoundsOf(filled);
 }
 
 bool MayTouch(const Shape& shape, const Rectangle& area) {

@@ -4,6 +4,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <vector>
 
 #include "ui/ChartScene.h"
 
@@ -16,9 +17,10 @@ struct PixelArea {
   int Width() const { return right - left; }
   int Height() const { return bottom - top; }
   bool IsEmpty() const { return right <= left || bottom <= top; }
+  bool operator==(const PixelArea&) const = default;
 };
 
-/// What lies in both.
+/// What lies in both; where nothing does, an area without size.
 PixelArea Common(const PixelArea& a, const PixelArea& b);
 /// The area without a border of that many pixels.
 PixelArea Inset(const PixelArea& area, int border);
@@ -32,21 +34,23 @@ class PixelGrid {
   float Scale() const { return scale_; }
   /// The length in pixels, at least one.
   int Pixels(float length) const;
-  int Nearest(float coordinate) const;  // of the edges between pixels
+  int Nearest(float coordinate) const;    // of the edges between pixels
   float Rounded(float coordinate) const;  // the same, in the scene's measure
   PixelArea AreaOf(const Rectangle& rectangle) const;
   /// With every pixel that it touches.
   PixelArea AreaAround(const Rectangle& rectangle) const;
-  /// The area that an upright or level line fills; none for other lines.
-  std::optional<PixelArea> AreaOfStraight(const Line& line) const;
+  /// The areas that a line fills whose parts are all upright or level; none for other lines.
+  std::vector<PixelArea> AreasOfStraight(const Line& line) const;
   /// All squares with the same half of a side have the same size.
   PixelArea AreaOfSquare(Point centre, float half) const;
   Rectangle InScene(const PixelArea& area) const;  // the way back
-  // The dots of a dotted line, and what lies between them
+  // The dots of a dotted line, which is level, and what lies between them; it begins with a dot
   int DotLength() const { return Pixels(2); }
   int DotGap() const { return Pixels(4); }
 
  private:
+  PixelArea AreaOfStraight(Point from, Point to, int thickness, bool isJoined) const;
+
   float scale_;
 };
 
@@ -59,22 +63,24 @@ const wchar_t* ChooseFontFamily(IsThere isThere) {
   return nullptr;
 }
 
-/// The label's text on one line.
+/// The label's text on one line; of an endless one, what may be seen of it.
 std::wstring LineOfText(const Label& label);
 /// Where the text begins when it is as wide as that.
 float LeftOf(const Label& label, float width);
 
-Rectangle BoundsOf(const std::vector<Point>& points);
+/// Where the area has any height: not where it only runs along its ground.
+Rectangle FilledBoundsOf(const Area& area);
 /// Whether any of the shape may lie in the area.
 bool MayTouch(const Shape& shape, const Rectangle& area);
 
-/// The scene's ground, its first box, without what the boxes over it hide: to fill the window twice would be the
-/// dearest part of a frame. Empty when there is nothing to be saved.
+/// The scene's ground, its first box, without what the boxes over it hide: to fill the window twice would be
+/// the dearest part of a frame. Empty when there is nothing to be saved.
 std::vector<Shape> GroundOf(const ChartScene& scene, const PixelGrid& grid);
 
 /// Hands `draw` the scene's shapes in their order; of a lane alone, those that its area needs.
 template <typename Draw>
-void DrawScene(const ChartScene& scene, const PixelGrid& grid, std::optional<std::size_t> onlyLane, Draw draw) {
+void DrawScene(const ChartScene& scene, const PixelGrid& grid, std::optional<std::size_t> onlyLane,
+               Draw draw) {
   const auto drawAll = [&](std::span<const Shape> shapes) {
     for (const Shape& shape : shapes) {
       if (!onlyLane || MayTouch(shape, scene.laneAreas[*onlyLane])) std::visit(draw, shape);
