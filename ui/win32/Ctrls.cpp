@@ -15,7 +15,7 @@ constexpr int Margin = 8, Gap = 6, SmallGap = 4;
 constexpr int LeastColumnWidth = 258, MostColumnWidth = 380;
 constexpr int ScrollBarHeight = 17, ZoomBarWidth = 130, ZoomBarHeight = 24;
 constexpr int ButtonHeight = 24, HintHeight = 18, LeastLogHeight = 100;
-constexpr int DescriptionHeight = 74;
+constexpr int DescriptionHeight = 74, LeastListHeight = 90;
 constexpr int LogoWidth = 256, LogoHeight = 100, LogoRight = 266, LogoBottom = 110;
 
 constexpr COLORREF ActionColour = RGB(0x00, 0x67, 0xC0), PressedColour = RGB(0x00, 0x4C, 0x90);
@@ -264,11 +264,13 @@ void Ctrls::LayOut() {
   Place(chart_.Window(), {left, top, width, barTop - scaled(SmallGap) - top});
 }
 
-/// Lists share what height the other things leave.
+/// Lists share what height the other things leave. On a screen that has too little, the logo goes.
 void Ctrls::LayOutColumn(const Frame& column) {
   const auto scaled = [this](int length) { return Scaled(context_.window, length); };
   const int power = PowerPanel::Height(context_.window);
-  const int powerTop = column.Bottom() - scaled(LogoBottom) - scaled(Gap) - power;
+  const int needed = 2 * scaled(LeastListHeight) + scaled(DescriptionHeight) + power + scaled(4 * Margin);
+  hasLogo_ = column.height >= needed + scaled(LogoBottom);
+  const int powerTop = column.Bottom() - (hasLogo_ ? scaled(LogoBottom) : 0) - scaled(Gap) - power;
   const int descriptionTop = powerTop - scaled(Gap) - scaled(DescriptionHeight);
   const int lists = descriptionTop - scaled(Gap) - column.top;
   const int each = (lists - scaled(Margin)) / 2;
@@ -278,12 +280,13 @@ void Ctrls::LayOutColumn(const Frame& column) {
   power_.LayOut({column.left, powerTop, column.width, power});
 }
 
-RECT Ctrls::LogoArea() const {
+std::optional<RECT> Ctrls::LogoArea() const {
+  if (!hasLogo_) return std::nullopt;
   const HWND window = context_.window;
   RECT client{};
   GetClientRect(window, &client);
   const int left = client.right - Scaled(window, LogoRight), top = client.bottom - Scaled(window, LogoBottom);
-  return {left, top, left + Scaled(window, LogoWidth), top + Scaled(window, LogoHeight)};
+  return RECT{left, top, left + Scaled(window, LogoWidth), top + Scaled(window, LogoHeight)};
 }
 
 }  // namespace UX

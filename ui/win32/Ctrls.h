@@ -33,8 +33,8 @@ class Ctrls {
   LRESULT OnNotify(NMHDR* header);
   void OnScroll(HWND bar, int request, int position);
   void DrawButton(const DRAWITEMSTRUCT& draw) const;
-  /// The place of the logo, in pixels of the client area.
-  RECT LogoArea() const;
+  /// The place of the logo, in pixels of the client area; none where there is no room for it.
+  std::optional<RECT> LogoArea() const;
 
  private:
   void MakeFonts();
@@ -56,6 +56,7 @@ class Ctrls {
   PowerPanel power_;
   LogPane log_;
   HWND tips_ = nullptr;
+  bool hasLogo_ = true;
 };
 
 }  // namespace UX

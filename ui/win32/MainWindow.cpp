@@ -16,8 +16,8 @@
 namespace UX {
 namespace {
 
-constexpr UINT_PTR TimerId = 300, StartTimerId = 301;
-constexpr UINT TimerMilliseconds = 100, StartMilliseconds = 500;
+constexpr UINT_PTR TimerId = 300, StartTimerId = 301, RendererTimerId = 302;
+constexpr UINT TimerMilliseconds = 100, StartMilliseconds = 500, RendererMilliseconds = 1000;
 constexpr int InitialWidth = 1024, InitialHeight = 768, LeastWidth = 800, LeastHeight = 700;
 constexpr double IdleSeconds = 1.0;
 constexpr int TicksPerRecovery = 30;  // three seconds
@@ -91,6 +91,7 @@ void MainWindow::Show(int command) {
   RestorePlace(command);
   ctrls_->Chart().InitRenderer();
   UpdateWindow(window_);
+  SetTimer(window_, RendererTimerId, RendererMilliseconds, nullptr);
   SetFocus(ctrls_->Chart().Window());
 }
 
@@ -135,8 +136,13 @@ void MainWindow::RestorePlace(int command) {
   place.bottom = place.top + height;
   const bool isSeen =
       text && width > 0 && height > 0 && MonitorFromRect(&place, MONITOR_DEFAULTTONULL) != nullptr;
+  const POINT least = LeastSize();
   if (isSeen) {
-    SetWindowPos(window_, nullptr, place.left, place.top, width, height, SWP_NOZORDER | SWP_NOACTIVATE);
+    SetWindowPos(window_, nullptr, place.left, place.top, std::max<LONG>(width, least.x),
+                 std::max<LONG>(height, least.y), SWP_NOZORDER | SWP_NOACTIVATE);
+  } else if (ScaleOf(window_) > 1) {
+    const POINT usual = FittingSize(InitialWidth, InitialHeight);
+    SetWindowPos(window_, nullptr, 0, 0, usual.x, usual.y, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOMOVE);
   }
   ShowWindow(window_, isSeen && isMaximised != 0 && command == SW_SHOWNORMAL ? SW_SHOWMAXIMIZED : command);
 }
@@ -249,6 +255,9 @@ void MainWindow::OnTimer(WPARAM id) {
   if (id == StartTimerId) {
     KillTimer(window_, StartTimerId);
     PostMessageW(window_, StartedMessage, 0, 0);
+  }
+  if (id == RendererTimerId) {
+    KillTimer(window_, RendererTimerId);
     ctrls_->Chart().UseBestRenderer();
   }
   if (id != TimerId) return;
@@ -272,14 +281,18 @@ void MainWindow::OnStarted() {
   isStale_ = true;
 }
 
-/// The smallest size that shows everything, or that of the screen where it has less room.
 POINT MainWindow::LeastSize() const {
+  return FittingSize(LeastWidth, LeastHeight);
+}
+
+/// That size, given for 96 dpi, or that of the screen where it has less room.
+POINT MainWindow::FittingSize(int width, int height) const {
   MONITORINFO monitor{};
   monitor.cbSize = sizeof monitor;
   GetMonitorInfoW(MonitorFromWindow(window_, MONITOR_DEFAULTTONEAREST), &monitor);
   const RECT& room = monitor.rcWork;
-  return {std::min<LONG>(Scaled(window_, LeastWidth), room.right - room.left),
-          std::min<LONG>(Scaled(window_, LeastHeight), room.bottom - room.top)};
+  return {std::min<LONG>(Scaled(window_, width), room.right - room.left),
+          std::min<LONG>(Scaled(window_, height), room.bottom - room.top)};
 }
 
 // Messages
@@ -310,7 +323,7 @@ void MainWindow::Paint() {
   PAINTSTRUCT paint{};
   const HDC context = BeginPaint(window_, &paint);
   FillRect(context, &paint.rcPaint, GetSysColorBrush(COLOR_3DFACE));
-  if (ctrls_) logo_.Draw(context, ctrls_->LogoArea());
+  if (const auto area = ctrls_ ? ctrls_->LogoArea() : std::nullopt) logo_.Draw(context, *area);
   EndPaint(window_, &paint);
 }
 

@@ -73,6 +73,7 @@ class MainWindow : public View {
   void RestorePlace(int command);
   void KeepPlace();
   POINT LeastSize() const;
+  POINT FittingSize(int width, int height) const;
   double SecondsSince(std::int64_t counter) const;
 
   HINSTANCE instance_;
