@@ -30,6 +30,10 @@ std::wstring ResourceText(HINSTANCE instance, UINT id) {
   return text;
 }
 
+bool IsDark(COLORREF colour) {
+  return GetRValue(colour) + GetGValue(colour) + GetBValue(colour) < 3 * 128;
+}
+
 /// Whether this is the only window of the program: the copy for a recovery belongs to the first one.
 bool IsFirst() {
   CreateMutexW(nullptr, FALSE, L"HalvexWindow");  // until the process ends
@@ -323,7 +327,12 @@ void MainWindow::Paint() {
   PAINTSTRUCT paint{};
   const HDC context = BeginPaint(window_, &paint);
   FillRect(context, &paint.rcPaint, GetSysColorBrush(COLOR_3DFACE));
-  if (const auto area = ctrls_ ? ctrls_->LogoArea() : std::nullopt) logo_.Draw(context, *area);
+  if (const auto area = ctrls_ ? ctrls_->LogoArea() : std::nullopt) {
+    // Its writing is dark.
+    if (IsDark(GetSysColor(COLOR_3DFACE)))
+      FillRect(context, &*area, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+    logo_.Draw(context, *area);
+  }
   EndPaint(window_, &paint);
 }
 
