@@ -15,9 +15,6 @@ using TCBase::WiFiFault;
 using TCBase::WiFiSettings;
 
 constexpr std::int32_t Wpa2Security = 2;
-// The cipher of WPA2 is AES in CCM mode, which IEEE 802.11 numbers 4 among the cipher suites.
-constexpr std::int32_t AesEncryption = 4;
-constexpr std::int32_t NoEncryption = 0;
 // Room for what can be typed, so that no copy of a password is left behind where it grew.
 constexpr std::size_t PasswordRoom = 1024;
 
@@ -117,7 +114,6 @@ void WiFiWizard::SetNetwork(std::string_view name, WiFiSecurity security) {
   security_ = security;
   settings_.ssid = name;
   settings_.security = isOpen ? WiFiSettings::Open : Wpa2Security;
-  settings_.encryption = isOpen ? NoEncryption : AesEncryption;
 }
 
 void WiFiWizard::SetPassword(std::string_view password) {
