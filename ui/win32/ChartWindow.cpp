@@ -49,6 +49,12 @@ bool MayAnimate() {
   return isOn != FALSE;
 }
 
+/// Wine draws Direct2D by way of OpenGL: that is slower there than GDI+, and takes far more memory.
+bool IsWine() {
+  const HMODULE system = GetModuleHandleW(L"ntdll.dll");
+  return system != nullptr && GetProcAddress(system, "wine_get_version") != nullptr;
+}
+
 struct KeyMeaning {
   WPARAM key;
   bool isControl;
@@ -98,7 +104,7 @@ double ChartWindow::SecondsForFrame(WindowRenderer& renderer) const {
 }
 
 void ChartWindow::UseBestRenderer() {
-  if (choice_ != RendererChoice::Best) return;
+  if (choice_ != RendererChoice::Best || IsWine()) return;
   auto direct = MakeRendererDX(window_);
   if (!direct) return;
   RECT client{};
