@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "ui/win32/Metrics.h"
+#include "ui/win32/WindowProcedure.h"
 
 namespace UX {
 namespace {
@@ -27,10 +28,7 @@ Colour SystemColour(int index) {
 
 /// The usual colours, or the system's where the user wants high contrast.
 ChartPalette CurrentPalette() {
-  HIGHCONTRASTW contrast{};
-  contrast.cbSize = sizeof contrast;
-  SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0);
-  if ((contrast.dwFlags & HCF_HIGHCONTRASTON) == 0) return {};
+  if (!HasHighContrast()) return {};
   const Colour back = SystemColour(COLOR_WINDOW), text = SystemColour(COLOR_WINDOWTEXT);
   ChartPalette palette;
   palette.background = palette.lane = palette.selectedLane = back;
@@ -76,7 +74,7 @@ constexpr KeyMeaning KeyMeanings[] = {
 void ChartWindow::Register(HINSTANCE instance) {
   WNDCLASSW description{};
   description.style = CS_HREDRAW | CS_VREDRAW;
-  description.lpfnWndProc = Procedure;
+  description.lpfnWndProc = WindowProcedure<ChartWindow>;
   description.hInstance = instance;
   description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   description.lpszClassName = ClassName;
@@ -336,20 +334,8 @@ LRESULT ChartWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   return DefWindowProcW(window_, message, wParam, lParam);
 }
 
-LRESULT CALLBACK ChartWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_NCCREATE) {
-    auto* self = static_cast<ChartWindow*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
-    self->window_ = window;
-    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
-  }
-  auto* self = reinterpret_cast<ChartWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  try {
-    if (self != nullptr && message != WM_NCDESTROY) return self->OnMessage(message, wParam, lParam);
-  } catch (const std::exception& failed) {
-    self->workbench_.services.log.ForeignMessage(failed.what());
-    return 0;
-  }
-  return DefWindowProcW(window, message, wParam, lParam);
+void ChartWindow::OnFailure(const std::exception& failed) {
+  workbench_.services.log.ForeignMessage(failed.what());
 }
 
 }  // namespace UX

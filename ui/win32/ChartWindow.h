@@ -41,12 +41,15 @@ class ChartWindow {
   bool DrawFrame();
   /// The system's colours or effects have changed.
   void SettingsChanged();
+  // For WindowProcedure
+  void Attach(HWND window) { window_ = window; }
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+  void OnFailure(const std::exception& failed);
+
   /// Called to show a menu about what is selected, at a place on the screen.
   std::function<void(POINT at)> onMenu;
 
  private:
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
   void OnMouse(UINT message, LPARAM position);
   void OnWheel(int delta, WPARAM keys, LPARAM screenPosition);
   void OnMenu(LPARAM screenPosition);

@@ -20,13 +20,6 @@ constexpr int LogoWidth = 256, LogoHeight = 100, LogoRight = 266, LogoBottom = 1
 
 constexpr COLORREF ActionColour = RGB(0x00, 0x67, 0xC0), PressedColour = RGB(0x00, 0x4C, 0x90);
 
-bool HasHighContrast() {
-  HIGHCONTRASTW contrast{};
-  contrast.cbSize = sizeof contrast;
-  SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0);
-  return (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
-}
-
 /// What a request of a scroll bar or a trackbar means; none for the end of a series of them.
 std::optional<BarMove> MoveOf(int request) {
   switch (request) {

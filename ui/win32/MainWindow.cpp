@@ -12,6 +12,7 @@
 #include "ui/Commands.h"
 #include "ui/win32/MainMenu.h"
 #include "ui/win32/ResourceIds.h"
+#include "ui/win32/WindowProcedure.h"
 
 namespace UX {
 namespace {
@@ -62,7 +63,7 @@ bool MainWindow::Create(RendererChoice choice) {
   WNDCLASSW description{};
   const std::wstring className = ResourceText(instance_, IDC_HALVEX);
   description.style = CS_HREDRAW | CS_VREDRAW;
-  description.lpfnWndProc = Procedure;
+  description.lpfnWndProc = WindowProcedure<MainWindow>;
   description.hInstance = instance_;
   description.hIcon = LoadIconW(instance_, MAKEINTRESOURCEW(IDI_HALVEX));
   description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
@@ -410,20 +411,8 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   }
 }
 
-LRESULT CALLBACK MainWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_NCCREATE) {
-    auto* self = static_cast<MainWindow*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
-    self->window_ = window;
-    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
-  }
-  auto* self = reinterpret_cast<MainWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  try {
-    if (self != nullptr && message != WM_NCDESTROY) return self->OnMessage(message, wParam, lParam);
-  } catch (const std::exception& failed) {
-    self->services_.log.ForeignMessage(failed.what());
-    return 0;
-  }
-  return DefWindowProcW(window, message, wParam, lParam);
+void MainWindow::OnFailure(const std::exception& failed) {
+  services_.log.ForeignMessage(failed.what());
 }
 
 }  // namespace UX

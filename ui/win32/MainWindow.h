@@ -46,6 +46,11 @@ class MainWindow : public View {
   bool IsQuiet() const;
   void ReleaseRenderer();
 
+  // For WindowProcedure
+  void Attach(HWND window) { window_ = window; }
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+  void OnFailure(const std::exception& failed);
+
   // View
   void RedrawChart() override;
   void RedrawLane(std::size_t channel) override;
@@ -56,8 +61,6 @@ class MainWindow : public View {
   void Close() override;
 
  private:
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
   std::optional<LRESULT> OnInput(UINT message, WPARAM wParam, LPARAM lParam);
   std::optional<LRESULT> OnPlacement(UINT message, WPARAM wParam, LPARAM lParam);
   void RefreshNow();

@@ -85,6 +85,13 @@ Font LogFont(HWND window) {
   return Font(CreateFontIndirectW(&font));
 }
 
+bool HasHighContrast() {
+  HIGHCONTRASTW contrast{};
+  contrast.cbSize = sizeof contrast;
+  SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0);
+  return (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
+}
+
 SIZE TextSize(HWND window, HFONT font, std::string_view text) {
   const TextContext context(window, font);
   const std::wstring wide = WideFromUtf8(text);

@@ -41,6 +41,9 @@ SIZE TextSize(HWND window, HFONT font, std::string_view text);
 /// The height of the text when it is broken at `width`.
 int TextHeight(HWND window, HFONT font, std::string_view text, int width);
 
+/// Whether the user wants the colours of high contrast.
+bool HasHighContrast();
+
 // Windows' texts, in UTF-8
 void SetText(HWND window, std::string_view text);
 std::string TextOf(HWND window);

@@ -15,13 +15,6 @@ using qor::win::WideFromUtf8;
 
 constexpr COLORREF WarningColour = RGB(0x9A, 0x60, 0x00), ErrorColour = RGB(0xC4, 0x2B, 0x1C);
 
-bool HasHighContrast() {
-  HIGHCONTRASTW contrast{};
-  contrast.cbSize = sizeof contrast;
-  SystemParametersInfoW(SPI_GETHIGHCONTRAST, sizeof contrast, &contrast, 0);
-  return (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
-}
-
 void SetCell(HWND list, int row, int column, const std::string& text) {
   std::wstring wide = WideFromUtf8(text);
   ListView_SetItemText(list, row, column, wide.data());

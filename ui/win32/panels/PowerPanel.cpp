@@ -8,6 +8,7 @@
 
 #include "QorLib/qor_win_str_utils.h"
 #include "ui/Commands.h"
+#include "ui/win32/WindowProcedure.h"
 
 namespace UX {
 namespace {
@@ -42,7 +43,7 @@ PowerPanel::PowerPanel(const PanelContext& context)
 
 void PowerPanel::Register(HINSTANCE instance) {
   WNDCLASSW description{};
-  description.lpfnWndProc = Procedure;
+  description.lpfnWndProc = WindowProcedure<PowerPanel>;
   description.hInstance = instance;
   description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   description.lpszClassName = ClassName;
@@ -207,20 +208,8 @@ LRESULT PowerPanel::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   return DefWindowProcW(window_, message, wParam, lParam);
 }
 
-LRESULT CALLBACK PowerPanel::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_NCCREATE) {
-    auto* self = static_cast<PowerPanel*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
-    self->window_ = window;
-    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
-  }
-  auto* self = reinterpret_cast<PowerPanel*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-  try {
-    if (self != nullptr && message != WM_NCDESTROY) return self->OnMessage(message, wParam, lParam);
-  } catch (const std::exception& failed) {
-    self->context_.workbench.services.log.ForeignMessage(failed.what());
-    return 0;
-  }
-  return DefWindowProcW(window, message, wParam, lParam);
+void PowerPanel::OnFailure(const std::exception& failed) {
+  context_.workbench.services.log.ForeignMessage(failed.what());
 }
 
 }  // namespace UX

@@ -20,6 +20,11 @@ class PowerPanel {
   static int Height(HWND window);  // that the panel needs
   HWND Window() const { return window_; }
 
+  // For WindowProcedure
+  void Attach(HWND window) { window_ = window; }
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+  void OnFailure(const std::exception& failed);
+
  private:
   struct Row {
     std::string name;
@@ -30,8 +35,6 @@ class PowerPanel {
   };
 
   static void Register(HINSTANCE instance);
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
   void Paint();
   void PaintRow(HDC context, std::size_t channel) const;
   void OnButtonDown(POINT at);
