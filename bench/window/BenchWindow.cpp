@@ -43,6 +43,12 @@ BITMAPINFO FormatOf(int width, int height) {
   return format;
 }
 
+/// Answers the messages that wait.
+void HandleMessages() {
+  MSG message;
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+}
+
 }  // namespace
 
 double MeanDifference(const Picture& a, const Picture& b) {
@@ -79,9 +85,14 @@ BenchWindow::~BenchWindow() {
   HandleMessages();
 }
 
-Picture BenchWindow::Grab() const {
+void BenchWindow::Raise() const {
+  SetWindowPos(handle_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
   HandleMessages();
-  Sleep(SettlingTime);  // what Direct2D draws comes to the screen later
+}
+
+Picture BenchWindow::Grab() const {
+  Raise();
+  Sleep(SettlingTime);  // the screen is another process's
   Picture picture{width_, height_, std::vector<std::uint32_t>(static_cast<std::size_t>(width_ * height_))};
   const BITMAPINFO format = FormatOf(width_, height_);
   const HDC screen = GetDC(nullptr);
@@ -98,9 +109,13 @@ Picture BenchWindow::Grab() const {
   return picture;
 }
 
-void HandleMessages() {
-  MSG message;
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+GdiPlus::GdiPlus() {
+  const Gdiplus::GdiplusStartupInput input;
+  Gdiplus::GdiplusStartup(&token_, &input, nullptr);
+}
+
+GdiPlus::~GdiPlus() {
+  Gdiplus::GdiplusShutdown(token_);
 }
 
 }  // namespace bench

@@ -28,6 +28,8 @@ class BenchWindow {
   BenchWindow(const BenchWindow&) = delete;
   BenchWindow& operator=(const BenchWindow&) = delete;
   HWND Handle() const { return handle_; }
+  /// Over all other windows.
+  void Raise() const;
   /// What the screen shows in its place, after it was given the time to show what was drawn.
   Picture Grab() const;
 
@@ -36,7 +38,16 @@ class BenchWindow {
   HWND handle_;
 };
 
-/// Answers the messages that wait.
-void HandleMessages();
+/// GDI+, for as long as this lives.
+class GdiPlus {
+ public:
+  GdiPlus();
+  ~GdiPlus();
+  GdiPlus(const GdiPlus&) = delete;
+  GdiPlus& operator=(const GdiPlus&) = delete;
+
+ private:
+  ULONG_PTR token_ = 0;
+};
 
 }  // namespace bench

@@ -1,127 +1,119 @@
 // SPDX-License-Identifier: MIT
-// window_bench [FOLDER]: how long the window's renderers take for a frame of 1920 x 1080, against the least
-// that one takes, and how far their pictures are apart; the pictures go into the folder.
-#include <algorithm>
-#include <chrono>
+// How long the window's renderers take for a frame, against the least that one takes, and whether they draw
+// the same: window_bench [FOLDER]. The folder gets their pictures. Exits with 1 when something is not as
+// required.
 #include <cstdio>
-#include <functional>
+#include <memory>
 #include <string>
 
 #include "QorLib/qor_win_str_utils.h"
 #include "bench/window/BareFrames.h"
 #include "bench/window/BenchWindow.h"
+#include "bench/window/Report.h"
 #include "model/Presets.h"
 #include "ui/win32/WindowRenderer.h"
 
 namespace {
 
 constexpr int Width = 1920, Height = 1080;
-constexpr int TurnsEach = 6, FramesIgnored = 3, FramesATurn = 10;
+constexpr std::size_t Lane = 1, Step = 3;  // what is selected
 
-using Frame = std::function<void()>;
-using MakeRenderer = std::unique_ptr<UX::WindowRenderer> (*)(HWND window);
-
-double MillisecondsOf(const Frame& frame) {
-  const auto start = std::chrono::steady_clock::now();
-  frame();
-  return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-void TakeTurn(const Frame& frame, std::vector<double>& times) {
-  for (int i = 0; i < FramesIgnored; ++i) frame();
-  for (int i = 0; i < FramesATurn; ++i) times.push_back(MillisecondsOf(frame));
-}
-
-double Median(std::vector<double> times) {
-  std::nth_element(times.begin(), times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2), times.end());
-  return times[times.size() / 2];
-}
-
-/// Prints a ratio and whether it is small enough. The two sides take turns, so that other work on the machine
-/// meets both.
-bool Compare(const char* what, const Frame& frame, const Frame& other, double most) {
-  std::vector<double> times, otherTimes;
-  for (int i = 0; i < TurnsEach; ++i) {
-    TakeTurn(frame, times);
-    TakeTurn(other, otherTimes);
-  }
-  const double ratio = Median(times) / Median(otherTimes);
-  std::printf("%-40s %8.2f ms %8.2f ms %6.2f  (at most %.1f)%s\n", what, Median(times), Median(otherTimes),
-              ratio, most, ratio <= most ? "" : "  TOO MUCH");
-  std::fflush(stdout);
-  return ratio <= most;
-}
-
-/// Scenes of the built-in program while a demo runs: no two in a row are the same.
+/// The built-in program's first mode with a step selected, while a demo runs.
 class Scenes {
  public:
-  Scenes() {
-    content_.selectedChannel = 1;
-    content_.selectedStep = UX::StepPlace{1, 3};
-    content_.demoSecond = 52560;
+  /// Another one each time, out of many.
+  const UX::ChartScene& Next() {
+    next_ = (next_ + 1) % demo_.size();
+    return demo_[next_];
   }
-  UX::ChartScene Next() {
-    content_.demoSecond = (*content_.demoSecond + 61) % TCBase::SecondsPerDay;
-    return UX::MakeChartScene(content_, geometry_);
+  const UX::ChartScene& Last() const { return demo_.back(); }
+  /// The last one, with the selected step moved.
+  UX::ChartScene Edited() {
+    program_.modes[0].channels[Lane].steps[Step].value = 30;
+    return Make();
   }
 
  private:
+  UX::ChartScene Make() const { return UX::MakeChartScene(content_, {Width, Height, UX::ViewSpan()}); }
+  std::vector<UX::ChartScene> MakeDemo() {
+    std::vector<UX::ChartScene> demo;
+    for (int second = 0; second < TCBase::SecondsPerDay; second += 601) {
+      content_.demoSecond = second;
+      demo.push_back(Make());
+    }
+    return demo;
+  }
+
   TCBase::Program program_ = TCBase::NewProgram(qor::InEnglish);
-  UX::ChartContent content_{program_};
-  UX::ChartGeometry geometry_{Width, Height, UX::ViewSpan()};
+  UX::ChartContent content_{
+      .program = program_, .selectedChannel = Lane, .selectedStep = UX::StepPlace{Lane, Step}};
+  std::vector<UX::ChartScene> demo_ = MakeDemo();
+  std::size_t next_ = 0;
 };
 
+/// A renderer, its name and the rules for it.
+struct Subject {
+  const char* name;
+  std::unique_ptr<UX::WindowRenderer> (*make)(HWND);
+  double mostOfBare;  // so many times the bare frame's time
+  int turns;          // at measuring
+};
+
+/// What the lane leaves on the screen, against the whole frame of the same scene.
+double LaneDifference(UX::WindowRenderer& renderer, const bench::BenchWindow& window) {
+  Scenes scenes;
+  renderer.Draw(scenes.Last());
+  const UX::ChartScene edited = scenes.Edited();
+  renderer.DrawLane(edited, Lane);
+  const bench::Picture byLane = window.Grab();
+  renderer.Draw(edited);
+  return bench::MeanDifference(byLane, window.Grab());
+}
+
+/// Measures the renderer and gives its picture; an empty one where there is no such renderer.
 template <typename Bare>
-bool CompareRenderer(const char* name, MakeRenderer make, double most) {
-  const bench::BenchWindow window(Width, Height);
-  const auto renderer = make(window.Handle());
-  if (!renderer) {
-    std::printf("%s is not to be had here\n", name);
+bench::Picture Examine(const Subject& subject, bench::Report& report) {
+  const bench::BenchWindow bareWindow(Width, Height), window(Width, Height);
+  Bare bare(bareWindow.Handle(), Width, Height);
+  const std::unique_ptr<UX::WindowRenderer> renderer = subject.make(window.Handle());
+  if (!renderer) return {};
+  renderer->Resize(Width, Height, 1);
+  Scenes scenes;
+  const std::string name = subject.name;
+  const bench::Side whole{window, [&] { renderer->Draw(scenes.Next()); }};
+  const bench::Side lane{window, [&] { renderer->DrawLane(scenes.Next(), Lane); }};
+  const bench::Side clear{bareWindow, [&] { bare.Draw(); }};
+  report.Compare(name + ": a frame, against a bare one", whole, clear, subject.mostOfBare, subject.turns);
+  report.Compare(name + ": a lane by itself, against a frame", lane, whole, 0.5, subject.turns);
+  report.Check(name + ": a lane drawn by itself looks otherwise by", LaneDifference(*renderer, window), 0);
+  return window.Grab();
+}
+
+void Save(const bench::Picture& picture, const std::string& folder, const char* name) {
+  if (folder.empty() || picture.pixels.empty()) return;
+  const std::string path = folder + "/" + name + ".png";
+  if (!bench::Save(picture, qor::win::WideFromUtf8(path))) {
+    std::fprintf(stderr, "%s could not be written\n", path.c_str());
+  }
+}
+
+bool Run(const std::string& folder) {
+  bench::Report report;
+  const bench::Picture first = Examine<bench::BareDirect2D>({"Direct2D", UX::MakeRendererDX, 3, 8}, report);
+  const bench::Picture second = Examine<bench::BareGdi>({"GDI+", UX::MakeRendererGDI, 4, 60}, report);
+  Save(first, folder, "direct2d");
+  Save(second, folder, "gdi");
+  if (first.pixels.size() != second.pixels.size()) {
+    std::puts("One of the renderers is not to be had here.");
     return false;
   }
-  renderer->Resize(Width, Height, 1);
-  Bare bare(window.Handle(), Width, Height);
-  Scenes scenes;
-  const Frame whole = [&] { renderer->Draw(scenes.Next()); };
-  const std::string frame = std::string(name) + ": a frame over a bare one";
-  const std::string lane = std::string(name) + ": a lane over a frame";
-  const bool isQuick = Compare(
-      frame.c_str(), whole, [&] { bare.Draw(); }, most);
-  whole();
-  return Compare(
-             lane.c_str(), [&] { renderer->DrawLane(scenes.Next(), 1); }, whole, 0.5) &&
-         isQuick;
-}
-
-bench::Picture PictureOf(MakeRenderer make, const std::wstring& path) {
-  const bench::BenchWindow window(Width, Height);
-  const auto renderer = make(window.Handle());
-  renderer->Resize(Width, Height, 1);
-  Scenes scenes;
-  renderer->Draw(scenes.Next());
-  bench::Picture picture = window.Grab();
-  if (!path.empty()) bench::Save(picture, path);
-  return picture;
-}
-
-bool ComparePictures(const std::wstring& folder) {
-  const auto in = [&folder](const wchar_t* name) { return folder.empty() ? folder : folder + name; };
-  const bench::Picture dx = PictureOf(UX::MakeRendererDX, in(L"/dx.png"));
-  const bench::Picture gdi = PictureOf(UX::MakeRendererGDI, in(L"/gdi.png"));
-  const double percent = 100 * bench::MeanDifference(dx, gdi);
-  std::printf("mean difference of the two pictures: %.2f %% (under 2 %%)\n", percent);
-  return percent < 2;
+  report.Check("the two pictures differ by", bench::MeanDifference(first, second), 0.02);
+  return report.Succeeded();
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  const Gdiplus::GdiplusStartupInput input;
-  ULONG_PTR token = 0;
-  Gdiplus::GdiplusStartup(&token, &input, nullptr);
-  const bool isDxQuick = CompareRenderer<bench::BareDirect2D>("Direct2D", UX::MakeRendererDX, 3);
-  const bool isGdiQuick = CompareRenderer<bench::BareGdi>("GDI+", UX::MakeRendererGDI, 4);
-  const bool isSame = ComparePictures(argc > 1 ? qor::win::WideFromUtf8(argv[1]) : L"");
-  Gdiplus::GdiplusShutdown(token);
-  return isDxQuick && isGdiQuick && isSame ? 0 : 1;
+  const bench::GdiPlus gdiPlus;
+  return Run(argc > 1 ? argv[1] : "") ? 0 : 1;
 }

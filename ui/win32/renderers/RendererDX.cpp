@@ -134,6 +134,7 @@ void RendererDX::Lose() {
 }
 
 bool RendererDX::Frame(const ChartScene& scene, const PixelArea& area, std::optional<std::size_t> onlyLane) {
+  isWhole_ = false;
   const RECT bounds{area.left, area.top, area.right, area.bottom};
   if (FAILED(target_->BindDC(picture_.Context(), &bounds))) return false;
   const Rectangle place = grid_.InScene(area);
@@ -144,13 +145,13 @@ bool RendererDX::Frame(const ChartScene& scene, const PixelArea& area, std::opti
   const HDC context = GetDC(window_);
   picture_.CopyTo(context, area);
   ReleaseDC(window_, context);
+  isWhole_ = true;
   return true;
 }
 
 void RendererDX::Draw(const ChartScene& scene) {
   while (!isLost_ && !picture_.IsEmpty()) {
-    isWhole_ = Frame(scene, picture_.Whole(), std::nullopt);
-    if (isWhole_) return;
+    if (Frame(scene, picture_.Whole(), std::nullopt)) return;
     Lose();
   }
 }
@@ -159,8 +160,7 @@ void RendererDX::DrawLane(const ChartScene& scene, std::size_t channel) {
   if (!isWhole_) return Draw(scene);
   const PixelArea area = Common(grid_.AreaAround(scene.laneAreas[channel]), picture_.Whole());
   if (area.IsEmpty()) return;
-  isWhole_ = Frame(scene, area, channel);
-  if (isWhole_) return;
+  if (Frame(scene, area, channel)) return;
   Lose();
   Draw(scene);
 }
@@ -193,9 +193,8 @@ void RendererDX::Paint(const Mark& mark) {
     Fill(outer, mark.line);
     Fill(Inset(outer, grid_.Pixels(mark.lineWidth)), mark.fill);
   } else {
-    const Point centre{grid_.Rounded(mark.centre.x), grid_.Rounded(mark.centre.y)};
-    FillCircle(centre, mark.radius + half, mark.line);
-    FillCircle(centre, mark.radius - half, mark.fill);
+    FillCircle(grid_.Rounded(mark.centre), mark.radius + half, mark.line);
+    FillCircle(grid_.Rounded(mark.centre), mark.radius - half, mark.fill);
   }
 }
 
@@ -271,15 +270,18 @@ IDWriteTextFormat* RendererDX::Format(float size, bool isBold) {
 
 /// Null when there is nothing to draw.
 RendererDX::Owned<ID2D1PathGeometry> RendererDX::Geometry(const std::vector<Point>& points, bool isFilled) {
+  const std::vector<Point> corners = grid_.CornersOf(points);
   Owned<ID2D1PathGeometry> geometry;
   Owned<ID2D1GeometrySink> sink;
-  if (points.size() < 2 || FAILED(factory_->CreatePathGeometry(geometry.GetAddressOf())) ||
+  if (corners.size() < 2 || FAILED(factory_->CreatePathGeometry(geometry.GetAddressOf())) ||
       FAILED(geometry->Open(sink.GetAddressOf()))) {
     return nullptr;
   }
-  const auto place = [](Point point) { return D2D1_POINT_2F{point.x, point.y}; };
-  sink->BeginFigure(place(points[0]), isFilled ? D2D1_FIGURE_BEGIN_FILLED : D2D1_FIGURE_BEGIN_HOLLOW);
-  for (std::size_t i = 1; i < points.size(); ++i) sink->AddLine(place(points[i]));
+  const auto place = [this](Point pixel) {
+    return D2D1_POINT_2F{pixel.x / grid_.Scale(), pixel.y / grid_.Scale()};
+  };
+  sink->BeginFigure(place(corners[0]), isFilled ? D2D1_FIGURE_BEGIN_FILLED : D2D1_FIGURE_BEGIN_HOLLOW);
+  for (std::size_t i = 1; i < corners.size(); ++i) sink->AddLine(place(corners[i]));
   sink->EndFigure(isFilled ? D2D1_FIGURE_END_CLOSED : D2D1_FIGURE_END_OPEN);
   if (FAILED(sink->Close())) return nullptr;
   return geometry;

@@ -94,13 +94,12 @@ void RendererGDI::Paint(const Label& label) {
   picture_.Put(text.mask, left, grid_.Nearest(label.at.y), label.colour);
 }
 
-/// The result lives until the next call.
+/// The corners, counted from that pixel. The result lives until the next call.
 const std::vector<Gdiplus::PointF>& RendererGDI::InPixels(const std::vector<Point>& points, int left,
                                                           int top) {
   points_.clear();
-  for (const Point& point : points) {
-    points_.emplace_back(point.x * grid_.Scale() - static_cast<float>(left),
-                         point.y * grid_.Scale() - static_cast<float>(top));
+  for (const Point& corner : grid_.CornersOf(points)) {
+    points_.emplace_back(corner.x - static_cast<float>(left), corner.y - static_cast<float>(top));
   }
   return points_;
 }

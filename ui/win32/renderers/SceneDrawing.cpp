@@ -41,6 +41,11 @@ Rectangle BoundsOf(const Mark& mark) {
   return Widened({mark.centre.x, mark.centre.y, 0, 0}, mark.radius + mark.lineWidth / 2);
 }
 
+bool GoesStraightOn(Point a, Point b, Point c) {
+  const float firstX = b.x - a.x, firstY = b.y - a.y, secondX = c.x - b.x, secondY = c.y - b.y;
+  return firstX * secondY == firstY * secondX && firstX * secondX + firstY * secondY > 0;
+}
+
 /// Adds to `parts` what of the area the cover leaves.
 void AddUncovered(const PixelArea& area, const PixelArea& cover, std::vector<PixelArea>& parts) {
   const PixelArea hidden = Common(area, cover);
@@ -84,6 +89,16 @@ int PixelGrid::Pixels(float length) const {
 
 float PixelGrid::Rounded(float coordinate) const {
   return static_cast<float>(Nearest(coordinate)) / scale_;
+}
+
+std::vector<Point> PixelGrid::CornersOf(const std::vector<Point>& points) const {
+  std::vector<Point> corners;
+  for (const Point& point : points) {
+    const Point next{static_cast<float>(Nearest(point.x)), static_cast<float>(Nearest(point.y))};
+    if (corners.size() > 1 && GoesStraightOn(corners.end()[-2], corners.back(), next)) corners.pop_back();
+    if (corners.empty() || corners.back() != next) corners.push_back(next);
+  }
+  return corners;
 }
 
 PixelArea PixelGrid::AreaOf(const Rectangle& rectangle) const {
@@ -133,7 +148,7 @@ Rectangle PixelGrid::InScene(const PixelArea& area) const {
 }
 
 std::wstring LineOfText(const Label& label) {
-  constexpr std::size_t MostBytes = 1000;
+  constexpr std::size_t MostBytes = 256;
   constexpr std::wstring_view LineEnds = L"\u0085\u2028\u2029";
   std::wstring text = qor::win::WideFromUtf8(std::string_view(label.text).substr(0, MostBytes));
   const auto isControl = [&](wchar_t c) { return c < L' ' || LineEnds.find(c) != LineEnds.npos; };

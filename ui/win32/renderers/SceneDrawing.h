@@ -26,7 +26,8 @@ PixelArea Common(const PixelArea& a, const PixelArea& b);
 PixelArea Inset(const PixelArea& area, int border);
 
 /// Where lengths of a scene come to lie in the screen's pixels. What is straight fills whole pixels; all else
-/// is smoothed, with a pixel's middle half a pixel from its edges.
+/// is smoothed, with a pixel's middle half a pixel from its edges, and has its corners on the edges, so that
+/// level parts of a curve are all equally thick.
 class PixelGrid {
  public:
   /// `scale` is the number of pixels for one of a scene's.
@@ -36,6 +37,10 @@ class PixelGrid {
   int Pixels(float length) const;
   int Nearest(float coordinate) const;    // of the edges between pixels
   float Rounded(float coordinate) const;  // the same, in the scene's measure
+  Point Rounded(Point point) const { return {Rounded(point.x), Rounded(point.y)}; }
+  /// The points in the screen's pixels, at the edges between them, without those where a line only goes
+  /// straight on: Direct2D under Wine draws a spike there.
+  std::vector<Point> CornersOf(const std::vector<Point>& points) const;
   PixelArea AreaOf(const Rectangle& rectangle) const;
   /// With every pixel that it touches.
   PixelArea AreaAround(const Rectangle& rectangle) const;
