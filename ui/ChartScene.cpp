@@ -16,8 +16,9 @@ constexpr Colour FillAlpha = 0x30000000;
 
 constexpr float ScaleSize = 11, NameSize = 12;
 constexpr float TagMargin = 14, TagCharacterWidth = 6;  // enough for most fonts
-constexpr float MarkMargin = 7;                         // a mark's radius and line, and what smoothing adds
-constexpr float LeastLabelDistance = 50;                // between two times on the scale
+constexpr float NameCharacterWidth = 7;
+constexpr float MarkMargin = 7;           // a mark's radius and line, and what smoothing adds
+constexpr float LeastLabelDistance = 50;  // between two times on the scale
 constexpr int GridMinutes[] = {5, 10, 15, 30, 60, 120, 180, 240};
 
 Colour WithAlpha(Colour colour, Colour alpha) {
@@ -27,6 +28,14 @@ Colour WithAlpha(Colour colour, Colour alpha) {
 /// Of a text in UTF-8.
 std::size_t CharactersIn(std::string_view text) {
   return static_cast<std::size_t>(std::ranges::count_if(text, [](char c) { return (c & 0xC0) != 0x80; }));
+}
+
+/// The text, cut where it would be wider than that.
+std::string Cut(const std::string& text, float width) {
+  auto left = static_cast<std::ptrdiff_t>(width / NameCharacterWidth);
+  const auto end = std::ranges::find_if(text, [&left](char c) { return (c & 0xC0) != 0x80 && left-- <= 0; });
+  if (end == text.end()) return text;
+  return std::string(text.begin(), end) + "\xE2\x80\xA6";
 }
 
 /// How far the lines of the grid are from each other.
@@ -168,7 +177,7 @@ void AddLane(const ChartContent& content, const ChartGeometry& geometry, std::si
   const Colour colour = content.palette.curve.value_or(info.colour);
   AddCurve(scene.lanes[number], CurveOf(channel, number, geometry), colour, isSelected, lane.Bottom());
   scene.lanes[number].emplace_back(Label{{lane.left + 6, lane.top + 14},
-                                         qor::Format("{1} {2}", {number + 1, info.name}),
+                                         Cut(qor::Format("{1} {2}", {number + 1, info.name}), lane.width),
                                          colour,
                                          NameSize,
                                          Label::Anchor::Left,

@@ -80,6 +80,13 @@ TEST_F(ChartScene, MarksWhatIsSelectedAndWhereTheDemoIs) {
   EXPECT_EQ(All<UX::Label>(Make().lanes[1]).size(), 1u) << "there is no such step";
 }
 
+TEST_F(ChartScene, KeepsLongNamesWithinTheirLane) {
+  program.channelInfos[0].name = std::string(1000, 'x');
+  const std::string name = All<UX::Label>(Make().lanes[0])[0].text;
+  EXPECT_LT(name.size(), 110u);
+  EXPECT_TRUE(name.ends_with("x\xE2\x80\xA6"));
+}
+
 TEST_F(ChartScene, BecomesAPictureThatHoldsAnyName) {
   program.channelInfos[0].name = "<a & b>\n\xFF";
   UX::RendererSVG renderer;
