@@ -12,17 +12,17 @@ namespace {
 using Kind = CommandRow::Kind;
 
 constexpr CommandRow Item(Menu menu, int number, const char* text, When when, void (*run)(Workbench&)) {
-  return {Kind::Command, menu, number, text, "", when, run, Menu::None};
+  return {text, "", run, number, Kind::Command, menu, when};
 }
 constexpr CommandRow ForFiles(int number, const char* text, const char* suffix, When when,
                               void (*run)(Workbench&)) {
-  return {Kind::Command, Menu::File, number, text, suffix, when, run, Menu::None};
+  return {text, suffix, run, number, Kind::Command, Menu::File, when};
 }
 constexpr CommandRow Line(Menu menu) {
-  return {Kind::Separator, menu, 0, "", "", When::Always, nullptr, Menu::None};
+  return {"", "", nullptr, 0, Kind::Separator, menu};
 }
 constexpr CommandRow Within(Menu menu, const char* text, Menu submenu) {
-  return {Kind::Submenu, menu, 0, text, "", When::Always, nullptr, submenu};
+  return {text, "", nullptr, 0, Kind::Submenu, menu, When::Always, submenu};
 }
 template <int Minutes>
 void Align(Workbench& workbench) {

@@ -30,14 +30,14 @@ enum class When : std::uint8_t { Always, NoDemo, Demo, StepSelected };
 /// A command, or a line or a menu within a menu.
 struct CommandRow {
   enum class Kind : std::uint8_t { Command, Separator, Submenu };
-  Kind kind = Kind::Command;
-  Menu menu = Menu::None;
-  int number = 0;
   const char* text = "";    // in English, the key of its translations
   const char* suffix = "";  // behind the translation
-  When when = When::Always;
   void (*run)(Workbench& workbench) = nullptr;
-  Menu submenu = Menu::None;
+  int number = 0;
+  Kind kind = Kind::Command;
+  Menu menu = Menu::None;  // where it stands
+  When when = When::Always;
+  Menu submenu = Menu::None;  // what it opens
 };
 
 /// All rows, those of a menu in its order.
