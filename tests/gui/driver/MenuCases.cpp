@@ -1,0 +1,275 @@
+// SPDX-License-Identifier: MIT
+// Menus, keys and resources, held against the table of commands.
+#include <algorithm>
+
+#include "QorLib/qor_win_str_utils.h"
+#include "formats/Localisation.h"
+#include "tests/gui/driver/App.h"
+#include "tests/gui/driver/Cases.h"
+#include "tests/gui/driver/Check.h"
+#include "tests/gui/driver/Controls.h"
+#include "tests/gui/driver/Input.h"
+#include "ui/CommandTable.h"
+#include "ui/MenuState.h"
+#include "ui/win32/ResourceIds.h"
+
+namespace gui {
+namespace {
+
+using UX::CommandRow;
+using Kind = UX::CommandRow::Kind;
+
+/// How menus are written down here: a line for each item.
+using Lines = std::vector<std::string>;
+
+std::string Marks(bool isGreyed, bool isChecked) {
+  const std::string marks = std::string(isGreyed ? "G" : "") + (isChecked ? "C" : "");
+  return marks.empty() ? "-" : marks;
+}
+
+std::string Line(int depth, int number, const std::string& marks, const std::string& text) {
+  return std::to_string(depth) + ' ' + std::to_string(number) + ' ' + marks + ' ' + text;
+}
+
+Lines LinesOf(const std::vector<MenuLine>& menu) {
+  Lines lines;
+  for (const MenuLine& line : menu) lines.push_back(Line(line.depth, line.number, line.marks, line.text));
+  return lines;
+}
+
+/// What the window is to show.
+class ExpectedMenu {
+ public:
+  ExpectedMenu(TCBase::Localisation& texts, const UX::MenuConditions& conditions)
+      : texts_(texts), conditions_(conditions) {}
+
+  Lines Bar() {
+    for (const UX::MenuTitle& title : UX::MenuBar()) {
+      const bool isGreyed = !IsEnabled(title.menu, conditions_);
+      lines_.push_back(Line(0, 0, isGreyed ? "PG" : "P", Text(title.text)));
+      Add(title.menu, 1);
+    }
+    return lines_;
+  }
+
+ private:
+  std::string Text(const char* english) { return std::string(texts_.Translate(english)); }
+
+  void Add(UX::Menu menu, int depth) {
+    for (const CommandRow& row : UX::CommandTable()) {
+      if (row.menu == menu) Add(row, depth);
+    }
+    if (menu != UX::Menu::Language) return;
+    int number = UX::FirstLanguageCommand;
+    for (const auto& language : texts_.Languages()) {
+      lines_.push_back(Line(depth, number, Marks(false, IsChecked(number, conditions_)), language.name));
+      ++number;
+    }
+  }
+
+  void Add(const CommandRow& row, int depth) {
+    switch (row.kind) {
+      case Kind::Separator: lines_.push_back(Line(depth, 0, "S", "")); break;
+      case Kind::Submenu:
+        lines_.push_back(Line(depth, 0, "P", Text(row.text)));
+        Add(row.submenu, depth + 1);
+        break;
+      case Kind::Command:
+        lines_.push_back(Line(depth, row.number,
+                              Marks(!IsEnabled(row, conditions_), IsChecked(row.number, conditions_)),
+                              Text(row.text) + row.suffix));
+    }
+  }
+
+  TCBase::Localisation& texts_;
+  UX::MenuConditions conditions_;
+  Lines lines_;
+};
+
+void ExpectLines(const Lines& actual, const Lines& expected) {
+  for (std::size_t i = 0; i < std::min(actual.size(), expected.size()); ++i) {
+    ExpectEqual("line " + std::to_string(i + 1), actual[i], expected[i]);
+  }
+  ExpectEqual("the number of lines", actual.size(), expected.size());
+}
+
+void ExpectMenu(const App& app, const UX::MenuConditions& conditions, std::string_view language = "en") {
+  TCBase::Localisation texts;
+  texts.SetLanguage(language);
+  ExpectLines(LinesOf(app.MenuLines()), ExpectedMenu(texts, conditions).Bar());
+}
+
+void ShowsTheTable() {
+  App app("menu");
+  ExpectMenu(app, {});
+  app.Close();
+}
+
+void ShowsStates() {
+  App app("menu-states");
+  UX::MenuConditions conditions;
+  Click(app.ChartPoint(0, 600, 80));
+  app.Settle();
+  conditions.isStepSelected = true;
+  ExpectMenu(app, conditions);
+  app.Run(UX::command::Logging);
+  app.Run(UX::command::SlowDemo);
+  conditions.isLogging = true;
+  conditions.demoSeconds = 300;
+  ExpectMenu(app, conditions);
+  app.PickEmulator();
+  app.Run(UX::command::PlayDemo);
+  conditions.isDemoRunning = true;
+  ExpectMenu(app, conditions);
+  app.Run(UX::command::StopDemo);
+  conditions.isDemoRunning = false;
+  Until("the demo ends", [&] { return !IsWindowEnabled(app.Control(UX::command::StopDemo)); });
+  ExpectMenu(app, conditions);
+  const std::string settings = BytesOf(app.FileIn("TC420Config.xml"));
+  Expect(Contains(settings, "<demo_speed>300<") && Contains(settings, "<logging>on<"),
+         "the settings are not kept: " + settings);
+  app.Close();
+}
+
+int CommandOf(std::string_view language) {
+  TCBase::Localisation texts;
+  const auto languages = texts.Languages();
+  const auto found = std::ranges::find(languages, language, &TCBase::StringTable::Language::id);
+  Expect(found != languages.end(), "no such language");
+  return UX::FirstLanguageCommand + static_cast<int>(found - languages.begin());
+}
+
+/// German through the menu by its keys, Polish as a command; it is there again at the next start.
+void SwitchesLanguages() {
+  {
+    App app("language");
+    const int german = CommandOf("de");
+    Key(VK_F10);
+    for (int i = 0; i < 5; ++i) Key(VK_RIGHT);
+    for (int i = UX::EnglishCommand; i <= german; ++i) Key(VK_DOWN);
+    Key(VK_RETURN);
+    Until("the title is German", [&] { return app.Title() == "Orvanta 24 - Neues Programm"; });
+    UX::MenuConditions conditions;
+    conditions.languageCommand = german;
+    ExpectMenu(app, conditions, "de");
+    app.Run(CommandOf("pl"));
+    app.Close();
+  }
+  App app("language");
+  UX::MenuConditions conditions;
+  conditions.languageCommand = CommandOf("pl");
+  ExpectMenu(app, conditions, "pl");
+  app.Close();
+}
+
+// Resources
+
+Lines ResourceLines(const UX::Menu menu, int depth) {
+  Lines lines;
+  for (const CommandRow& row : UX::CommandTable()) {
+    if (row.menu != menu) continue;
+    const char* text = row.kind == Kind::Separator ? "" : UX::ResourceText(row);
+    const char* marks = row.kind == Kind::Separator ? "S" : row.kind == Kind::Submenu ? "P" : "-";
+    lines.push_back(Line(depth, row.number, marks, text));
+    const Lines below = row.kind == Kind::Submenu ? ResourceLines(row.submenu, depth + 1) : Lines();
+    lines.insert(lines.end(), below.begin(), below.end());
+  }
+  return lines;
+}
+
+Lines ExpectedResource() {
+  Lines lines;
+  for (const UX::MenuTitle& title : UX::MenuBar()) {
+    lines.push_back(Line(0, 0, "P", title.resource));
+    const Lines below = ResourceLines(title.menu, 1);
+    lines.insert(lines.end(), below.begin(), below.end());
+  }
+  return lines;
+}
+
+Lines LinesOf(HMENU menu, int depth) {
+  Lines lines;
+  for (int position = 0; position < GetMenuItemCount(menu); ++position) {
+    wchar_t text[128] = L"";
+    GetMenuStringW(menu, static_cast<UINT>(position), text, 128, MF_BYPOSITION);
+    const HMENU below = GetSubMenu(menu, position);
+    const UINT number = below != nullptr ? 0 : GetMenuItemID(menu, position);
+    const char* marks = below != nullptr ? "P" : number == 0 ? "S" : "-";
+    lines.push_back(Line(depth, static_cast<int>(number), marks, qor::win::Utf8FromWide(text)));
+    const Lines inner = below != nullptr ? LinesOf(below, depth + 1) : Lines();
+    lines.insert(lines.end(), inner.begin(), inner.end());
+  }
+  return lines;
+}
+
+std::string AcceleratorLine(const ACCEL& accelerator) {
+  return std::to_string(accelerator.key) + " with " + std::to_string(accelerator.fVirt & 0x1F) + " runs " +
+         std::to_string(accelerator.cmd);
+}
+
+Lines AcceleratorsIn(HMODULE module) {
+  const HACCEL table = LoadAcceleratorsW(module, MAKEINTRESOURCEW(IDC_HALVEX));
+  Expect(table != nullptr, "no table of keys");
+  std::vector<ACCEL> keys(static_cast<std::size_t>(CopyAcceleratorTableW(table, nullptr, 0)));
+  CopyAcceleratorTableW(table, keys.data(), static_cast<int>(keys.size()));
+  Lines lines;
+  std::ranges::transform(keys, std::back_inserter(lines), AcceleratorLine);
+  return lines;
+}
+
+Lines ExpectedAccelerators() {
+  Lines lines;
+  for (const UX::Accelerator& key : UX::Accelerators()) {
+    const int flags =
+        (key.isVirtual ? FVIRTKEY : 0) | (key.isControl ? FCONTROL : 0) | (key.isAlt ? FALT : 0);
+    lines.push_back(AcceleratorLine({static_cast<BYTE>(flags), key.key, static_cast<WORD>(key.command)}));
+  }
+  return lines;
+}
+
+std::string StringIn(HMODULE module, UINT id) {
+  wchar_t text[64] = L"";
+  LoadStringW(module, id, text, 64);
+  return qor::win::Utf8FromWide(text);
+}
+
+std::string BytesIn(HMODULE module, const wchar_t* name, const wchar_t* type) {
+  const HRSRC place = FindResourceW(module, name, type);
+  if (place == nullptr) return {};
+  const auto* bytes = static_cast<const char*>(LockResource(LoadResource(module, place)));
+  return {bytes, SizeofResource(module, place)};
+}
+
+void HasResources() {
+  const HMODULE module =
+      LoadLibraryExW(qor::win::WideFromUtf8(TheRig().program).c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+  Expect(module != nullptr, "the program cannot be read");
+  ExpectLines(LinesOf(LoadMenuW(module, MAKEINTRESOURCEW(IDC_HALVEX)), 0), ExpectedResource());
+  ExpectLines(AcceleratorsIn(module), ExpectedAccelerators());
+  ExpectEqual("text 103", StringIn(module, IDS_APP_TITLE), "Halvex");
+  ExpectEqual("text 109", StringIn(module, IDC_HALVEX), "HALVEX");
+  for (const int icon : {IDI_HALVEX, IDI_SMALL}) {
+    Expect(!BytesIn(module, MAKEINTRESOURCEW(icon), RT_GROUP_ICON).empty(), "an icon is missing");
+  }
+  Expect(BytesIn(module, MAKEINTRESOURCEW(IDP_LOGO), L"PNG").starts_with("\x89PNG"), "no logo");
+  const std::string manifest = BytesIn(module, MAKEINTRESOURCEW(1), RT_MANIFEST);
+  for (const char* part : {"Microsoft.Windows.Common-Controls", "PerMonitorV2", "longPathAware"}) {
+    Expect(Contains(manifest, part), std::string("the manifest lacks ") + part);
+  }
+  FreeLibrary(module);
+}
+
+constexpr Case Cases[] = {
+    {"menu.shows-the-table", ShowsTheTable},
+    {"menu.states", ShowsStates},
+    {"menu.languages", SwitchesLanguages},
+    {"resources", HasResources},
+};
+
+}  // namespace
+
+std::span<const Case> MenuCases() {
+  return Cases;
+}
+
+}  // namespace gui
