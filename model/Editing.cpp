@@ -150,6 +150,10 @@ void InsertSteps(Channel& channel, const std::vector<Step>& steps) {
   PutInOrder(channel);
 }
 
+void RenewIds(Channel& channel) {
+  channel.steps = WithNewIds(std::move(channel.steps));
+}
+
 void ReplaceSteps(Channel& channel, const std::vector<Step>& steps) {
   channel.steps = WithNewIds(steps);
   PutInOrder(channel);

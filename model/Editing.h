@@ -55,6 +55,9 @@ EditResult ClearSteps(Mode& mode, std::size_t channel);
 /// place, and of several new ones the last.
 void InsertSteps(Channel& channel, const std::vector<Step>& steps);
 
+/// Gives the channel's steps new ids: they are copies of others.
+void RenewIds(Channel& channel);
+
 /// Puts the steps, under new ids, in the place of the channel's: sorted, the first of each minute.
 void ReplaceSteps(Channel& channel, const std::vector<Step>& steps);
 

@@ -40,33 +40,39 @@ std::optional<std::size_t> IndexOf(const Channel& channel, std::uint32_t id) {
 }  // namespace
 
 std::optional<StepPlace> ChartEditor::SelectedStep() const {
-  const TCBase::Mode& mode = context_.document.Mode();
-  if (!channel_ || !step_ || *step_ >= mode.channels[*channel_].steps.size()) return std::nullopt;
-  return StepPlace{*channel_, *step_};
+  if (!channel_ || !stepId_) return std::nullopt;
+  const auto step = IndexOf(context_.document.Mode().channels[*channel_], *stepId_);
+  return step ? std::optional(StepPlace{*channel_, *step}) : std::nullopt;
+}
+
+void ChartEditor::SetDemoRunning(bool isRunning) {
+  FinishRun();
+  isDemoRunning_ = isRunning;
+}
+
+void ChartEditor::SetSelection(std::optional<std::size_t> channel, std::optional<std::uint32_t> stepId) {
+  channel_ = channel;
+  stepId_ = stepId;
+  context_.view.RedrawChart();
+  context_.view.Refresh();
 }
 
 void ChartEditor::SelectChannel(std::optional<std::size_t> channel) {
   FinishRun();
-  channel_ = channel;
-  step_.reset();
-  context_.view.RedrawChart();
-  context_.view.Refresh();
+  SetSelection(channel, std::nullopt);
 }
 
 void ChartEditor::Select(const StepPlace& place) {
+  const std::uint32_t id = Step(place).id;
   FinishRun();
-  channel_ = place.channel;
-  step_ = place.step;
-  context_.view.RedrawChart();
-  context_.view.Refresh();
+  SetSelection(place.channel, id);
 }
 
 void ChartEditor::Reset() {
   FinishRun();
   hovered_.reset();
-  press_.reset();
   channel_.reset();
-  step_.reset();
+  stepId_.reset();
 }
 
 void ChartEditor::ChannelChanged(std::size_t channel) {
@@ -81,14 +87,17 @@ void ChartEditor::ButtonDown(Point point) {
   context_.view.CaptureMouse(true);
   press_ = Press{point};
   if (isDemoRunning_) return SeekDemo(point);
-  if (const auto hit = geometry_.HitTest(Mode(), point)) return Select(*hit);
+  if (const auto hit = geometry_.HitTest(Mode(), point)) {
+    press_->holdsStep = true;
+    return SetSelection(hit->channel, Step(*hit).id);
+  }
   for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
     if (geometry_.Lane(channel).Contains(point)) return PressInLane(channel, point);
   }
 }
 
 void ChartEditor::PressInLane(std::size_t channel, Point point) {
-  if (channel_ != channel) return SelectChannel(channel);
+  if (channel_ != channel) return SetSelection(channel, std::nullopt);
   const double second = geometry_.SecondAt(point.x);
   if (second < 0 || second >= SecondsPerDay) return;
   AddStep(channel, static_cast<int>(second), geometry_.PercentAt(channel, point.y));
@@ -104,6 +113,7 @@ void ChartEditor::AddStep(std::size_t channel, int second, float percent) {
   TCBase::Step step = TCBase::MakeStep(second / 3600, second % 3600 / 60, percent);
   step.Clamp();
   Channel& lane = Mode().channels[channel];
+  lane.Sort();  // a file's steps may be in any order
   lane.Add(step);
   lane.RemoveDuplicateTimes();
   const int count = TCBase::StepCount(Mode());
@@ -117,13 +127,14 @@ void ChartEditor::AddStep(std::size_t channel, int second, float percent) {
   }
   const auto added = std::ranges::find(lane.steps, step.MinuteOfDay(), &TCBase::Step::MinuteOfDay);
   channel_ = channel;
-  step_ = static_cast<std::size_t>(added - lane.steps.begin());
+  stepId_ = added->id;
+  if (press_) press_->holdsStep = true;
   ChannelChanged(channel);
 }
 
 void ChartEditor::MouseMove(Point point) {
   if (press_ && isDemoRunning_) return SeekDemo(point);
-  if (press_ && SelectedStep()) {
+  if (press_ && press_->holdsStep && SelectedStep()) {
     const bool isOut =
         std::abs(point.x - press_->at.x) > WobblePixels || std::abs(point.y - press_->at.y) > WobblePixels;
     if (isOut && !press_->isMoving) {
@@ -158,15 +169,19 @@ void ChartEditor::DragTo(Point point) {
   step.value = geometry_.PercentAt(place.channel, point.y);
   step.Clamp();
   isMoved_ = true;
-  SortAndSelect(place.channel, step.id);
+  Mode().channels[place.channel].Sort();
   ChannelChanged(place.channel);
+}
+
+void ChartEditor::EndPress() {
+  if (!press_) return;
+  press_.reset();
+  context_.view.CaptureMouse(false);
 }
 
 void ChartEditor::ButtonUp() {
   if (!press_) return;
   const bool hasHint = press_->hasHint;
-  press_.reset();
-  context_.view.CaptureMouse(false);
   FinishRun();
   const auto selected = SelectedStep();
   if (isDemoRunning_ || !selected) return;
@@ -177,19 +192,16 @@ void ChartEditor::ButtonUp() {
 }
 
 void ChartEditor::CancelDrag() {
-  press_.reset();
-  context_.view.CaptureMouse(false);
+  EndPress();
   isMoved_ = false;
-  const auto selected = SelectedStep();
-  const std::uint32_t id = selected ? Step(*selected).id : 0;
   if (auto before = context_.history.Withdraw()) context_.document.SetContent(std::move(*before));
-  if (selected) step_ = IndexOf(Mode().channels[selected->channel], id);
   context_.view.RedrawChart();
   context_.view.Refresh();
 }
 
 void ChartEditor::SelectAt(Point point) {
   if (press_ || isDemoRunning_) return;
+  FinishRun();
   if (const auto hit = geometry_.HitTest(Mode(), point)) return Select(*hit);
   for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
     if (geometry_.Lane(channel).Contains(point)) SelectChannel(channel);
@@ -232,11 +244,13 @@ bool ChartEditor::Key(ChartKey key, std::int64_t milliseconds) {
 }
 
 void ChartEditor::Tick(std::int64_t milliseconds) {
-  if (!press_ && context_.history.HasPending() && milliseconds - lastKey_ >= RunPauseMilliseconds)
+  if (!press_ && !isHeld_ && context_.history.HasPending() && milliseconds - lastKey_ >= RunPauseMilliseconds)
     FinishRun();
 }
 
 void ChartEditor::FinishRun() {
+  EndPress();
+  isHeld_ = false;
   if (const auto selected = SelectedStep(); isMoved_ && selected) ClearMinuteOf(*selected);
   isMoved_ = false;
   context_.history.Commit();
@@ -261,13 +275,8 @@ void ChartEditor::ClearMinuteOf(const StepPlace& place) {
     while (!IsFree(others, minute)) minute = (minute + 1) % MinutesPerDay;
     SetMinute(Step(place), minute);
   }
-  SortAndSelect(place.channel, moved.id);
+  Mode().channels[place.channel].Sort();
   ChannelChanged(place.channel);
-}
-
-void ChartEditor::SortAndSelect(std::size_t channel, std::uint32_t id) {
-  Mode().channels[channel].Sort();
-  step_ = IndexOf(Mode().channels[channel], id);
 }
 
 void ChartEditor::DeleteStep(const StepPlace& place) {
@@ -275,7 +284,7 @@ void ChartEditor::DeleteStep(const StepPlace& place) {
   const TCBase::EditResult result = TCBase::DeleteStep(Mode(), place.channel, place.step);
   context_.log.Message(result.status);
   if (!result.isChanged) return;
-  step_.reset();
+  stepId_.reset();
   isMoved_ = false;
   hovered_.reset();
   context_.history.Commit();
@@ -290,7 +299,7 @@ void ChartEditor::MoveByKey(const StepPlace& place, int minutes, float percent, 
   step.value += percent;
   step.Clamp();
   isMoved_ = isMoved_ || minutes != 0;
-  SortAndSelect(place.channel, step.id);
+  Mode().channels[place.channel].Sort();
   ChannelChanged(place.channel);
 }
 
@@ -306,6 +315,7 @@ void ChartEditor::ToggleJump(const StepPlace& place) {
 
 bool ChartEditor::PauseDemo() {
   TCBase::JobControl& control = context_.control;
+  if (control.demoState == TCBase::JobControl::NoDemo) return false;  // it is still connecting
   if (control.demoState == TCBase::JobControl::DemoPaused) {
     control.Post(TCBase::JobControl::Resume);
     context_.log.Message("Demo playback resumed");
@@ -317,6 +327,7 @@ bool ChartEditor::PauseDemo() {
 }
 
 void ChartEditor::GoToStep(int offset) {
+  FinishRun();
   if (!channel_) return GoToChannel(1);
   const auto count = static_cast<int>(Mode().channels[*channel_].steps.size());
   if (count == 0) return;

@@ -46,7 +46,8 @@ class ChartEditor {
 
   /// How the chart stands on the screen; points and edits by the mouse count in it.
   void SetGeometry(const ChartGeometry& geometry) { geometry_ = geometry; }
-  void SetDemoRunning(bool isRunning) { isDemoRunning_ = isRunning; }
+  /// Ends a press: what it began is over.
+  void SetDemoRunning(bool isRunning);
 
   // The mouse. A pressed step follows the pointer once that has left a small square; letting go ends the
   // edit.
@@ -65,6 +66,10 @@ class ChartEditor {
   /// Ends a run of keys: its edits become one entry of the history, and other steps on the minute of the
   /// moved one go. To be called before anything else is done to the program.
   void FinishRun();
+  /// An edit elsewhere, of the run that is pending, happened now.
+  void KeepRun(std::int64_t milliseconds) { lastKey_ = milliseconds; }
+  /// The pending run lasts until FinishRun, however long it pauses.
+  void HoldRun() { isHeld_ = true; }
 
   std::optional<std::size_t> SelectedChannel() const { return channel_; }
   /// Nothing where the step is no longer there.
@@ -72,12 +77,15 @@ class ChartEditor {
   std::optional<StepPlace> HoveredStep() const { return hovered_; }
   /// Selects a channel and none of its steps.
   void SelectChannel(std::optional<std::size_t> channel);
+  /// The selected channel's steps are in another channel now, and the selection follows them.
+  void FollowSteps(std::size_t channel) { channel_ = channel; }
   /// Nothing is selected or touched any more: another program, or another mode, is shown.
   void Reset();
 
  private:
   struct Press {
     Point at;
+    bool holdsStep = false;  // the selected step is the one that was pressed
     bool isMoving = false;
     bool hasHint = false;  // a hint was shown that must stay
   };
@@ -85,6 +93,8 @@ class ChartEditor {
   TCBase::Mode& Mode() { return context_.document.Mode(); }
   TCBase::Step& Step(const StepPlace& place) { return Mode().channels[place.channel].steps[place.step]; }
   void Select(const StepPlace& place);
+  void SetSelection(std::optional<std::size_t> channel, std::optional<std::uint32_t> stepId);
+  void EndPress();
   void Hover(std::optional<StepPlace> place);
   void SeekDemo(Point point);
   void PressInLane(std::size_t channel, Point point);
@@ -99,7 +109,6 @@ class ChartEditor {
   void GoToStep(int offset);
   void GoToChannel(int offset);
   void InsertByKey();
-  void SortAndSelect(std::size_t channel, std::uint32_t id);
   void ClearMinuteOf(const StepPlace& place);
   void ChannelChanged(std::size_t channel);
 
@@ -107,10 +116,11 @@ class ChartEditor {
   ChartGeometry geometry_{0, 0, ViewSpan()};
   bool isDemoRunning_ = false;
   std::optional<std::size_t> channel_;
-  std::optional<std::size_t> step_;  // of the selected channel; it may be gone
+  std::optional<std::uint32_t> stepId_;  // of a step of the selected channel; it may be gone
   std::optional<StepPlace> hovered_;
   std::optional<Press> press_;
   bool isMoved_ = false;  // the selected step was moved and others may stand on its minute
+  bool isHeld_ = false;
   std::int64_t lastKey_ = 0;
 };
 

@@ -98,7 +98,7 @@ constexpr CommandRow Table[] = {
     Item(Menu::Channel, 32919, "Manual steps edit...", When::NoDemo, EditStepsByText),
     Line(Menu::Channel),
     Item(Menu::Channel, command::RenameChannel, "Rename channel", When::NoDemo, RenameChannel),
-    Item(Menu::Channel, 32899, "Change channel color", When::NoDemo, ChangeChannelColour),
+    Item(Menu::Channel, command::ChangeColour, "Change channel color", When::NoDemo, ChangeChannelColour),
 
     Item(Menu::Mode, 32913, "Optimize mode for TC421", When::NoDemo, OptimiseModeForTC421),
     Line(Menu::Mode),

@@ -78,6 +78,7 @@ inline constexpr int ScanNetwork = 32910;
 inline constexpr int AddEmulator = 32929;
 inline constexpr int Logging = 32774;
 inline constexpr int RenameChannel = 32896;
+inline constexpr int ChangeColour = 32899;
 inline constexpr int ToggleJump = 32904;
 inline constexpr int DeleteStep = 32930;
 inline constexpr int FastDemo = 32914;

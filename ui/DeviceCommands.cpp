@@ -106,7 +106,7 @@ void PlayDemo(Workbench& workbench) {
 }
 
 void StopDemo(Workbench& workbench) {
-  workbench.services.worker.Control().Post(TCBase::JobControl::Stop);
+  workbench.StopDemo();
   workbench.view.Refresh();
 }
 
@@ -143,6 +143,7 @@ void ScanNetwork(Workbench& workbench) {
 }
 
 void SetUpWiFi(Workbench& workbench) {
+  if (workbench.services.worker.IsBusy()) return;  // it may be talking to the very controller
   workbench.dialogs.RunWiFiWizard();
 }
 

@@ -14,6 +14,7 @@ namespace {
 using TCBase::EditResult;
 
 constexpr std::size_t MostNameCharacters = 20;
+constexpr std::size_t MostStepsText = 2048;  // that the dialog takes
 
 /// Puts back what undo or redo gave; the selected step stays selected where it is still there.
 void Show(Workbench& workbench, std::optional<Snapshot> content) {
@@ -34,7 +35,7 @@ void MoveSteps(Workbench& workbench, Function move) {
   auto channel = workbench.editor.SelectedChannel();
   if (!channel) return;
   workbench.Edit([&] { return move(workbench.document.Mode(), *channel); });
-  workbench.editor.SelectChannel(channel);
+  workbench.editor.FollowSteps(*channel);
 }
 
 EditResult Refused(const char* english, std::vector<qor::FormatArgument> arguments = {}) {
@@ -160,9 +161,15 @@ void EditStepsByText(Workbench& workbench) {
   const auto selected = workbench.editor.SelectedChannel();
   if (!selected) return;
   workbench.editor.FinishRun();
-  const auto steps = AskSteps(workbench, "Manual steps edit...",
-                              TCBase::WriteStepsText(workbench.document.Mode().channels[*selected].steps));
-  if (!steps) return;
+  const auto& before = workbench.document.Mode().channels[*selected].steps;
+  const std::string text = TCBase::WriteStepsText(before);
+  if (text.size() > MostStepsText) {  // the dialog would cut it
+    workbench.dialogs.Tell(workbench.Text({"Manual steps edit...", {}}),
+                           workbench.Text({"More than {1} steps", {TCBase::MaxModeSteps}}));
+    return;
+  }
+  const auto steps = AskSteps(workbench, "Manual steps edit...", text);
+  if (!steps || TCBase::WriteStepsText(*steps) == text) return;  // else fractions of percents would go
   EditChannel(workbench, [&](const TCBase::Mode&, std::size_t number) {
     TCBase::Channel channel;
     TCBase::ReplaceSteps(channel, *steps);
@@ -221,8 +228,9 @@ void AddMode(Workbench& workbench) {
 }
 
 void CopyMode(Workbench& workbench) {
-  workbench.editor.FinishRun();
-  Insert(workbench, "Copy", workbench.document.Mode());
+  TCBase::Mode copy = workbench.document.Mode();
+  for (TCBase::Channel& channel : copy.channels) TCBase::RenewIds(channel);
+  Insert(workbench, "Copy", std::move(copy));
 }
 
 void RenameMode(Workbench& workbench) {

@@ -8,6 +8,7 @@ namespace UX {
 void TypeDescription(Workbench& workbench, const std::string& description) {
   if (workbench.document.Mode().description == description) return;
   workbench.history.TakePending(workbench.document.Content());
+  workbench.editor.KeepRun(workbench.Milliseconds());
   workbench.document.Mode().description = description;
   workbench.view.Refresh();
 }
@@ -27,6 +28,7 @@ void PowerEdit::Set(std::size_t channel, float percent) {
   const float power = PowerOf(run_->before);
   if (power <= 0) return;
   workbench_.history.TakePending(workbench_.document.Content());
+  workbench_.editor.HoldRun();
   edited = run_->before;
   edited.Normalize(power / std::clamp(percent, 1.0F, 100.0F));
   workbench_.view.RedrawLane(channel);

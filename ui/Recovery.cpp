@@ -30,12 +30,17 @@ void Recovery::Offer() {
   }
 }
 
-void Recovery::Keep() {
-  if (!workbench_.document.IsModified()) return Remove();
-  if (kept_ == workbench_.document.Program()) return;
-  workbench_.services.settings.Set(SettingPath, workbench_.document.Path());
-  kept_ = workbench_.document.Program();
-  platform::ReplaceWholeFile(path_, TCBase::WriteProgram(*kept_));  // where that fails there is no copy
+bool Recovery::Keep() {
+  const Document& document = workbench_.document;
+  if (!document.IsModified()) {
+    Remove();
+    return true;
+  }
+  if (kept_ == document.Program()) return true;
+  if (platform::ReplaceWholeFile(path_, TCBase::WriteProgram(document.Program()))) return false;
+  workbench_.services.settings.Set(SettingPath, document.Path());
+  kept_ = document.Program();
+  return true;
 }
 
 void Recovery::Remove() {

@@ -17,8 +17,9 @@ class Recovery {
 
   /// Asks about what a crash left behind; it is opened, or removed when the user declines.
   void Offer();
-  /// To be called every few seconds: writes the copy when the program has changed, or removes it.
-  void Keep();
+  /// To be called every few seconds: writes the copy when the program has changed, or removes it. Whether all
+  /// changes are safe.
+  bool Keep();
   /// Removes the copy: the user has decided about the changes.
   void Remove();
 

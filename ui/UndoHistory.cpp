@@ -6,15 +6,17 @@
 namespace UX {
 namespace {
 
-// Of all entries together: a usual program has some hundred steps.
-constexpr std::size_t MostSteps = 4'000'000;
+// Of all entries together: a usual program takes some kilobytes.
+constexpr std::size_t MostBytes = std::size_t{128} << 20;
 
-std::size_t StepsIn(const Snapshot& snapshot) {
-  std::size_t count = 1;
+/// About what the copy takes.
+std::size_t BytesOf(const Snapshot& snapshot) {
+  std::size_t bytes = sizeof snapshot;
   for (const TCBase::Mode& mode : snapshot.program.modes) {
-    for (const TCBase::Channel& channel : mode.channels) count += channel.steps.size();
+    bytes += sizeof mode + mode.name.size() + mode.description.size();
+    for (const TCBase::Channel& channel : mode.channels) bytes += channel.steps.size() * sizeof(TCBase::Step);
   }
-  return count;
+  return bytes;
 }
 
 }  // namespace
@@ -26,13 +28,13 @@ void UndoHistory::Push(const Snapshot& before) {
 }
 
 void UndoHistory::TakePending(const Snapshot& before) {
-  if (pending_) return;
-  redo_.clear();
-  pending_ = before;
+  if (!pending_) pending_ = before;
 }
 
 void UndoHistory::Commit() {
-  if (pending_) Add(*std::exchange(pending_, std::nullopt));
+  if (!pending_) return;
+  redo_.clear();
+  Add(*std::exchange(pending_, std::nullopt));
 }
 
 std::optional<Snapshot> UndoHistory::Withdraw() {
@@ -44,7 +46,7 @@ std::optional<Snapshot> UndoHistory::Undo(const Snapshot& now) {
   while (!undo_.empty()) {
     Snapshot last = std::move(undo_.back());
     undo_.pop_back();
-    undoSteps_ -= StepsIn(last);
+    undoBytes_ -= BytesOf(last);
     if (last == now) continue;
     redo_.push_back(now);
     return last;
@@ -66,10 +68,10 @@ void UndoHistory::Clear() {
 }
 
 void UndoHistory::Add(Snapshot before) {
-  undoSteps_ += StepsIn(before);
+  undoBytes_ += BytesOf(before);
   undo_.push_back(std::move(before));
-  while (undoSteps_ > MostSteps && undo_.size() > 1) {
-    undoSteps_ -= StepsIn(undo_.front());
+  while (undoBytes_ > MostBytes && undo_.size() > 1) {
+    undoBytes_ -= BytesOf(undo_.front());
     undo_.pop_front();
   }
 }

@@ -31,8 +31,8 @@ class UndoHistory {
  private:
   void Add(Snapshot before);
 
-  std::deque<Snapshot> undo_;  // the oldest ones go when there are too many steps in all
-  std::size_t undoSteps_ = 0;
+  std::deque<Snapshot> undo_;  // the oldest ones go when all take too much memory
+  std::size_t undoBytes_ = 0;
   std::vector<Snapshot> redo_;
   std::optional<Snapshot> pending_;
 };

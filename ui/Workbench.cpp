@@ -26,6 +26,8 @@ bool Workbench::Run(int number) {
   }
   const CommandRow* row = FindCommand(number);
   if (row == nullptr) return false;
+  // A run of keys may go on with a deletion, and with nothing else.
+  if (number != command::DeleteStep) editor.FinishRun();
   if (IsEnabled(*row, Conditions())) row->run(*this);
   return true;
 }
@@ -150,8 +152,14 @@ void Workbench::StartDemo(const std::vector<TCBase::DeviceInfo>& picked) {
   SetDemoRunning(true);
 }
 
+void Workbench::StopDemo() {
+  isStopWanted_ = true;
+  services.worker.Control().Post(TCBase::JobControl::Stop);
+}
+
 void Workbench::SetDemoRunning(bool isRunning) {
   isDemoRunning_ = isRunning;
+  isStopWanted_ = false;
   editor.SetDemoRunning(isRunning);
   view.RedrawChart();
   view.Refresh();
@@ -161,12 +169,25 @@ std::int64_t Workbench::Milliseconds() const {
   return services.clock.Counter() / (services.clock.Frequency() / 1000);
 }
 
+/// While a job runs, of the devices that it is through with.
+void Workbench::TakeOutcomes(bool isRunning) {
+  std::vector<TCBase::DeviceOutcome> outcomes = services.worker.Outcomes();
+  if (isRunning) {
+    std::erase_if(outcomes, [](const TCBase::DeviceOutcome& outcome) {
+      return outcome.stage == TCBase::DeviceOutcome::Stage::NotReached;
+    });
+  }
+  devices.SetOutcomes(outcomes);
+}
+
 bool Workbench::Tick() {
   editor.Tick(Milliseconds());
   const bool isBusy = services.worker.IsBusy();
   const bool hasEnded = wasBusy_ && !isBusy;
   wasBusy_ = isBusy;
-  if (hasEnded) devices.SetOutcomes(services.worker.Outcomes());
+  if (hasEnded || isBusy) TakeOutcomes(isBusy);
+  // A demo that is still connecting drops what is posted to it.
+  if (isStopWanted_ && isBusy) services.worker.Control().Post(TCBase::JobControl::Stop);
   if (isDemoRunning_ && !isBusy) SetDemoRunning(false);
   return hasEnded;
 }

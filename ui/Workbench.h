@@ -83,6 +83,8 @@ class Workbench {
   // A demo
   bool IsDemoRunning() const { return isDemoRunning_; }
   void StartDemo(const std::vector<TCBase::DeviceInfo>& picked);
+  /// Asks the demo to end, however long it takes to hear of it.
+  void StopDemo();
   int DemoSeconds() const;
   void SetDemoSeconds(int seconds);
 
@@ -94,8 +96,10 @@ class Workbench {
 
  private:
   void SetDemoRunning(bool isRunning);
+  void TakeOutcomes(bool isRunning);
 
   bool isDemoRunning_ = false;
+  bool isStopWanted_ = false;
   bool wasBusy_ = false;
 };
 

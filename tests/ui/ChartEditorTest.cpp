@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "formats/StepsText.h"
+#include "model/Editing.h"
 #include "model/ModeSample.h"
 #include "tests/support/Curves.h"
 #include "tests/support/FakeWindow.h"
@@ -129,6 +130,14 @@ TEST_F(ChartEditor, KeepsADraggedStepInTheVisiblePartOfTheDay) {
   EXPECT_EQ(Steps(), "08:00 0*, 22:00 0");
 }
 
+TEST_F(ChartEditor, KeepsTheSelectedStepWhenOthersComeBeforeIt) {
+  Click(At(22, 0, 0));
+  TCBase::AddEndpointStep(document.Mode(), TCBase::Endpoint::Start);
+  EXPECT_EQ(Steps(), "00:00 0, 08:00 0, 22:00 0*");
+  editor.Key(ChartKey::Delete, 0);
+  EXPECT_EQ(Steps(), "00:00 0, 08:00 0");
+}
+
 TEST_F(ChartEditor, PutsEverythingBackWhenADragIsCancelled) {
   editor.ButtonDown(At(8, 0, 0));
   editor.MouseMove(At(15, 0, 70));
@@ -142,6 +151,29 @@ TEST_F(ChartEditor, PutsEverythingBackWhenADragIsCancelled) {
   editor.ButtonDown(At(10, 0, 70));
   editor.Key(ChartKey::Cancel, 0);
   EXPECT_EQ(Steps(), "08:00 0, 22:00 0") << "a step that the press had added";
+}
+
+TEST_F(ChartEditor, MovesOnlyTheStepThatWasPressed) {
+  Click(At(8, 0, 0));
+  Drag({chart.Plot().left - 30, 5}, At(12, 0, 50));
+  EXPECT_EQ(Steps(), "08:00 0*, 22:00 0") << "pressed outside of all lanes";
+  editor.SetDemoRunning(true);
+  editor.ButtonDown(At(12, 0, 50));
+  editor.SetDemoRunning(false);
+  editor.MouseMove(At(15, 0, 50));
+  EXPECT_EQ(Steps(), "08:00 0*, 22:00 0") << "the press was meant for the demo";
+  EXPECT_FALSE(view.isCaptured);
+}
+
+TEST_F(ChartEditor, EndsADragThatSomethingElseComesInto) {
+  document.Mode().channels[0] = Curve({{8, 0, 0}, {12, 0, 50}, {22, 0, 0}});
+  editor.ButtonDown(At(12, 0, 50));
+  editor.MouseMove(At(15, 0, 70));
+  editor.FinishRun();
+  EXPECT_TRUE(Undo());
+  editor.MouseMove(At(18, 0, 70));
+  EXPECT_EQ(Steps(), "08:00 0, 12:00 50*, 22:00 0");
+  EXPECT_FALSE(view.isCaptured);
 }
 
 TEST_F(ChartEditor, LeavesOneStepOnAMinuteWhenAMoveEnds) {

@@ -227,7 +227,11 @@ TEST_F(Workbench, ScalesAChannelsPowerDownAndUpAgain) {
   const TCBase::Channel before = bench.document.Mode().channels[0];
   UX::PowerEdit power(bench);
   const float full = UX::PowerOf(before);
-  for (const float percent : {50.0F, 3.0F, 0.0F, full}) power.Set(0, percent);
+  for (const float percent : {50.0F, 3.0F, 0.0F, full}) {
+    power.Set(0, percent);
+    clock.Advance(5000);
+    bench.Tick();
+  }
   EXPECT_EQ(bench.document.Mode().channels[0], before);
   power.Set(0, full / 2);
   power.Finish();
@@ -238,6 +242,20 @@ TEST_F(Workbench, ScalesAChannelsPowerDownAndUpAgain) {
   bench.Run(32907);
   power.Set(1, 50);
   EXPECT_EQ(UX::PowerOf(bench.document.Mode().channels[1]), 0);
+}
+
+TEST_F(Workbench, TakesARunOfTypingForOneEdit) {
+  for (const char* text : {"d", "da", "dark"}) {
+    UX::TypeDescription(bench, text);
+    clock.Advance(500);
+    bench.Tick();
+  }
+  bench.Run(32921);
+  const std::string before = TCBase::NewProgram(texts.Translator()).modes[0].description;
+  bench.Run(command::Undo);
+  EXPECT_EQ(bench.document.Mode().description, before);
+  bench.Run(command::Redo);
+  EXPECT_EQ(bench.document.Mode().description, "dark");
 }
 
 TEST_F(Workbench, NeedsADeviceForItsJobs) {
@@ -322,9 +340,11 @@ TEST_F(Workbench, ForbidsEditsWhileADemoPlays) {
   EXPECT_FALSE(UX::IsEnabled(UX::Menu::Channel, bench.Conditions()));
   EXPECT_FALSE(UX::IsEnabled(UX::Menu::Mode, bench.Conditions()));
   EXPECT_EQ(bench.document.Program(), before);
-  bench.Run(command::StopDemo);
-  WaitForWorker();
+  bench.Run(command::StopDemo);  // the job may not have begun
+  while (worker.IsBusy()) bench.Tick();
+  bench.Tick();
   EXPECT_FALSE(bench.IsDemoRunning());
+  EXPECT_EQ(log.Texts().back(), "Cancelled!");
 }
 
 TEST_F(Workbench, TakesDemoSpeedsFromTenSecondsToADay) {

@@ -88,6 +88,16 @@ void Ctrls::ScalingChanged() {
   chart_.Resized();
 }
 
+void Ctrls::SettingsChanged(UINT message) {
+  chart_.SettingsChanged();
+  if (message != WM_SYSCOLORCHANGE) return;
+  for (HWND child = GetWindow(context_.window, GW_CHILD); child != nullptr;
+       child = GetWindow(child, GW_HWNDNEXT)) {
+    SendMessageW(child, WM_SYSCOLORCHANGE, 0, 0);
+    InvalidateRect(child, nullptr, TRUE);
+  }
+}
+
 // Texts
 
 void Ctrls::Translate() {
@@ -169,8 +179,7 @@ void Ctrls::RefreshButtons() {
 bool Ctrls::OnCommand(HWND control, int id, int notification) {
   if (control == nullptr) return false;
   if (id == DescriptionId) modes_.OnDescription(notification);
-  if (notification != BN_CLICKED || FindCommand(id) == nullptr) return id >= ChartId && id <= LogId;
-  context_.workbench.Run(id);
+  if (notification == BN_CLICKED) context_.workbench.Run(id);
   return true;
 }
 

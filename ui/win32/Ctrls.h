@@ -26,6 +26,8 @@ class Ctrls {
   void RefreshDemo();
   void LayOut();
   void ScalingChanged();
+  /// The system's colours or effects, as that message of the window says.
+  void SettingsChanged(UINT message);
   void ShowHint(const std::string& hint) { demo_.ShowHint(hint); }
 
   // Messages of the window that belong to controls; whether they did.

@@ -55,7 +55,13 @@ MainWindow::MainWindow(HINSTANCE instance, const Services& services, platform::N
   dialogs_.SetDevices(workbench_.devices);
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow() {
+  // After a failure the window may still be there; no message may find its way here any more.
+  if (!IsWindow(window_)) return;
+  SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+  SetWindowLongPtrW(ctrls_ ? ctrls_->Chart().Window() : nullptr, GWLP_USERDATA, 0);
+  DestroyWindow(window_);
+}
 
 // Start and end
 
@@ -134,22 +140,25 @@ void MainWindow::OnDestroy() {
 
 void MainWindow::RestorePlace(int command) {
   std::istringstream text(services_.settings.Get(SettingPlace));
-  RECT place{};
+  WINDOWPLACEMENT placement{};
+  placement.length = sizeof placement;
+  RECT& place = placement.rcNormalPosition;
   int width = 0, height = 0, isMaximised = 0;
   text >> place.left >> place.top >> width >> height >> isMaximised;
-  place.right = place.left + width;
-  place.bottom = place.top + height;
-  const bool isSeen =
-      text && width > 0 && height > 0 && MonitorFromRect(&place, MONITOR_DEFAULTTONULL) != nullptr;
   const POINT least = LeastSize();
-  if (isSeen) {
-    SetWindowPos(window_, nullptr, place.left, place.top, std::max<LONG>(width, least.x),
-                 std::max<LONG>(height, least.y), SWP_NOZORDER | SWP_NOACTIVATE);
-  } else if (ScaleOf(window_) > 1) {
+  place.right = place.left + std::max<LONG>(width, least.x);
+  place.bottom = place.top + std::max<LONG>(height, least.y);
+  if (text && width > 0 && height > 0 && MonitorFromRect(&place, MONITOR_DEFAULTTONULL) != nullptr) {
+    const bool isUsual = command == SW_SHOWNORMAL || command == SW_SHOWDEFAULT;
+    placement.showCmd = static_cast<UINT>(isUsual && isMaximised != 0 ? SW_SHOWMAXIMIZED : command);
+    SetWindowPlacement(window_, &placement);
+    return;
+  }
+  if (ScaleOf(window_) > 1) {
     const POINT usual = FittingSize(InitialWidth, InitialHeight);
     SetWindowPos(window_, nullptr, 0, 0, usual.x, usual.y, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOMOVE);
   }
-  ShowWindow(window_, isSeen && isMaximised != 0 && command == SW_SHOWNORMAL ? SW_SHOWMAXIMIZED : command);
+  ShowWindow(window_, command);
 }
 
 void MainWindow::KeepPlace() {
@@ -224,7 +233,8 @@ void MainWindow::ShowContextMenu(POINT at) {
 
 void MainWindow::PostLog() {
   const HWND window = logWindow_;
-  if (window != nullptr && !isLogPosted_.exchange(true)) PostMessageW(window, FlushLogMessage, 0, 0);
+  if (window == nullptr || isLogPosted_.exchange(true)) return;
+  if (!PostMessageW(window, FlushLogMessage, 0, 0)) isLogPosted_ = false;
 }
 
 void MainWindow::Flush() {
@@ -244,6 +254,14 @@ double MainWindow::SecondsSince(std::int64_t counter) const {
 
 void MainWindow::OnIdle() {
   if (!ctrls_ || !IsWindow(window_)) return;
+  try {
+    DrawNext();
+  } catch (const std::exception& failed) {
+    OnFailure(failed);
+  }
+}
+
+void MainWindow::DrawNext() {
   ctrls_->Chart().Advance(static_cast<float>(std::min(SecondsSince(lastFrame_), 0.1)));
   lastFrame_ = services_.clock.Counter();
   if (isStale_) RefreshNow();
@@ -360,7 +378,7 @@ std::optional<LRESULT> MainWindow::OnPlacement(UINT message, WPARAM wParam, LPAR
     case WM_SETTINGCHANGE:
     case WM_SYSCOLORCHANGE:
     case WM_THEMECHANGED:
-      if (ctrls_) ctrls_->Chart().SettingsChanged();
+      if (ctrls_) ctrls_->SettingsChanged(message);
       InvalidateRect(window_, nullptr, TRUE);
       return std::nullopt;
     default: return std::nullopt;
@@ -402,10 +420,12 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case NotifyMessage: workbench_.DevicesChanged(); return 0;
     case StartedMessage: OnStarted(); return 0;
     case WM_TIMER: OnTimer(wParam); return 0;
-    case WM_CLOSE: workbench_.Run(command::Exit); return 0;
+    case WM_CLOSE:
+      if (IsWindowEnabled(window_)) workbench_.Run(command::Exit);  // else a dialog is being answered
+      return 0;
     case WM_QUERYENDSESSION:
-      if (mayRecover_) recovery_.Keep();
-      return TRUE;
+      if (!workbench_.document.IsModified() || (mayRecover_ && recovery_.Keep())) return TRUE;
+      return workbench_.MayDropProgram();
     case WM_DESTROY: OnDestroy(); return 0;
     default: return DefWindowProcW(window_, message, wParam, lParam);
   }

@@ -64,6 +64,7 @@ class MainWindow : public View {
   std::optional<LRESULT> OnInput(UINT message, WPARAM wParam, LPARAM lParam);
   std::optional<LRESULT> OnPlacement(UINT message, WPARAM wParam, LPARAM lParam);
   void RefreshNow();
+  void DrawNext();
   void OnTimer(WPARAM id);
   void OnStarted();
   void OnCommand(WPARAM wParam, LPARAM lParam);

@@ -23,6 +23,13 @@ struct Arguments {
   std::string file;
 };
 
+/// The path in UTF-8, with its folders: it is kept for the next start, which may be elsewhere.
+std::string FullPath(const wchar_t* path) {
+  std::wstring full(GetFullPathNameW(path, 0, nullptr, nullptr), L'\0');
+  full.resize(GetFullPathNameW(path, static_cast<DWORD>(full.size()), full.data(), nullptr));
+  return qor::win::Utf8FromWide(full.empty() ? path : full);
+}
+
 /// Halvex [--renderer dx|gdi] [FILE]
 Arguments ReadArguments() {
   Arguments arguments;
@@ -36,7 +43,7 @@ Arguments ReadArguments() {
                            : name == "dx" ? RendererChoice::DX
                                           : RendererChoice::Best;
     } else {
-      arguments.file = text;
+      arguments.file = FullPath(texts[i]);
     }
   }
   LocalFree(static_cast<HLOCAL>(texts));
@@ -105,6 +112,26 @@ void LogProgram(Workbench& bench) {
              {bench.document.CurrentMode() + 1, TCBase::StepCount(bench.document.Mode())}});
 }
 
+/// The window that log lines are posted to, for as long as the object lives.
+class Shown {
+ public:
+  Shown(std::atomic<MainWindow*>& shown, MainWindow& window) : shown_(shown) { shown_ = &window; }
+  ~Shown() { shown_ = nullptr; }
+  Shown(const Shown&) = delete;
+  Shown& operator=(const Shown&) = delete;
+
+ private:
+  std::atomic<MainWindow*>& shown_;
+};
+
+/// A demo that is still connecting drops what is posted to it: so again and again.
+void EndDemo(TCBase::Worker& worker, platform::Clock& clock) {
+  while (worker.IsBusy()) {
+    worker.Control().Post(TCBase::JobControl::Stop);
+    clock.Sleep(20);
+  }
+}
+
 /// The program between the start of the system's services and their end.
 int RunWindow(HINSTANCE instance, int show) {
   platform::Clock& clock = platform::SystemClock();
@@ -126,20 +153,20 @@ int RunWindow(HINSTANCE instance, int show) {
   const Arguments arguments = ReadArguments();
   MainWindow window(instance, {clock, log, settings, texts, *worker}, network, folder);
   if (!window.Create(arguments.renderer)) return 0;
+  const Shown logWindow(shown, window);
   window.Show(show);
-  shown = &window;
   window.PostLog();
   window.OpenFirst(arguments.file);
   window.StartTimer();
   worker->SetNotification(window.Window(), MainWindow::NotifyMessage);
+  window.Bench().DevicesChanged();  // what was plugged in while something was being asked
   LogProgram(window.Bench());
   const int result = Loop(window, LoadAcceleratorsW(instance, MAKEINTRESOURCEW(IDC_HALVEX)));
   worker->SetNotification(nullptr, 0);
   // A demo is ended in order; an upload is let through, so that no controller is left half written.
-  if (window.Bench().IsDemoRunning()) worker->Control().Post(TCBase::JobControl::Stop);
+  if (window.Bench().IsDemoRunning()) EndDemo(*worker, clock);
   worker->Stop();
   window.Flush();
-  shown = nullptr;
   window.ReleaseRenderer();
   return result;
 }

@@ -37,7 +37,9 @@ CheckList::CheckList(const PanelContext& context, int id)
 }
 
 void CheckList::Show(std::vector<CheckRow> rows, int selected) {
+  if (rows == rows_ && ListView_GetNextItem(window_, -1, LVNI_SELECTED) == selected) return;
   isShowing_ = true;
+  SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
   const int count = ListView_GetItemCount(window_);
   for (int extra = count; extra > static_cast<int>(rows.size()); --extra) {
     ListView_DeleteItem(window_, extra - 1);
@@ -53,6 +55,7 @@ void CheckList::Show(std::vector<CheckRow> rows, int selected) {
     if (selected >= 0) ListView_EnsureVisible(window_, selected, FALSE);
   }
   SetColumnWidths();
+  SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
   isShowing_ = false;
 }
 
@@ -101,7 +104,11 @@ LRESULT CheckList::OnNotify(NMHDR* header) {
       SetCapture(window_);
       return 0;
     case NM_DBLCLK: {
-      const int row = reinterpret_cast<NMITEMACTIVATE*>(header)->iItem;
+      const auto& click = *reinterpret_cast<NMITEMACTIVATE*>(header);
+      LVHITTESTINFO hit{};
+      hit.pt = click.ptAction;
+      ListView_HitTest(window_, &hit);
+      const int row = (hit.flags & LVHT_ONITEMSTATEICON) == 0 ? click.iItem : -1;
       if (row >= 0 && onOpen) onOpen(static_cast<std::size_t>(row));
       return 0;
     }

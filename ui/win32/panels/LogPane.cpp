@@ -25,7 +25,7 @@ HWND MakeWindow(const PanelContext& context) {
 
 LogPane::LogPane(const PanelContext& context) : context_(context), window_(MakeWindow(context)) {
   SendMessageW(window_, EM_EXLIMITTEXT, 0, MostCharacters);
-  SendMessageW(window_, EM_SETBKGNDCOLOR, 0, static_cast<LPARAM>(GetSysColor(COLOR_WINDOW)));
+  SendMessageW(window_, EM_SETBKGNDCOLOR, 1, 0);  // the system's, also when that changes
 }
 
 bool LogPane::IsEndInSight() const {
@@ -37,10 +37,10 @@ bool LogPane::IsEndInSight() const {
 }
 
 void LogPane::Append(const std::string& lines) {
-  const bool isFollowing = IsEndInSight();
   CHARRANGE selected{};
   POINT place{};
   SendMessageW(window_, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&selected));
+  const bool isFollowing = selected.cpMin == selected.cpMax && IsEndInSight();
   SendMessageW(window_, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&place));
   SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
   CHARRANGE end{-1, -1};
@@ -68,6 +68,10 @@ void LogPane::DropOldest() {
 }
 
 void LogPane::ShowMenu(POINT at) {
+  if (at.x == -1 && at.y == -1) {  // by the keyboard
+    at = {0, 0};
+    ClientToScreen(window_, &at);
+  }
   const HMENU menu = CreatePopupMenu();
   const std::wstring copy = qor::win::WideFromUtf8(context_.workbench.services.texts.Translator()("Copy"));
   AppendMenuW(menu, MF_STRING, 1, copy.c_str());

@@ -41,7 +41,11 @@ ModePanel::ModePanel(const PanelContext& context)
                       WS_TABSTOP | WS_BORDER | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN,
                       DescriptionId)) {
   list_.onCheck = [this](std::size_t row, bool isChecked) {
-    context_.workbench.document.SetUploaded(row, isChecked);
+    Workbench& workbench = context_.workbench;
+    workbench.Edit([&] {
+      workbench.document.SetUploaded(row, isChecked);
+      return TCBase::EditResult{true, {}};
+    });
   };
   list_.onSelect = [this](std::size_t row) { context_.workbench.ShowMode(row); };
   list_.onOpen = [this](std::size_t) { context_.workbench.Run(command::RenameMode); };

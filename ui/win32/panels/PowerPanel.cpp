@@ -7,7 +7,6 @@
 #include <cmath>
 
 #include "QorLib/qor_win_str_utils.h"
-#include "ui/Commands.h"
 #include "ui/win32/WindowProcedure.h"
 
 namespace UX {
@@ -43,6 +42,7 @@ PowerPanel::PowerPanel(const PanelContext& context)
 
 void PowerPanel::Register(HINSTANCE instance) {
   WNDCLASSW description{};
+  description.style = CS_DBLCLKS;
   description.lpfnWndProc = WindowProcedure<PowerPanel>;
   description.hInstance = instance;
   description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
@@ -61,7 +61,7 @@ void PowerPanel::Refresh() {
   auto rows = rows_;
   for (std::size_t i = 0; i < rows.size(); ++i) {
     const TCBase::Program::ChannelInfo& info = document.Program().channelInfos[i];
-    const int power = static_cast<int>(std::lround(PowerOf(document.Mode().channels[i])));
+    const int power = TCBase::WholePercent(PowerOf(document.Mode().channels[i]));
     rows[i] = {info.name, ColourOf(info.colour), workbench.IsDemoRunning() ? sent.values[i] : power,
                workbench.editor.SelectedChannel() == i};
   }
@@ -113,6 +113,8 @@ void PowerPanel::Paint() {
   FillRect(context, &client, GetSysColorBrush(COLOR_3DFACE));
   SetBkMode(context, TRANSPARENT);
   for (std::size_t channel = 0; channel < rows_.size(); ++channel) PaintRow(context, channel);
+  const bool hasSelection = std::ranges::any_of(rows_, &Row::isSelected);
+  if (!hasSelection && GetFocus() == window_) DrawFocusRect(context, &client);
   BitBlt(screen, 0, 0, client.right, client.bottom, context, 0, 0, SRCCOPY);
   SelectObject(context, formerFont);
   SelectObject(context, formerBitmap);
@@ -149,11 +151,21 @@ void PowerPanel::OnButtonDown(POINT at) {
     const RECT row = RowArea(channel), swatch = SwatchArea(channel), bar = BarArea(channel);
     if (!PtInRect(&row, at)) continue;
     if (!workbench.IsDemoRunning()) workbench.editor.SelectChannel(channel);
-    if (PtInRect(&swatch, at)) ChangeChannelColour(workbench);
+    if (PtInRect(&swatch, at)) workbench.Run(command::ChangeColour);
     if (!PtInRect(&bar, at)) return;
     dragged_ = static_cast<int>(channel);
     SetCapture(window_);
     OnDrag(at);
+  }
+}
+
+/// On a name; elsewhere it is two clicks.
+void PowerPanel::OnDoubleClick(POINT at) {
+  for (std::size_t channel = 0; channel < rows_.size(); ++channel) {
+    const RECT row = RowArea(channel), swatch = SwatchArea(channel), bar = BarArea(channel);
+    if (!PtInRect(&row, at)) continue;
+    if (PtInRect(&swatch, at) || PtInRect(&bar, at)) return OnButtonDown(at);
+    context_.workbench.Run(command::RenameChannel);
   }
 }
 
@@ -187,7 +199,7 @@ LRESULT PowerPanel::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_PAINT: Paint(); return 0;
     case WM_ERASEBKGND: return 1;
     case WM_LBUTTONDOWN: OnButtonDown(at); return 0;
-    case WM_LBUTTONDBLCLK: context_.workbench.Run(command::RenameChannel); return 0;
+    case WM_LBUTTONDBLCLK: OnDoubleClick(at); return 0;
     case WM_MOUSEMOVE: OnDrag(at); return 0;
     case WM_LBUTTONUP: ReleaseCapture(); return 0;
     case WM_CAPTURECHANGED:

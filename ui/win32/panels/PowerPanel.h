@@ -38,6 +38,7 @@ class PowerPanel {
   void Paint();
   void PaintRow(HDC context, std::size_t channel) const;
   void OnButtonDown(POINT at);
+  void OnDoubleClick(POINT at);
   void OnDrag(POINT at);
   bool OnKey(WPARAM key);
   RECT RowArea(std::size_t channel) const;
