@@ -99,6 +99,7 @@ bool MainWindow::Create(RendererChoice choice) {
 
 void MainWindow::Show(int command) {
   RebuildMenu();
+  RefreshNow();
   RestorePlace(command);
   ctrls_->Chart().InitRenderer();
   UpdateWindow(window_);
