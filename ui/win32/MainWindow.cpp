@@ -93,6 +93,7 @@ bool MainWindow::Create(RendererChoice choice) {
   ctrls_->LayOut();
   DragAcceptFiles(window_, TRUE);
   SetTimer(window_, StartTimerId, StartMilliseconds, nullptr);
+  ctrls_->Chart().InitRenderer();
   logo_.Load(instance_);
   return true;
 }
@@ -101,7 +102,6 @@ void MainWindow::Show(int command) {
   RebuildMenu();
   RefreshNow();
   RestorePlace(command);
-  ctrls_->Chart().InitRenderer();
   UpdateWindow(window_);
   SetTimer(window_, RendererTimerId, RendererMilliseconds, nullptr);
   SetFocus(ctrls_->Chart().Window());
