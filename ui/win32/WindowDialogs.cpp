@@ -51,7 +51,9 @@ bool WindowDialogs::EditValue(ValueRequest& request) {
 }
 
 bool WindowDialogs::EditModeName(ModeNameRequest& request) {
-  return DlgModeName(Translator(), request).Run(owner_);
+  const bool isEdited = DlgModeName(Translator(), request).Run(owner_);
+  std::erase(request.description, '\r');  // the program's lines end with LF
+  return isEdited;
 }
 
 bool WindowDialogs::EditSteps(StepsRequest& request) {
