@@ -20,7 +20,7 @@ using TCBase::SecondsPerDay;
 constexpr float WobblePixels = 3;
 constexpr std::int64_t RunPauseMilliseconds = 1000;
 
-/// The minute that the step is on without the step: none of the others has it.
+/// Whether no step of the channel is on that minute.
 bool IsFree(const Channel& channel, std::int64_t minute) {
   return std::ranges::none_of(channel.steps,
                               [minute](const TCBase::Step& step) { return step.MinuteOfDay() == minute; });

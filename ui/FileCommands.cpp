@@ -35,12 +35,6 @@ std::string FileNameFor(const TCBase::Mode& mode, const char* ending) {
   return name + ending;
 }
 
-void TellLoadError(Workbench& workbench, const std::string& path, const std::string& reason) {
-  const std::string text = workbench.Text({"Error loading program {1}", {path}});
-  workbench.services.log.ForeignMessage(text);
-  workbench.dialogs.Tell(BareName(path), text + "\n\n" + reason);
-}
-
 using ImportFunction = TCBase::ImportResult (*)(std::string_view bytes, TCBase::Mode& mode);
 using ExportFunction = std::string (*)(const TCBase::Mode& mode);
 
@@ -51,11 +45,11 @@ void Import(Workbench& workbench, const std::string& path, ImportFunction import
   try {
     result = import(TCBase::ReadFileBytes(path, qor::xml::reader::MaxBytes), mode);
   } catch (const qor::win::xsystem& failed) {
-    return TellLoadError(workbench, path, failed.Description());
+    return workbench.TellFailure({"Error loading program {1}", {path}}, failed.Description());
   }
   const std::string message =
       workbench.Text(result.message) + (result.detail.empty() ? "" : ": " + result.detail);
-  if (!result.isImported) return TellLoadError(workbench, path, message);
+  if (!result.isImported) return workbench.TellFailure({"Error loading program {1}", {path}}, message);
   workbench.editor.Reset();
   workbench.Edit([&] {
     workbench.document.InsertMode(workbench.document.Program().modes.size(), std::move(mode));

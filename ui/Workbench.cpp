@@ -18,6 +18,11 @@ std::string Workbench::Text(const qor::Sentence& sentence) const {
   return sentence.In(services.texts.Translator());
 }
 
+void Workbench::TellFailure(const qor::Sentence& what, const std::string& reason) {
+  Say(what);
+  dialogs.Tell(document.Title(services.texts.Translator()), Text(what) + "\n\n" + reason);
+}
+
 bool Workbench::Run(int number) {
   const auto languages = services.texts.Languages();
   if (number >= FirstLanguageCommand && number < FirstLanguageCommand + static_cast<int>(languages.size())) {
@@ -83,9 +88,7 @@ void Workbench::Open(const std::string& path) {
 
 void Workbench::Load(const std::string& path) {
   if (const auto reason = document.Load(path)) {
-    const std::string text = Text({"Error loading program {1}", {path}});
-    services.log.ForeignMessage(text);
-    dialogs.Tell(document.Title(services.texts.Translator()), text + "\n\n" + *reason);
+    TellFailure({"Error loading program {1}", {path}}, *reason);
     return;
   }
   editor.Reset();
@@ -111,9 +114,7 @@ void Workbench::Recover(TCBase::Program program, const std::string& path) {
 bool Workbench::SaveTo(const std::string& path) {
   editor.FinishRun();
   if (const auto reason = document.Save(path)) {
-    const std::string text = Text({"Error saving program {1}", {path}});
-    services.log.ForeignMessage(text);
-    dialogs.Tell(document.Title(services.texts.Translator()), text + "\n\n" + *reason);
+    TellFailure({"Error saving program {1}", {path}}, *reason);
     return false;
   }
   services.settings.Set(TCBase::SettingLastOpenFile, path);

@@ -48,6 +48,9 @@ class Workbench {
   /// Writes it into the log.
   void Say(const qor::Sentence& sentence) const { services.log.Message(sentence); }
 
+  /// Says in log and box that something failed, and why.
+  void TellFailure(const qor::Sentence& what, const std::string& reason);
+
   /// Runs a command by its number, as a menu, a key or a button asks for it. One that its rule forbids now
   /// does nothing. Whether there is such a command.
   bool Run(int command);

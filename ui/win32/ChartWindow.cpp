@@ -8,6 +8,7 @@
 
 #include "ui/win32/Metrics.h"
 #include "ui/win32/WindowProcedure.h"
+#include "ui/win32/panels/Panel.h"
 
 namespace UX {
 namespace {
@@ -83,9 +84,8 @@ void ChartWindow::Register(HINSTANCE instance) {
 
 ChartWindow::ChartWindow(HINSTANCE instance, HWND parent, Workbench& workbench, RendererChoice choice)
     : workbench_(workbench), choice_(choice), palette_(CurrentPalette()), mayAnimate_(MayAnimate()) {
-  constexpr int ChartWindowId = 1000;
   window_ = CreateWindowExW(0, ClassName, L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0, 0, 0, parent,
-                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(ChartWindowId)), instance, this);
+                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(ChartId)), instance, this);
 }
 
 void ChartWindow::InitRenderer() {
