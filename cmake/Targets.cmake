@@ -23,6 +23,8 @@ if(WIN32)
   if(NOT CMAKE_BUILD_TYPE STREQUAL Debug)
     target_link_options(halvex_options INTERFACE -s)
   endif()
+  # Sections that begin at pages of the file can be mapped from it as they are, also by Wine.
+  target_link_options(halvex_options INTERFACE -Wl,--file-alignment=4096)
 endif()
 
 # halvex_library(NAME SOURCES file... LINKS library...): one folder's static library. It sees the headers of

@@ -10,13 +10,15 @@
 #include <cstdio>
 #include <cstring>
 #include <string>
+#include <thread>
 #include <vector>
 
 namespace {
 
-constexpr int Starts = 7;
+constexpr int Starts = 15;
 constexpr double MostRatio = 2;
 constexpr const char* TimerArgument = "--timer";
+constexpr const char* TicksArgument = "--timer-and-worker";
 
 /// A running program, ended with the object.
 class Process {
@@ -121,8 +123,15 @@ bool CompareStarts(const std::string& halvex) {
   return ratio <= MostRatio;
 }
 
-/// A program with a hidden window whose timer ticks ten times a second and does nothing.
-int RunTimer() {
+/// A program with a hidden window whose timer ticks ten times a second, and, with `hasWorker`, a thread that
+/// wakes as often. Neither does anything.
+int RunTimer(bool hasWorker) {
+  std::jthread worker;
+  if (hasWorker) {
+    worker = std::jthread([](const std::stop_token& end) {
+      while (!end.stop_requested()) Sleep(100);
+    });
+  }
   const HWND window = CreateWindowA("STATIC", "", 0, 0, 0, 0, 0, nullptr, nullptr, nullptr, nullptr);
   SetTimer(window, 1, 100, nullptr);
   MSG message;
@@ -133,7 +142,8 @@ int RunTimer() {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc == 2 && std::strcmp(argv[1], TimerArgument) == 0) return RunTimer();
+  if (argc == 2 && std::strcmp(argv[1], TimerArgument) == 0) return RunTimer(false);
+  if (argc == 2 && std::strcmp(argv[1], TicksArgument) == 0) return RunTimer(true);
   if (argc < 2) {
     std::puts("usage: start_bench HALVEX_EXE [OPTION...]");
     return 2;

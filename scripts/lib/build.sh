@@ -4,7 +4,7 @@
 
 native_packages=(g++ cmake ninja-build pkg-config libhidapi-dev libcli11-dev nlohmann-json3-dev)
 test_packages=(libgtest-dev libexpat1-dev python3)
-windows_packages=(g++-mingw-w64-x86-64-posix googletest wine wine64)
+windows_packages=(g++-mingw-w64-x86-64-posix googletest libstb-dev wine wine64)
 
 # build PRESET [TARGET...]: configures and builds; what the tools print is shown only when they fail.
 build() {

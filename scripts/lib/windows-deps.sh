@@ -13,6 +13,7 @@ deps=$PWD/build/deps
 mkdir -p "$deps/include"
 ln -sfn /usr/include/CLI "$deps/include/CLI"
 ln -sfn /usr/include/nlohmann "$deps/include/nlohmann"
+ln -sfn /usr/include/stb "$deps/include/stb"
 [ -f "$deps/hidapi/windows/hid.c" ] && exit 0
 
 # A list of our own, so that the machine's lists stay as they are.

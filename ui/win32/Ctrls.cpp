@@ -50,8 +50,6 @@ Ctrls::Ctrls(HINSTANCE instance, HWND window, Workbench& workbench, RendererChoi
       log_(context_) {
   SendMessageW(zoomBar_, TBM_SETRANGE, FALSE, MAKELPARAM(0, ViewSpan::MaxZoomPosition));
   SendMessageW(zoomBar_, TBM_SETPAGESIZE, 0, 1);
-  tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0,
-                          0, 0, 0, window, nullptr, instance, nullptr);
   MakeFonts();
 }
 
@@ -72,7 +70,7 @@ void Ctrls::MakeFonts() {
 
 void Ctrls::SetFonts() {
   const auto set = [](HWND control, LPARAM font) -> BOOL {
-    SendMessageW(control, WM_SETFONT, static_cast<WPARAM>(font), TRUE);
+    SendMessageW(control, WM_SETFONT, static_cast<WPARAM>(font), FALSE);
     return TRUE;
   };
   EnumChildWindows(context_.window, set, reinterpret_cast<LPARAM>(fonts_.text.Get()));
@@ -85,6 +83,7 @@ void Ctrls::ScalingChanged() {
   const WindowFonts former = std::move(fonts_);
   MakeFonts();
   LayOut();
+  RedrawWindow(context_.window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
   chart_.Resized();
 }
 
@@ -107,10 +106,15 @@ void Ctrls::Translate() {
   devices_.Translate();
   modes_.Translate();
   power_.Translate();
-  AddTips();
+  if (tips_ != nullptr) AddTips();
 }
 
 void Ctrls::AddTips() {
+  if (tips_ == nullptr) {
+    tips_ =
+        CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0,
+                        0, 0, context_.window, nullptr, context_.instance, nullptr);
+  }
   const auto translate = context_.workbench.services.texts.Translator();
   ShowTip(demo_.PauseButton(), translate("Pause demo"));
   ShowTip(devices_.ScanButton(), translate("Scan WiFi devices"));

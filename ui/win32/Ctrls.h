@@ -21,6 +21,8 @@ class Ctrls {
   LogPane& Log() { return log_; }
 
   void Translate();
+  /// Makes the tooltips, which nobody misses before the window is there; later in the current language.
+  void AddTips();
   void Refresh();
   /// The demo controls alone.
   void RefreshDemo();
@@ -41,7 +43,6 @@ class Ctrls {
  private:
   void MakeFonts();
   void SetFonts();
-  void AddTips();
   void ShowTip(HWND control, const std::string& text);
   void RefreshBars();
   void RefreshButtons();

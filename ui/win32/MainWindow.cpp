@@ -90,7 +90,6 @@ bool MainWindow::Create(RendererChoice choice) {
   ctrls_ = std::make_unique<Ctrls>(instance_, window_, workbench_, choice);
   ctrls_->Chart().onMenu = [this](POINT at) { ShowContextMenu(at); };
   ctrls_->Translate();
-  ctrls_->LayOut();
   DragAcceptFiles(window_, TRUE);
   SetTimer(window_, StartTimerId, StartMilliseconds, nullptr);
   ctrls_->Chart().InitRenderer();
@@ -100,9 +99,12 @@ bool MainWindow::Create(RendererChoice choice) {
 
 void MainWindow::Show(int command) {
   RebuildMenu();
+  const int how = RestorePlace(command);
+  LayOut();  // quicker while the window is hidden
   RefreshNow();
-  RestorePlace(command);
+  ShowWindow(window_, how);
   UpdateWindow(window_);
+  ctrls_->AddTips();
   SetTimer(window_, RendererTimerId, RendererMilliseconds, nullptr);
   SetFocus(ctrls_->Chart().Window());
 }
@@ -137,12 +139,23 @@ void MainWindow::OnDestroy() {
   PostQuitMessage(0);
 }
 
+/// Places the controls, unless they are where the window's size wants them.
+void MainWindow::LayOut() {
+  RECT client{};
+  GetClientRect(window_, &client);
+  if (!ctrls_ || (client.right == laidOut_.cx && client.bottom == laidOut_.cy)) return;
+  laidOut_ = {client.right, client.bottom};
+  ctrls_->LayOut();
+}
+
 // The window's place, as "left top width height" and 1 when it fills the screen
 
-void MainWindow::RestorePlace(int command) {
+/// Gives the hidden window its place; how it is to be shown, for ShowWindow.
+int MainWindow::RestorePlace(int command) {
   std::istringstream text(services_.settings.Get(SettingPlace));
   WINDOWPLACEMENT placement{};
   placement.length = sizeof placement;
+  placement.showCmd = SW_HIDE;
   RECT& place = placement.rcNormalPosition;
   int width = 0, height = 0, isMaximised = 0;
   text >> place.left >> place.top >> width >> height >> isMaximised;
@@ -150,16 +163,15 @@ void MainWindow::RestorePlace(int command) {
   place.right = place.left + std::max<LONG>(width, least.x);
   place.bottom = place.top + std::max<LONG>(height, least.y);
   if (text && width > 0 && height > 0 && MonitorFromRect(&place, MONITOR_DEFAULTTONULL) != nullptr) {
-    const bool isUsual = command == SW_SHOWNORMAL || command == SW_SHOWDEFAULT;
-    placement.showCmd = static_cast<UINT>(isUsual && isMaximised != 0 ? SW_SHOWMAXIMIZED : command);
     SetWindowPlacement(window_, &placement);
-    return;
+    const bool isUsual = command == SW_SHOWNORMAL || command == SW_SHOWDEFAULT;
+    return isUsual && isMaximised != 0 ? SW_SHOWMAXIMIZED : command;
   }
   if (ScaleOf(window_) > 1) {
     const POINT usual = FittingSize(InitialWidth, InitialHeight);
     SetWindowPos(window_, nullptr, 0, 0, usual.x, usual.y, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOMOVE);
   }
-  ShowWindow(window_, command);
+  return command;
 }
 
 void MainWindow::KeepPlace() {
@@ -361,7 +373,7 @@ std::optional<LRESULT> MainWindow::OnPlacement(UINT message, WPARAM wParam, LPAR
     case WM_GETMINMAXINFO: reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = LeastSize(); return 0;
     case WM_SIZE:
       idleSince_ = services_.clock.Counter();
-      if (ctrls_ && wParam != SIZE_MINIMIZED) ctrls_->LayOut();
+      if (wParam != SIZE_MINIMIZED) LayOut();
       return 0;
     case WM_EXITSIZEMOVE:
       idleSince_ = services_.clock.Counter();

@@ -74,8 +74,9 @@ class MainWindow : public View {
   void Paint();
   void RebuildMenu();
   void ShowContextMenu(POINT at);
-  void RestorePlace(int command);
+  int RestorePlace(int command);
   void KeepPlace();
+  void LayOut();
   POINT LeastSize() const;
   POINT FittingSize(int width, int height) const;
   double SecondsSince(std::int64_t counter) const;
@@ -88,6 +89,7 @@ class MainWindow : public View {
   Recovery recovery_;
   bool mayRecover_;
   HWND window_ = nullptr;
+  SIZE laidOut_{};          // of the client area, when the controls were placed
   HWND focused_ = nullptr;  // the control that had the focus when another window came to the front
   std::atomic<HWND> logWindow_ = nullptr;
   std::atomic<bool> isLogPosted_ = false;

@@ -81,6 +81,10 @@ bool IsForText(const MSG& message) {
 }
 
 void Dispatch(MSG& message, HWND window, HACCEL accelerators) {
+  if (message.message == WM_TIMER) {  // the only one there is while nobody does anything
+    DispatchMessageW(&message);
+    return;
+  }
   if (!IsForText(message) && TranslateAcceleratorW(window, accelerators, &message)) return;
   if (IsDialogMessageW(window, &message)) return;
   TranslateMessage(&message);

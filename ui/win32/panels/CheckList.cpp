@@ -28,11 +28,6 @@ CheckList::CheckList(const PanelContext& context, int id)
           WS_TABSTOP | WS_BORDER | LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_SINGLESEL | LVS_SHOWSELALWAYS, id)) {
   constexpr DWORD Style = LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_INFOTIP;
   ListView_SetExtendedListViewStyle(window_, Style);
-  LVCOLUMNW column{};
-  column.mask = LVCF_FMT;
-  ListView_InsertColumn(window_, 0, &column);
-  column.fmt = LVCFMT_RIGHT;
-  ListView_InsertColumn(window_, 1, &column);
   SetWindowSubclass(window_, Procedure, 0, reinterpret_cast<DWORD_PTR>(this));
 }
 
@@ -40,6 +35,7 @@ void CheckList::Show(std::vector<CheckRow> rows, int selected) {
   if (rows == rows_ && ListView_GetNextItem(window_, -1, LVNI_SELECTED) == selected) return;
   isShowing_ = true;
   SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
+  SetColumnWidths(rows);
   const int count = ListView_GetItemCount(window_);
   for (int extra = count; extra > static_cast<int>(rows.size()); --extra) {
     ListView_DeleteItem(window_, extra - 1);
@@ -54,7 +50,6 @@ void CheckList::Show(std::vector<CheckRow> rows, int selected) {
     ListView_SetItemState(window_, selected, selected >= 0 ? Marks : 0, Marks);
     if (selected >= 0) ListView_EnsureVisible(window_, selected, FALSE);
   }
-  SetColumnWidths();
   SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
   isShowing_ = false;
 }
@@ -70,27 +65,39 @@ void CheckList::ShowRow(int index, const CheckRow& row) {
   ListView_SetCheckState(window_, index, row.isChecked);
 }
 
-/// The second column is as wide as its texts need, but no wider than two thirds; the first has the rest.
-void CheckList::SetColumnWidths() {
+/// The second column is as wide as its texts need, but no wider than two thirds; the first has the rest. They are
+/// made with the first rows, when it is known how wide: the system takes long for every change.
+void CheckList::SetColumnWidths(const std::vector<CheckRow>& rows) {
   RECT client{};
   GetClientRect(window_, &client);
   int info = 0;
-  for (const CheckRow& row : rows_) {
+  for (const CheckRow& row : rows) {
     const std::wstring text = WideFromUtf8(row.info);
     info = std::max(info, ListView_GetStringWidth(window_, text.c_str()));
   }
   info = std::min<int>(info + Scaled(window_, 14), client.right * 2 / 3);
-  if (ListView_GetColumnWidth(window_, 1) == info &&
-      ListView_GetColumnWidth(window_, 0) == client.right - info) {
-    return;
+  const int widths[] = {client.right - info, info};
+  for (int index = 0; index < 2; ++index) {
+    if (hasColumns_) {
+      if (ListView_GetColumnWidth(window_, index) == widths[index]) continue;
+      ListView_SetColumnWidth(window_, index, widths[index]);
+    } else {
+      LVCOLUMNW column{};
+      column.mask = LVCF_FMT | LVCF_WIDTH;
+      column.fmt = index == 0 ? LVCFMT_LEFT : LVCFMT_RIGHT;
+      column.cx = widths[index];
+      ListView_InsertColumn(window_, index, &column);
+    }
   }
-  ListView_SetColumnWidth(window_, 0, client.right - info);
-  ListView_SetColumnWidth(window_, 1, info);
+  hasColumns_ = true;
 }
 
 void CheckList::Place(const Frame& area) {
+  SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
   UX::Place(window_, area);
-  SetColumnWidths();
+  if (hasColumns_) SetColumnWidths(rows_);
+  SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
+  InvalidateRect(window_, nullptr, TRUE);
 }
 
 LRESULT CheckList::OnNotify(NMHDR* header) {

@@ -46,7 +46,7 @@ class CheckList {
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR id,
                                     DWORD_PTR self);
   void ShowRow(int index, const CheckRow& row);
-  void SetColumnWidths();
+  void SetColumnWidths(const std::vector<CheckRow>& rows);
   void OnItemChanged(const NMLISTVIEW& change);
   LRESULT OnCustomDraw(NMLVCUSTOMDRAW& draw) const;
   void ShowTip(NMLVGETINFOTIPW& tip) const;
@@ -56,6 +56,7 @@ class CheckList {
 
   HWND window_;
   std::vector<CheckRow> rows_;
+  bool hasColumns_ = false;
   bool isShowing_ = false;  // what changes now is not the user's doing
   int dragged_ = -1;
 };
