@@ -23,7 +23,10 @@ std::span<const Command> Commands() {
       {"wifi", "Have a TC421 join a Wi-Fi network", DefineWiFi},
       {"devices", "List the controllers that are plugged in, or on the network", DefineDevices},
       {"monitor", "Report controllers being plugged in and out, until Ctrl+C", DefineMonitor},
+      {"doctor", "Say what may keep controllers out of reach, and what to do", DefineDoctor},
+      {"udev-rule", "Print the rule by which Linux lets users reach controllers", DefineUdevRule},
       {"translation", "Write the program's texts for translators, or check their file", DefineTranslation},
+      {"completion", "Print a shell's script for completing commands", DefineCompletion},
   };
   return Table;
 }

@@ -42,6 +42,9 @@ Runner DefineClear(CLI::App& parser);
 Runner DefineWiFi(CLI::App& parser);
 Runner DefineDevices(CLI::App& parser);
 Runner DefineMonitor(CLI::App& parser);
+Runner DefineDoctor(CLI::App& parser);
+Runner DefineUdevRule(CLI::App& parser);
 Runner DefineTranslation(CLI::App& parser);
+Runner DefineCompletion(CLI::App& parser);
 
 }  // namespace cli

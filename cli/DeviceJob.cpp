@@ -7,6 +7,7 @@
 #include "QorLib/Format.h"
 #include "cli/DeviceArguments.h"
 #include "cli/LogPrinter.h"
+#include "cli/UdevRule.h"
 
 namespace cli {
 namespace {
@@ -79,8 +80,9 @@ ExitStatus Report(const std::vector<DeviceOutcome>& outcomes, const JobEnd& end,
   for (const DeviceOutcome& outcome : outcomes) {
     if (outcome.IsDone() || (IsStop(outcome) && end.isStopped)) continue;
     hasFailed |= !IsStop(outcome) || !end.isInterrupted;
-    isDenied |= outcome.isDenied;
-    const bool needsRule = outcome.isDenied && outcome.device.kind != TCBase::DeviceKind::TC421Network;
+    isDenied |= outcome.denial != TCBase::Denial::None;
+    const bool needsRule = outcome.denial == TCBase::Denial::NoPermission &&
+                           outcome.device.kind != TCBase::DeviceKind::TC421Network;
     invocation.printer.Complain(qor::Format(
         "{1}: {2}{3}", {ArgumentOf(outcome.device), TextOf(outcome), needsRule ? AccessAdvice : ""}));
   }
@@ -91,11 +93,9 @@ ExitStatus Report(const std::vector<DeviceOutcome>& outcomes, const JobEnd& end,
 
 }  // namespace
 
-const char* const AccessAdvice =
-    "; on Linux, install the udev rule 70-halvex.rules and plug the controller in again";
-
 TCBase::DeviceContext ContextOf(Invocation& invocation) {
-  return {invocation.environment.clock, invocation.printer.Log(), invocation.environment.network};
+  return {invocation.environment.clock, invocation.printer.Log(), invocation.environment.network,
+          &invocation.environment.locks};
 }
 
 ExitStatus RunJob(const DeviceJob& job, Invocation& invocation) {

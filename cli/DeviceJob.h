@@ -9,9 +9,6 @@
 
 namespace cli {
 
-/// What helps Linux users who may not open a controller on the USB.
-extern const char* const AccessAdvice;
-
 /// What devices use of this run.
 TCBase::DeviceContext ContextOf(Invocation& invocation);
 

@@ -10,6 +10,7 @@
 #include "cli/DeviceJob.h"
 #include "cli/JsonOutput.h"
 #include "cli/LogPrinter.h"
+#include "cli/UdevRule.h"
 #include "device/CreateDevice.h"
 #include "worker/Worker.h"
 
@@ -32,7 +33,7 @@ void FindOnUsb(Findings& findings, Invocation& invocation) {
     const auto device = TCBase::CreateDevice(info, ContextOf(invocation));
     if (device->Open()) {
       findings.devices.push_back({{"device", ArgumentOf(info)}, {"name", info.name}, {"transport", "usb"}});
-    } else if (device->OpenFault().isDenied) {
+    } else if (device->OpenFault().denial != TCBase::Denial::None) {
       findings.isUsbDenied = true;
       invocation.printer.Complain(
           qor::Format("{1}: {2}{3}", {info.name, device->OpenFault().text, AccessAdvice}));
@@ -56,7 +57,7 @@ void FindOnNetwork(Findings& findings, Invocation& invocation) {
                                 {"address", address}});
   }
   if (const auto failure = worker.ScanFailure()) {
-    findings.searchFailed = failure->isDenied ? NoAccess : DeviceFailed;
+    findings.searchFailed = failure->denial != TCBase::Denial::None ? NoAccess : DeviceFailed;
     invocation.printer.Complain(
         qor::Format("the network could not be searched to the end: {1}", {failure->text}));
   }

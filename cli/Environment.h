@@ -8,6 +8,8 @@
 
 #include "formats/Localisation.h"
 #include "platform/Clock.h"
+#include "platform/Computer.h"
+#include "platform/DeviceLock.h"
 #include "platform/Network.h"
 #include "platform/Terminal.h"
 
@@ -30,6 +32,8 @@ struct Environment {
   std::ostream& err;  // complaints and the communication trace
   platform::Clock& clock;
   platform::Network& network;
+  platform::DeviceLocks& locks;
+  std::function<platform::Computer()> lookAtComputer;
   std::string settingsFolder;
   std::function<void()> watchInterrupts;  // called before a device is touched
   std::function<bool()> isInterrupted;

@@ -17,6 +17,8 @@ int main(int argc, char** argv) {
                                std::cerr,
                                platform::SystemClock(),
                                platform::SystemNetwork(),
+                               platform::SystemDeviceLocks(),
+                               platform::LookAtComputer,
                                platform::SettingsFolder(),
                                platform::WatchInterrupts,
                                platform::IsInterrupted,

@@ -3,6 +3,17 @@
 
 namespace TCBase {
 
+bool DeviceBase::OpenAlone(const std::string& lockName) {
+  if (context_.locks != nullptr && !lockName.empty()) {
+    lock_ = context_.locks->TryTake(lockName);
+    if (lock_ == nullptr) {
+      SetOpenFailure({"in use by another program", Denial::InUse});
+      return false;
+    }
+  }
+  return Open();
+}
+
 bool DeviceBase::CheckReply(const std::string&, int) {
   return true;
 }

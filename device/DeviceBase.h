@@ -8,6 +8,7 @@
 #include "device/PacketBase.h"
 #include "model/ModeSample.h"
 #include "platform/Clock.h"
+#include "platform/DeviceLock.h"
 #include "platform/Network.h"
 
 namespace TCBase {
@@ -19,12 +20,16 @@ struct DeviceContext {
   platform::Clock& clock;
   qor::Log& log;
   platform::Network& network;
+  platform::DeviceLocks* locks = nullptr;  // null: no other program is kept from the devices
 };
+
+/// Who keeps a program from a device that is there.
+enum class Denial { None, NoPermission, InUse };
 
 /// Why a device could not be opened.
 struct OpenFailure {
-  std::string text;       // the system's words, or plainer ones; empty when there are none
-  bool isDenied = false;  // no permission, or somebody else has it
+  std::string text;  // the system's words, or plainer ones; empty when there are none
+  Denial denial = Denial::None;
 };
 
 /// A controller: opened once, used for one job's operations, closed by its destructor. Every operation
@@ -47,6 +52,10 @@ class DeviceBase {
   virtual bool CheckReply(const std::string& reply, int expected);
   virtual bool WritePacket(const PacketBase& packet);
 
+  /// Opens it for a job: until the object's end no other program on this computer that asks so gets the
+  /// device. `lockName` tells devices apart; an empty one is free for all.
+  bool OpenAlone(const std::string& lockName);
+
   // What jobs do with a controller
   virtual bool ClearAll();
   virtual bool TimeSync(const SYSTEMTIME& time);
@@ -57,7 +66,7 @@ class DeviceBase {
   virtual bool DemoSetChannels(const int (&channels)[ChannelCount]);
   virtual bool DemoFinish();
 
-  /// Why `Open` failed, as far as the system tells.
+  /// Why `Open` or `OpenAlone` failed, as far as the system tells.
   const OpenFailure& OpenFault() const { return openFault_; }
   /// How many transactions have failed since the device was made. Some operations go on after a failed packet
   /// and do not report it; this tells whether everything got through.
@@ -86,6 +95,7 @@ class DeviceBase {
 
  private:
   DeviceContext context_;
+  std::unique_ptr<platform::DeviceLock> lock_;
   OpenFailure openFault_;
   int failedTransactions_ = 0;
   std::string lastFailure_;

@@ -25,6 +25,16 @@ DeviceInfo NetworkDevice(std::string name, const platform::SocketAddress& addres
   return info;
 }
 
+std::string LockNameOf(const DeviceInfo& info) {
+  switch (info.kind) {
+    case DeviceKind::TC420: return "tc420";
+    case DeviceKind::TC421Usb: return "tc421";
+    case DeviceKind::TC421Network: return "tc421@" + platform::AddressText(info.address);
+    case DeviceKind::Emulator: return {};
+  }
+  return {};
+}
+
 bool IsTC421(DeviceKind kind) {
   return kind == DeviceKind::TC421Usb || kind == DeviceKind::TC421Network;
 }

@@ -42,6 +42,10 @@ DeviceInfo DeviceOfKind(DeviceKind kind);
 /// A TC421 on the network under the name by which packets address it; only the IPv4 address counts.
 DeviceInfo NetworkDevice(std::string name, const platform::SocketAddress& address);
 
+/// What a program holds that alone uses the device on this computer; empty for the emulator, which each has
+/// to itself.
+std::string LockNameOf(const DeviceInfo& info);
+
 /// Whether it is a TC421, over whatever it is reached.
 bool IsTC421(DeviceKind kind);
 

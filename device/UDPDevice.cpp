@@ -12,8 +12,7 @@ constexpr std::uint32_t PollMilliseconds = 20;
 
 bool UDPDevice::Open() {
   if (Network().IsOwn(info_.address)) {
-    SetOpenFailure(
-        {"that is this computer's own address", false});  // where its packets would come back as replies
+    SetOpenFailure({"that is this computer's own address"});  // where its packets would come back as replies
     return false;
   }
   if (port_.Open()) return true;

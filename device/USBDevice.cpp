@@ -31,7 +31,7 @@ bool USBDevice::Open() {
   handle_ = hid_open(id_.vendor, id_.product, nullptr);
   if (handle_ == nullptr) {
     const std::string text = LastErrorText(nullptr);
-    SetOpenFailure({text, platform::SaysNoAccess(text)});
+    SetOpenFailure({text, platform::SaysNoAccess(text) ? Denial::NoPermission : Denial::None});
     return false;
   }
   hid_set_nonblocking(handle_, 1);

@@ -27,6 +27,11 @@ class Settings {
   /// kept as TC420Config.xml.broken before a new one is written. The log is not owned.
   Settings(const std::string& folder, qor::Log& log);
 
+  /// Where they are kept.
+  const std::string& Path() const { return path_; }
+  /// Whether there is a file that could not be read, or is no settings file.
+  bool IsFileBroken() const { return isFileBroken_; }
+
   /// The value; empty when it was never set.
   std::string Get(std::string_view key);
   /// The value of the setting of that name and id.

@@ -8,6 +8,9 @@
 
 namespace UX {
 
+/// Its name, in the folder of the settings.
+inline constexpr const char* LogFileName = "TC42xLog.txt";
+
 /// The log's lines in a file, which is only ever added to.
 class LogFile {
  public:

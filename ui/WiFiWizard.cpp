@@ -79,7 +79,7 @@ std::string OutcomeText(const DeviceOutcome& outcome, const qor::Translate& tran
   }
   std::string text;
   if (outcome.stage == DeviceOutcome::Stage::NotConnected) text = translate("Connect error") + ".\r\n";
-  text += outcome.isDenied
+  text += outcome.denial != TCBase::Denial::None
               ? translate("Another program is using the controller or its port. Close it and send again.")
               : translate(
                     "The controller has not taken the settings. Check that it is connected and switched on, "

@@ -4,10 +4,10 @@
 namespace TCBase {
 
 std::optional<DeviceOutcome> Connect(DeviceBase& device, const DeviceInfo& info, qor::Log& log) {
-  if (device.Open()) return std::nullopt;
+  if (device.OpenAlone(LockNameOf(info))) return std::nullopt;
   log.Message("Connect error");
   const OpenFailure& failure = device.OpenFault();
-  return DeviceOutcome{info, DeviceOutcome::Stage::NotConnected, failure.text, failure.isDenied};
+  return DeviceOutcome{info, DeviceOutcome::Stage::NotConnected, failure.text, failure.denial};
 }
 
 std::string WithReason(std::string text, const DeviceBase& device) {

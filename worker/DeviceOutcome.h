@@ -23,13 +23,14 @@ struct DeviceOutcome {
 
   DeviceInfo device;
   Stage stage = Stage::NotReached;
-  std::string detail;     // in plain words, for one line; empty where the stage says it all
-  bool isDenied = false;  // not connected for want of permission, or because somebody else has the way to it
+  std::string detail;            // in plain words, for one line; empty where the stage says it all
+  Denial denial = Denial::None;  // who kept it from being connected
 
   bool IsDone() const { return stage == Stage::Done; }
 };
 
-/// Opens the device for a job; on failure writes "Connect error" and gives the outcome.
+/// Opens the device for a job, and for nobody else meanwhile; on failure writes "Connect error" and gives the
+/// outcome.
 std::optional<DeviceOutcome> Connect(DeviceBase& device, const DeviceInfo& info, qor::Log& log);
 
 /// The text, with why the device's last packet failed behind it: "the time did not get through: no answer"

@@ -38,7 +38,7 @@ std::optional<OpenFailure> ScanNetwork(std::vector<DeviceInfo>& found, float tim
   std::string question;
   TC421::Packet_Find().Serialize(question);
   for (int attempt = 0; attempt < Attempts && found.empty(); ++attempt) {
-    if (!port.SendTo(Everybody, question)) return OpenFailure{port.LastErrorText(), false};
+    if (!port.SendTo(Everybody, question)) return OpenFailure{port.LastErrorText()};
     const Stopwatch listening(context.clock);
     while (listening.Elapsed() < static_cast<double>(timeoutSeconds)) {
       ReceiveAnswer(port, question, found);

@@ -10,6 +10,7 @@
 #include "cli/ExitStatus.h"
 #include "cli/Run.h"
 #include "tests/support/FakeHid.h"
+#include "tests/support/FakeLocks.h"
 #include "tests/support/FakeNetwork.h"
 #include "tests/support/TempFolder.h"
 #include "tests/support/VirtualClock.h"
@@ -28,6 +29,8 @@ class Cli : public testing::Test {
                                  errStream,
                                  clock,
                                  network,
+                                 locks,
+                                 [this] { return computer; },
                                  folder.File("home"),
                                  [] {},
                                  [this] {
@@ -50,6 +53,8 @@ class Cli : public testing::Test {
   test::FakeHid hid;
   test::VirtualClock clock;
   test::FakeNetwork network{clock};
+  test::FakeLocks locks;
+  platform::Computer computer;
   cli::Terminal terminal;
   test::TempFolder folder;
   std::atomic<bool> isInterrupted = false;

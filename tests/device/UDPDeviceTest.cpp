@@ -100,7 +100,7 @@ TEST_F(UDPDevice, SaysWhyItCannotBeOpened) {
     EXPECT_FALSE(device.Open());
     EXPECT_EQ(log.Texts(), Texts{"9:05:07:042 " + call + " error: no luck"});
     EXPECT_EQ(device.OpenFault().text, call + " error: no luck");
-    EXPECT_FALSE(device.OpenFault().isDenied);
+    EXPECT_EQ(device.OpenFault().denial, TCBase::Denial::None);
   }
   network.failingCall.clear();
   TC421::UDPDevice other(context, {});
@@ -108,5 +108,5 @@ TEST_F(UDPDevice, SaysWhyItCannotBeOpened) {
   EXPECT_FALSE(device.Open()) << "one at a time";
   EXPECT_EQ(log.Texts(), Texts{"9:05:07:042 bind error: Address already in use"});
   EXPECT_EQ(device.OpenFault().text, "UDP port 5000 of this computer is in use by another program");
-  EXPECT_TRUE(device.OpenFault().isDenied);
+  EXPECT_EQ(device.OpenFault().denial, TCBase::Denial::InUse);
 }

@@ -5,8 +5,11 @@
 #include <string>
 
 #include "platform/Clock.h"
+#include "platform/Computer.h"
+#include "platform/DeviceLock.h"
 #include "platform/Folders.h"
 #include "platform/WindowMessage.h"
+#include "tests/support/TempFolder.h"
 
 namespace {
 
@@ -30,6 +33,25 @@ TEST(SystemClock, SleepsAndTellsTheDate) {
   EXPECT_TRUE(now.wMonth >= 1 && now.wMonth <= 12);
   EXPECT_TRUE(now.wDay >= 1 && now.wDay <= 31 && now.wDayOfWeek <= 6);
   EXPECT_TRUE(now.wHour < 24 && now.wMinute < 60 && now.wSecond <= 60 && now.wMilliseconds < 1000);
+}
+
+TEST(DeviceLocks, AreOnesAtATime) {
+  platform::DeviceLocks& locks = platform::SystemDeviceLocks();
+  auto lock = locks.TryTake("test-of-locks");
+  ASSERT_TRUE(lock);
+  EXPECT_FALSE(locks.TryTake("test-of-locks"));
+  EXPECT_TRUE(locks.TryTake("test-of-locks-2"));
+  lock.reset();
+  EXPECT_TRUE(locks.TryTake("test-of-locks"));
+}
+
+TEST(Computer, IsLookedAt) {
+  EXPECT_GT(platform::LookAtComputer().system.size(), 4U);
+  const test::TempFolder folder;
+  EXPECT_TRUE(platform::IsFolder(folder.File(".")));
+  EXPECT_FALSE(platform::IsFolder(folder.File("none")));
+  EXPECT_TRUE(platform::MayWriteInto(folder.File(".")));
+  EXPECT_FALSE(platform::MayWriteInto(folder.File("none")));
 }
 
 TEST(SettingsFolder, IsTheUsersUnlessAnotherIsNamed) {

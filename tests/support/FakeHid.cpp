@@ -95,6 +95,10 @@ int hid_read_timeout(hid_device*, unsigned char* data, size_t length, int) {
   return bus->Read(data, length);
 }
 
+const char* hid_version_str() {
+  return "0.0";
+}
+
 const wchar_t* hid_error(hid_device* device) {
   if (bus != nullptr && bus->isErrorless) return nullptr;
   if (device != nullptr) return L"Ger\u00e4t weg";

@@ -77,7 +77,7 @@ TEST_F(NetworkScan, EndsWhereTheNetworkFails) {
   network.failingCall.clear();
   network.isPortTaken = true;
   Scan();
-  EXPECT_TRUE(failure && failure->isDenied);
+  EXPECT_TRUE(failure && failure->denial == TCBase::Denial::InUse);
 }
 
 TEST_F(NetworkScan, NamesDevicesAfterTheirHosts) {

@@ -60,7 +60,7 @@ TEST_F(WiFiJob, EndsAtTheFirstPacketThatIsNotTaken) {
     EXPECT_EQ(log.Texts(), (Texts{"Setting up WiFi", c.line}));
   }
   network.isPortTaken = true;
-  EXPECT_TRUE(SetUp(0).isDenied);
+  EXPECT_EQ(SetUp(0).denial, TCBase::Denial::InUse);
   EXPECT_EQ(log.Texts(), Texts{"Connect error"});
 }
 

@@ -23,7 +23,6 @@ constexpr int InitialWidth = 1024, InitialHeight = 768, LeastWidth = 800, LeastH
 constexpr double IdleSeconds = 1.0;
 constexpr int TicksPerRecovery = 30;  // three seconds
 constexpr std::string_view SettingPlace = "window_place";
-constexpr const char* LogFileName = "TC42xLog.txt";
 
 std::wstring ResourceText(HINSTANCE instance, UINT id) {
   wchar_t text[64] = L"";

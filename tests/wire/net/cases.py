@@ -310,6 +310,18 @@ def demo_of_ten_seconds(lab):
             expect(min(around) <= value <= max(around), f'{ms - begin} ms after the start it sends {values}')
 
 
+@case
+def demo_keeps_others_out(lab):
+    controller = lab.controller(1)
+    process = lab.start('demo', lab.presets(), *TO_ONE, '--seconds', '10')
+    until_true(10, lambda: len(controller.heard()) > 10, 'the demo never began')
+    run = lab.halvex('clear', '--yes', *TO_ONE)
+    run.ended(6)
+    run.stderr_has('in use by another program')
+    lab.finish(process).ended(0)
+    begins_and_ends(controller)
+
+
 @natively
 def demo_interrupted(lab):
     controller = lab.controller(1)

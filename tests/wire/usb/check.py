@@ -166,6 +166,10 @@ def no_permission(case):
     case.log('upload', [UPLOAD_LOG[0], 'Connect error', UPLOAD_LOG[-1]])
     case.status('upload', 6)
     case.status('list', 6)
+    case.status('doctor', 6)
+    for advice in case.text('upload.err'), case.text('doctor.out'):
+        if 'halvex udev-rule | sudo tee' not in advice:
+            raise Failure(f'no remedy is named in "{advice.strip()}"')
 
 
 @check('devices')
@@ -248,8 +252,10 @@ def a_tc421_that_is_silent(case):
 @check('tc421_demo')
 def demos(case):
     begin, end = over_usb(tc421.play_init('Normal', '')), over_usb(tc421.mode_stop(''))
-    for run, status in (('whole', 0), ('interrupted', 130), ('gone', 1)):
+    for run, status in (('whole', 0), ('second', 6), ('beside', 0), ('interrupted', 130), ('gone', 1)):
         case.status(run, status)
+    if 'in use by another program' not in case.text('second.err'):
+        raise Failure(f'the one that was kept out says "{case.text("second.err").strip()}"')
     played = case.lines('tc421.frames')
     compare('the first frame', played[0], begin.hex().upper())
     compare('the last frame', played[-1], end.hex().upper())

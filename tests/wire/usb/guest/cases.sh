@@ -43,6 +43,7 @@ case_refused() {
   plug tc420 --refuse-open
   halvex upload upload $program --device tc420
   halvex list devices
+  halvex doctor doctor
 }
 
 case_devices() {
@@ -105,14 +106,17 @@ case_tc421_silent() {
   halvex clock sync-time --device tc421
 }
 
-# A demo to its end, one that is interrupted, and one that loses its controller.
+# A demo to its end, one that keeps others out and is interrupted, and one that loses its controller.
 case_tc421_demo() {
   plug tc421 --model tc421
   halvex whole demo $program --device tc421 --seconds 10
   plug other --udc dummy_udc.1
   (
     await_frames other 5
-    interrupt_halvex
+    first=$(cat /tmp/halvex.pid)
+    halvex second upload $program --device tc420
+    halvex beside devices
+    kill -INT "$first"
   ) &
   halvex interrupted demo $program --device tc420
   wait $!

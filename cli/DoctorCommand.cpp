@@ -1,0 +1,222 @@
+// SPDX-License-Identifier: MIT
+// doctor
+#include <hidapi.h>
+
+#include <algorithm>
+#include <memory>
+#include <ostream>
+#include <string_view>
+#include <vector>
+
+#include "QorLib/Format.h"
+#include "cli/Commands.h"
+#include "cli/DeviceArguments.h"
+#include "cli/DeviceJob.h"
+#include "cli/JsonOutput.h"
+#include "cli/LogPrinter.h"
+#include "cli/UdevRule.h"
+#include "device/CreateDevice.h"
+#include "device/UdpPort.h"
+#include "formats/Settings.h"
+#include "platform/Files.h"
+#include "ui/LogFile.h"
+
+namespace cli {
+namespace {
+
+using platform::Computer;
+using TCBase::Denial;
+
+/// What was found out about one thing.
+struct Finding {
+  enum class State { Ok, Note, Problem };
+
+  std::string check;
+  State state = State::Ok;
+  std::string text;
+  std::string advice;        // what to do; empty where nothing is to be done
+  ExitStatus status = Done;  // of a problem
+};
+using Findings = std::vector<Finding>;
+using State = Finding::State;
+
+Finding Versions(const Computer& computer) {
+  const std::string version =
+      qor::Format("halvex {1}, hidapi {2}, {3}", {HALVEX_VERSION, hid_version_str(), computer.system});
+  return {"versions", State::Ok, version, {}};
+}
+
+// Controllers on the USB
+
+/// A controller is opened and closed again; nothing is sent to it.
+Finding OnUsb(TCBase::DeviceKind kind, Invocation& invocation) {
+  const TCBase::DeviceInfo info = TCBase::DeviceOfKind(kind);
+  const std::string check = ArgumentOf(info);
+  const auto lock = invocation.environment.locks.TryTake(TCBase::LockNameOf(info));
+  if (lock == nullptr) {
+    return {check, State::Problem, "in use by another program",
+            "wait until that has finished, or end it: it may be a demo in the window", NoAccess};
+  }
+  const auto device = TCBase::CreateDevice(info, ContextOf(invocation));
+  if (device->Open()) return {check, State::Ok, "plugged in, and may be opened", {}};
+  const TCBase::OpenFailure& failure = device->OpenFault();
+  if (failure.denial == Denial::None) return {check, State::Note, "not plugged in", {}};
+  return {check, State::Problem, "plugged in, but may not be opened: " + failure.text,
+          "see to the udev rule (below), then plug the controller in again", NoAccess};
+}
+
+bool IsDenied(const Findings& findings) {
+  return std::ranges::any_of(findings, [](const Finding& finding) { return finding.status == NoAccess; });
+}
+
+bool IsPluggedIn(const Findings& findings) {
+  return std::ranges::any_of(findings, [](const Finding& finding) {
+    return finding.check != "versions" && finding.state != State::Note;
+  });
+}
+
+Findings UsbFindings(const Computer& computer, Invocation& invocation) {
+  Findings findings = {OnUsb(TCBase::DeviceKind::TC420, invocation),
+                       OnUsb(TCBase::DeviceKind::TC421Usb, invocation)};
+  if (!IsPluggedIn(findings)) {
+    findings.back().advice =
+        "plug a controller in; where one is, try another cable: some carry power only (\"halvex monitor\" "
+        "tells when it comes)";
+  }
+  if (!computer.hasUdev) return findings;
+  const bool isDenied = IsDenied(findings);
+  Finding rule{"udev-rule", State::Ok, computer.udevRule, {}};
+  if (computer.udevRule.empty()) {
+    rule.text = computer.isAdministrator ? "not installed; you are root, who needs none"
+                                         : "not installed: controllers are for root only";
+    rule.advice = InstallRuleCommand;
+    rule.state = isDenied ? State::Problem : State::Note;
+  } else if (isDenied) {
+    rule.state = State::Note;
+    rule.advice =
+        "plug the controller in again; where nobody sits at the screen (over SSH), put the rule for a group "
+        "there: halvex udev-rule --group plugdev";
+  }
+  findings.push_back(rule);
+  return findings;
+}
+
+// The network
+
+/// The port is taken and given back; nothing is sent.
+Finding Port(Invocation& invocation) {
+  TCBase::UdpPort port(ContextOf(invocation));
+  if (port.Open()) return {"port-5000", State::Ok, "free", {}};
+  const TCBase::OpenFailure& failure = port.OpenFault();
+  return {"port-5000", State::Problem, failure.text,
+          "end the other program: one at a time can talk to TC421 controllers on the network",
+          failure.denial == Denial::None ? DeviceFailed : NoAccess};
+}
+
+Finding Network(const Computer& computer) {
+  if (computer.adapters.empty()) {
+    return {"network", State::Note, "this computer is in no network",
+            "join the network of the controllers to reach a TC421 there"};
+  }
+  std::string text;
+  for (const platform::NetworkAdapter& adapter : computer.adapters) {
+    text += (text.empty() ? "" : ", ") + Printable(adapter.name) + " " + adapter.address;
+  }
+  return {"network", State::Ok, text, {}};
+}
+
+// Files
+
+Finding SettingsFolder(const std::string& folder) {
+  const std::string check = "settings-folder";
+  const std::string advice = "name a folder of yours in the environment variable HALVEX_HOME";
+  if (folder.empty()) return {check, State::Problem, "there is none", advice, FileFailed};
+  if (!platform::IsFolder(folder)) return {check, State::Ok, folder + " (made when it is needed)", {}};
+  if (platform::MayWriteInto(folder)) return {check, State::Ok, folder, {}};
+  return {check, State::Problem, folder + " may not be written to", "make it yours, or " + advice,
+          FileFailed};
+}
+
+Finding SettingsFile(const std::string& folder, Invocation& invocation) {
+  const TCBase::Settings settings(folder, invocation.printer.Log());
+  if (!settings.IsFileBroken()) return {"settings", State::Ok, settings.Path(), {}};
+  return {"settings", State::Problem, settings.Path() + " is broken, and not used",
+          "mend or remove it; the window keeps it as TC420Config.xml.broken when it writes a new one",
+          FileFailed};
+}
+
+Finding LogFile(const std::string& folder) {
+  const std::string path = platform::PathIn(folder.empty() ? "." : folder, UX::LogFileName);
+  std::string start;
+  const bool isThere = !platform::ReadWholeFile(path, 0, start);
+  return {"log", State::Ok, path + (isThere ? "" : " (of the window, which has written none yet)"), {}};
+}
+
+Findings Examine(Invocation& invocation) {
+  const Computer computer = invocation.environment.lookAtComputer();
+  const std::string& folder = invocation.environment.settingsFolder;
+  Findings findings = {Versions(computer)};
+  for (Finding& finding : UsbFindings(computer, invocation)) findings.push_back(std::move(finding));
+  findings.push_back(Port(invocation));
+  findings.push_back(Network(computer));
+  findings.push_back(SettingsFolder(folder));
+  findings.push_back(SettingsFile(folder, invocation));
+  findings.push_back(LogFile(folder));
+  return findings;
+}
+
+// The answer
+
+std::string_view Name(State state) {
+  switch (state) {
+    case State::Ok: return "ok";
+    case State::Note: return "note";
+    case State::Problem: return "problem";
+  }
+  return {};
+}
+
+void PrintLines(const Findings& findings, std::ostream& out) {
+  const auto padded = [](std::string_view text, std::size_t width) {
+    std::string cell(text);
+    cell.resize(std::max(width, cell.size()), ' ');
+    return cell;
+  };
+  constexpr std::size_t StateWidth = 9, CheckWidth = 17;
+  for (const Finding& finding : findings) {
+    out << padded(Name(finding.state), StateWidth) << padded(finding.check, CheckWidth)
+        << Printable(finding.text) << '\n';
+    if (!finding.advice.empty())
+      out << std::string(StateWidth + CheckWidth, ' ') << "-> " << finding.advice << '\n';
+  }
+}
+
+Json JsonOf(const Findings& findings) {
+  Json answer = {{"version", HALVEX_VERSION}, {"findings", Json::array()}};
+  for (const Finding& finding : findings) {
+    answer["findings"].push_back({{"check", finding.check},
+                                  {"state", Name(finding.state)},
+                                  {"text", finding.text},
+                                  {"advice", finding.advice}});
+  }
+  return answer;
+}
+
+ExitStatus RunDoctor(bool asJson, Invocation& invocation) {
+  invocation.printer.KeepStandardOutputFree();
+  const Findings findings = Examine(invocation);
+  std::ostream& out = invocation.environment.out;
+  asJson ? Print(JsonOf(findings), out) : PrintLines(findings, out);
+  const auto problem = std::ranges::find(findings, State::Problem, &Finding::state);
+  return problem == findings.end() ? Done : problem->status;
+}
+
+}  // namespace
+
+Runner DefineDoctor(CLI::App& parser) {
+  const auto asJson = std::make_shared<bool>(false);
+  parser.add_flag("--json", *asJson, "Answer as JSON");
+  return [asJson](Invocation& invocation) { return RunDoctor(*asJson, invocation); };
+}
+
+}  // namespace cli

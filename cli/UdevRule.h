@@ -1,0 +1,18 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+namespace cli {
+
+/// The udev rule (udev(7)) that lets users reach controllers over USB: whoever sits at the computer, or, with
+/// the name of a group, its members wherever they are.
+std::string UdevRule(const std::string& group);
+
+/// What helps Linux users who may not open a controller on the USB, to follow a sentence that says so.
+extern const char* const AccessAdvice;
+
+/// The command that puts the rule in its place.
+extern const char* const InstallRuleCommand;
+
+}  // namespace cli

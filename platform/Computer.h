@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace platform {
+
+/// A way from this computer into an IPv4 network.
+struct NetworkAdapter {
+  std::string name;     // as the system's user knows it, in UTF-8
+  std::string address;  // the computer's own, in dotted form
+};
+
+/// What the program's answers to "why does it not work?" depend on.
+struct Computer {
+  std::string system;                    // its kind and version, such as "Linux 6.1.0-25-amd64"
+  std::vector<NetworkAdapter> adapters;  // that are up, without the loop back to itself
+  bool hasUdev = false;                  // whether udev decides on who may open controllers
+  std::string udevRule;                  // the file of the program's rule that counts; empty for none
+  bool isAdministrator = false;          // whether the user may open everything anyway
+};
+
+/// The name of the program's rule in udev's folders.
+inline constexpr const char* UdevRuleName = "71-halvex.rules";
+
+/// Looks at this computer; nothing is sent.
+Computer LookAtComputer();
+
+/// Whether the user may make files in the folder, which exists.
+bool MayWriteInto(const std::string& folder);
+
+/// Whether there is a folder of that path.
+bool IsFolder(const std::string& path);
+
+}  // namespace platform
