@@ -2,6 +2,9 @@
 #include "ui/Workbench.h"
 
 #include <algorithm>
+#include <utility>
+
+#include "QorLib/Format.h"
 
 #include "ui/Commands.h"
 
@@ -179,6 +182,12 @@ void Workbench::TakeOutcomes(bool isRunning) {
     });
   }
   devices.SetOutcomes(outcomes);
+  if (isRunning || !std::exchange(areOutcomesNew_, false)) return;
+  // "Connect error" alone would leave the user guessing.
+  for (const TCBase::DeviceOutcome& outcome : outcomes) {
+    if (outcome.denial != TCBase::Denial::None)
+      services.log.ForeignMessage(qor::Format("{1}: {2}", {outcome.device.name, outcome.detail}));
+  }
 }
 
 bool Workbench::Tick() {

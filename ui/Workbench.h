@@ -80,8 +80,11 @@ class Workbench {
   void DevicesChanged();
   /// The same for the search of the network, which may have failed.
   void ScanEnded();
-  /// To be called when a job was handed to the worker.
-  void JobStarted() { wasBusy_ = true; }
+  /// To be called when a job was handed to the worker; whether it leaves outcomes.
+  void JobStarted(bool isForDevices = true) {
+    wasBusy_ = true;
+    areOutcomesNew_ |= isForDevices;
+  }
 
   // A demo
   bool IsDemoRunning() const { return isDemoRunning_; }
@@ -104,6 +107,7 @@ class Workbench {
   bool isDemoRunning_ = false;
   bool isStopWanted_ = false;
   bool wasBusy_ = false;
+  bool areOutcomesNew_ = false;  // since their denials were logged
 };
 
 }  // namespace UX

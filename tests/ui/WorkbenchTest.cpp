@@ -12,6 +12,7 @@
 #include "model/Presets.h"
 #include "tests/support/Curves.h"
 #include "tests/support/FakeHid.h"
+#include "tests/support/FakeLocks.h"
 #include "tests/support/FakeNetwork.h"
 #include "tests/support/FakeWindow.h"
 #include "tests/support/TempFolder.h"
@@ -52,7 +53,8 @@ class WorkbenchTest : public testing::Test {
   test::FakeNetwork network{clock};
   TCBase::Localisation texts;
   TCBase::Settings settings{folder.File("settings"), log};
-  TCBase::Worker worker{{clock, log, network}, TCBase::Worker::UsbWatch::Off};
+  test::FakeLocks locks;
+  TCBase::Worker worker{{clock, log, network, &locks}, TCBase::Worker::UsbWatch::Off};
   test::FakeDialogs dialogs;
   test::FakeView view;
   UX::Workbench bench{{clock, log, settings, texts, worker}, dialogs, view};
@@ -307,6 +309,21 @@ TEST_F(Workbench, AsksAboutModesThatAreTooLongForATC420) {
   bench.Run(command::Upload);
   EXPECT_TRUE(worker.IsBusy());
   WaitForWorker();
+}
+
+TEST_F(Workbench, SaysWhoHasADevice) {
+  hid.plugged = TCBase::TC420UsbId;
+  locks.taken = {"tc420"};
+  bench.devices.Update({TCBase::DeviceKind::TC420}, {});
+  bench.Run(command::Upload);
+  WaitForWorker();
+  EXPECT_EQ(log.Texts(),
+            (Texts{"Configuring device Orvanta 24", "Connect error", "Finished configuring device Orvanta 24",
+                   "Orvanta 24: in use by another program"}));
+  bench.Run(command::ScanNetwork);
+  WaitForWorker();
+  EXPECT_EQ(log.Texts(), (Texts{"Searching for network devices...", "Found 0 device(s)"})) << "said once";
+  EXPECT_TRUE(hid.Reports().empty());
 }
 
 TEST_F(Workbench, ClearsDevicesOnlyWhenToldSo) {

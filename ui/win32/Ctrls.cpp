@@ -111,9 +111,8 @@ void Ctrls::Translate() {
 
 void Ctrls::AddTips() {
   if (tips_ == nullptr) {
-    tips_ =
-        CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, 0, 0,
-                        0, 0, context_.window, nullptr, context_.instance, nullptr);
+    tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX,
+                            0, 0, 0, 0, context_.window, nullptr, context_.instance, nullptr);
   }
   const auto translate = context_.workbench.services.texts.Translator();
   ShowTip(demo_.PauseButton(), translate("Pause demo"));

@@ -11,8 +11,8 @@ class Bitmap;
 
 namespace UX {
 
-/// The picture in the window's corner, from the program's resources. It is decoded here, which takes a tenth of
-/// the time that the system's own decoders take to start. GDI+ must be running while it is held.
+/// The picture in the window's corner, from the program's resources. It is decoded here, which takes a tenth
+/// of the time that the system's own decoders take to start. GDI+ must be running while it is held.
 class Logo {
  public:
   Logo();

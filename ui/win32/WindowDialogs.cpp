@@ -77,7 +77,8 @@ void WindowDialogs::RunWiFiWizard() {
   if (devices_ != nullptr) setup.devices = devices_->Devices();
   setup.search = SearchWiFiNetworks;
   setup.send = [this](const TCBase::DeviceInfo& device, const TCBase::WiFiSettings& settings) {
-    return TCBase::SetupWiFi(device, settings, {services_.clock, services_.log, network_, &platform::SystemDeviceLocks()});
+    return TCBase::SetupWiFi(device, settings,
+                             {services_.clock, services_.log, network_, &platform::SystemDeviceLocks()});
   };
   DlgTC421_Config(Translator(), std::move(setup)).Run(owner_);
 }

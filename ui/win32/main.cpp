@@ -152,8 +152,9 @@ int RunWindow(HINSTANCE instance, int show) {
   log.OnLine([&shown] {
     if (MainWindow* window = shown) window->PostLog();
   });
-  auto worker = std::make_unique<TCBase::Worker>(TCBase::DeviceContext{clock, log, network, &platform::SystemDeviceLocks()},
-                                                 TCBase::Worker::UsbWatch::On);
+  auto worker = std::make_unique<TCBase::Worker>(
+      TCBase::DeviceContext{clock, log, network, &platform::SystemDeviceLocks()},
+      TCBase::Worker::UsbWatch::On);
   const Arguments arguments = ReadArguments();
   MainWindow window(instance, {clock, log, settings, texts, *worker}, network, folder);
   if (!window.Create(arguments.renderer)) return 0;

@@ -187,10 +187,6 @@ int SelectedRow(HWND list) {
   return ListView_GetNextItem(list, -1, LVNI_SELECTED);
 }
 
-void ClearSelection(HWND list) {
-  ListView_SetItemState(list, -1, 0, LVIS_SELECTED);
-}
-
 void FitColumns(HWND list) {
   const int padding = Scaled(list, 20);
   RECT area;

@@ -59,7 +59,6 @@ void Choose(HWND comboBox, int index);
 void SetRows(HWND list, const std::vector<std::vector<std::string>>& rows);
 /// The selected row; -1 when there is none.
 int SelectedRow(HWND list);
-void ClearSelection(HWND list);
 /// Makes the columns but the first as wide as their texts; the first gets the rest.
 void FitColumns(HWND list);
 

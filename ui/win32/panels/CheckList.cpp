@@ -65,8 +65,8 @@ void CheckList::ShowRow(int index, const CheckRow& row) {
   ListView_SetCheckState(window_, index, row.isChecked);
 }
 
-/// The second column is as wide as its texts need, but no wider than two thirds; the first has the rest. They are
-/// made with the first rows, when it is known how wide: the system takes long for every change.
+/// The second column is as wide as its texts need, but no wider than two thirds; the first has the rest. They
+/// are made with the first rows, when it is known how wide: the system takes long for every change.
 void CheckList::SetColumnWidths(const std::vector<CheckRow>& rows) {
   RECT client{};
   GetClientRect(window_, &client);
