@@ -4,6 +4,8 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <string>
+#include <utility>
 
 #include "platform/win32/Strings.h"
 
@@ -19,6 +21,7 @@ class Handle {
  public:
   explicit Handle(HANDLE handle) : handle_(handle) {}
   ~Handle() { Close(); }
+  Handle(Handle&& other) noexcept : handle_(std::exchange(other.handle_, INVALID_HANDLE_VALUE)) {}
   Handle(const Handle&) = delete;
   Handle& operator=(const Handle&) = delete;
   explicit operator bool() const { return handle_ != INVALID_HANDLE_VALUE; }
@@ -57,9 +60,23 @@ SystemError WriteInPlace(const std::wstring& path, std::string_view bytes) {
   return {};
 }
 
+/// A new file in the folder, whose path ends with a separator. (The system's own function for this takes no
+/// long paths.)
+Handle CreateTemporary(const std::wstring& folder, std::wstring& path) {
+  constexpr int MostAttempts = 1000;
+  for (int attempt = 0; attempt < MostAttempts; ++attempt) {
+    path =
+        folder + L"hvx" + std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(attempt) + L".tmp";
+    Handle file(
+        CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (file || GetLastError() != ERROR_FILE_EXISTS) return file;
+  }
+  return Handle(INVALID_HANDLE_VALUE);
+}
+
 std::wstring FolderOf(const std::wstring& path) {
   const std::size_t separator = path.find_last_of(L"\\/:");
-  return separator == std::wstring::npos ? L"." : path.substr(0, separator + 1);
+  return separator == std::wstring::npos ? L".\\" : path.substr(0, separator + 1);
 }
 
 }  // namespace
@@ -99,18 +116,18 @@ SystemError ReplaceWholeFile(const std::string& path, std::string_view bytes) {
   const std::wstring target = Widen(path);
   if (!IsRegular(target)) return WriteInPlace(target, bytes);
 
-  wchar_t temporary[MAX_PATH];
-  if (GetTempFileNameW(FolderOf(target).c_str(), L"hvx", 0, temporary) == 0) return LastError();
-  Handle file(
-      CreateFileW(temporary, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+  std::wstring temporary;
+  Handle file = CreateTemporary(FolderOf(target), temporary);
+  if (!file) return LastError();
   bool isDone = file && WriteAll(file.Get(), bytes) && FlushFileBuffers(file.Get());
   SystemError failed = isDone ? SystemError{} : LastError();
   file.Close();
-  if (isDone && !MoveFileExW(temporary, target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+  if (isDone &&
+      !MoveFileExW(temporary.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
     failed = LastError();
     isDone = false;
   }
-  if (!isDone) DeleteFileW(temporary);
+  if (!isDone) DeleteFileW(temporary.c_str());
   return failed;
 }
 

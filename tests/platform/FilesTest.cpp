@@ -23,6 +23,16 @@ TEST(Files, ReplacesAndReadsUnderAnyName) {
   EXPECT_EQ(folder.FileNames().size(), 1u) << "a temporary file was left";
 }
 
+TEST(Files, ReplacesUnderALongPath) {
+  const test::TempFolder folder;
+  const std::string deep = platform::PathIn(folder.File(std::string(150, 'a')), std::string(150, 'b'));
+  ASSERT_FALSE(platform::CreateFolders(deep));
+  ASSERT_FALSE(ReplaceWholeFile(platform::PathIn(deep, "a.xml"), "x"));
+  std::string read;
+  EXPECT_FALSE(ReadWholeFile(platform::PathIn(deep, "a.xml"), 10, read));
+  EXPECT_EQ(read, "x");
+}
+
 TEST(Files, ReadsOneByteMoreThanTheLimitAtMost) {
   const test::TempFolder folder;
   const std::string path = folder.File("large");
