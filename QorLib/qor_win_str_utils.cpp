@@ -160,4 +160,18 @@ std::size_t FindBrokenUtf8(std::string_view utf8) {
   return std::string_view::npos;
 }
 
+std::string WithCrLf(std::string_view text) {
+  std::string lines;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool isPair = text.substr(i).starts_with("\r\n");
+    if (text[i] == '\r' || text[i] == '\n') {
+      lines += "\r\n";
+    } else {
+      lines += text[i];
+    }
+    if (isPair) ++i;
+  }
+  return lines;
+}
+
 }  // namespace qor::win

@@ -27,4 +27,7 @@ void AppendUtf8(char32_t codePoint, std::string& utf8);
 /// The offset of the first byte that does not belong to well-formed UTF-8; npos when all does.
 std::size_t FindBrokenUtf8(std::string_view utf8);
 
+/// The text with CR LF in the place of each line end, be it CR LF, LF or CR: what Windows' edits hold.
+std::string WithCrLf(std::string_view text);
+
 }  // namespace qor::win

@@ -23,8 +23,7 @@ constexpr float Width = 1024, Height = 640;
 void CheckPicture(const ChartOptions& options, const Invocation& invocation) {
   CheckIsNoLog(options.out, invocation);
   const std::string& out = options.out;
-  const bool isSvg = out.ends_with(".svg") || out.ends_with(".SVG");
-  if (!isSvg) throw CommandError(WrongUsage, qor::Format("{1} does not end in .svg", {out}));
+  if (EndingOf(out) != ".svg") throw CommandError(WrongUsage, qor::Format("{1} does not end in .svg", {out}));
   CheckIsAnother(options.path, out);
 }
 

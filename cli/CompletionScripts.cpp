@@ -51,7 +51,7 @@ std::vector<std::string> CommandNames(const std::vector<CommandWords>& commands)
 constexpr const char* BashCandidates = "mapfile -t COMPREPLY < <(compgen {1} -- \"$word\")\n";
 
 std::string BashReply(const ArgumentValue& value) {
-  if (value.isFile) return qor::Format(BashCandidates, {"-f"});
+  if (value.isFile) return "compopt -o filenames\n    " + qor::Format(BashCandidates, {"-f"});
   if (value.choices.empty()) return ":\n";
   return qor::Format(BashCandidates, {"-W " + Quoted(Joined(value.choices, " "))});
 }
@@ -126,7 +126,10 @@ std::string BashScript(const std::vector<CommandWords>& commands) {
       "  COMPREPLY=()\n"
       "  for ((i = 1; i < COMP_CWORD; ++i)); do\n"
       "    case ${COMP_WORDS[i]} in\n"
-      "    --log | --lang) ((++i)) ;;\n"
+      "    --log | --lang)\n"
+      "      [[ ${COMP_WORDS[i + 1]} != = ]] || ((++i))\n"
+      "      ((++i))\n"
+      "      ;;\n"
       "    -*) ;;\n"
       "    *)\n"
       "      command=${COMP_WORDS[i]}\n"
@@ -146,7 +149,7 @@ std::string BashScript(const std::vector<CommandWords>& commands) {
               qor::Format(BashCandidates, {"-W " + options}) + "    else\n      " +
               BashReply(command.operand) + "    fi\n    ;;\n";
   }
-  script += "  esac\n}\ncomplete -o filenames -F _halvex halvex\n";
+  script += "  esac\n}\ncomplete -F _halvex halvex\n";
   return script;
 }
 
@@ -173,7 +176,10 @@ std::string ZshScript(const std::vector<CommandWords>& commands) {
     script += "    " + command.name + ")\n      _arguments $common \\\n" + ZshArguments(command, "        ") +
               "        " + Quoted("*:argument:" + ZshAction(command.operand)) + "\n      ;;\n";
   }
-  script += "    esac\n    ;;\n  esac\n}\n\n_halvex \"$@\"\n";
+  script +=
+      "    esac\n    ;;\n  esac\n}\n\n"
+      "# Read from fpath this file is the function itself; sourced, it only defines it.\n"
+      "if [[ $funcstack[1] == _halvex ]]; then\n  _halvex \"$@\"\nelse\n  compdef _halvex halvex\nfi\n";
   return script;
 }
 

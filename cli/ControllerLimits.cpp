@@ -5,6 +5,7 @@
 
 #include "QorLib/Format.h"
 #include "QorLib/qor_win_str_utils.h"
+#include "device/PacketEncoding.h"
 #include "model/ModeSample.h"
 
 namespace cli {
@@ -12,10 +13,10 @@ namespace {
 
 using namespace TCBase;
 
-constexpr std::size_t NameBytesTC420 = 8;
-constexpr std::size_t NameBytesTC421 = 7;
-constexpr std::size_t MaxModes = 64;
-constexpr int FewestSteps = 2;  // of a mode
+constexpr std::size_t NameBytesTC420 = ModeNameBytes;
+constexpr std::size_t NameBytesTC421 = ModeNameBytes - 1;
+constexpr std::size_t MaxModes = BankCount;
+constexpr int FewestSteps = static_cast<int>(FewestSamples);  // of a mode
 
 void AddStepCount(const Mode& mode, std::vector<std::string>& remarks) {
   const int steps = StepCount(mode);

@@ -83,8 +83,8 @@ ExitStatus Report(const std::vector<DeviceOutcome>& outcomes, const JobEnd& end,
     isDenied |= outcome.denial != TCBase::Denial::None;
     const bool needsRule = outcome.denial == TCBase::Denial::NoPermission &&
                            outcome.device.kind != TCBase::DeviceKind::TC421Network;
-    invocation.printer.Complain(qor::Format(
-        "{1}: {2}{3}", {ArgumentOf(outcome.device), TextOf(outcome), needsRule ? AccessAdvice : ""}));
+    invocation.printer.Complain(qor::Format("{1}: {2}{3}", {ArgumentOf(outcome.device), TextOf(outcome),
+                                                            needsRule ? AccessAdvice() : std::string()}));
   }
   if (outcomes.size() > 1) PrintTable(outcomes, invocation.printer);
   if (hasFailed) return isDenied ? NoAccess : DeviceFailed;

@@ -36,7 +36,7 @@ void FindOnUsb(Findings& findings, Invocation& invocation) {
     } else if (device->OpenFault().denial != TCBase::Denial::None) {
       findings.isUsbDenied = true;
       invocation.printer.Complain(
-          qor::Format("{1}: {2}{3}", {info.name, device->OpenFault().text, AccessAdvice}));
+          qor::Format("{1}: {2}{3}", {info.name, device->OpenFault().text, AccessAdvice()}));
     }
   }
 }

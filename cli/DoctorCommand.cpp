@@ -36,6 +36,7 @@ struct Finding {
   std::string text;
   std::string advice;        // what to do; empty where nothing is to be done
   ExitStatus status = Done;  // of a problem
+  bool needsRule = false;    // whether udev's rule would help
 };
 using Findings = std::vector<Finding>;
 using State = Finding::State;
@@ -49,7 +50,7 @@ Finding Versions(const Computer& computer) {
 // Controllers on the USB
 
 /// A controller is opened and closed again; nothing is sent to it.
-Finding OnUsb(TCBase::DeviceKind kind, Invocation& invocation) {
+Finding OnUsb(TCBase::DeviceKind kind, const Computer& computer, Invocation& invocation) {
   const TCBase::DeviceInfo info = TCBase::DeviceOfKind(kind);
   const std::string check = ArgumentOf(info);
   const auto lock = invocation.environment.locks.TryTake(TCBase::LockNameOf(info));
@@ -61,37 +62,32 @@ Finding OnUsb(TCBase::DeviceKind kind, Invocation& invocation) {
   if (device->Open()) return {check, State::Ok, "plugged in, and may be opened", {}};
   const TCBase::OpenFailure& failure = device->OpenFault();
   if (failure.denial == Denial::None) return {check, State::Note, "not plugged in", {}};
-  return {check, State::Problem, "plugged in, but may not be opened: " + failure.text,
-          "see to the udev rule (below), then plug the controller in again", NoAccess};
-}
-
-bool IsDenied(const Findings& findings) {
-  return std::ranges::any_of(findings, [](const Finding& finding) { return finding.status == NoAccess; });
-}
-
-bool IsPluggedIn(const Findings& findings) {
-  return std::ranges::any_of(findings, [](const Finding& finding) {
-    return finding.check != "versions" && finding.state != State::Note;
-  });
+  Finding finding{check, State::Problem, "plugged in, but may not be opened: " + failure.text,
+                  "end the other program that has it", NoAccess};
+  if (failure.denial == Denial::NoPermission && computer.hasUdev) {
+    finding.advice = "see to the udev rule (below), then plug the controller in again";
+    finding.needsRule = true;
+  }
+  return finding;
 }
 
 Findings UsbFindings(const Computer& computer, Invocation& invocation) {
-  Findings findings = {OnUsb(TCBase::DeviceKind::TC420, invocation),
-                       OnUsb(TCBase::DeviceKind::TC421Usb, invocation)};
-  if (!IsPluggedIn(findings)) {
+  Findings findings = {OnUsb(TCBase::DeviceKind::TC420, computer, invocation),
+                       OnUsb(TCBase::DeviceKind::TC421Usb, computer, invocation)};
+  if (std::ranges::all_of(findings, [](const Finding& finding) { return finding.state == State::Note; })) {
     findings.back().advice =
         "plug a controller in; where one is, try another cable: some carry power only (\"halvex monitor\" "
         "tells when it comes)";
   }
   if (!computer.hasUdev) return findings;
-  const bool isDenied = IsDenied(findings);
+  const bool isNeeded = std::ranges::any_of(findings, &Finding::needsRule);
   Finding rule{"udev-rule", State::Ok, computer.udevRule, {}};
   if (computer.udevRule.empty()) {
     rule.text = computer.isAdministrator ? "not installed; you are root, who needs none"
                                          : "not installed: controllers are for root only";
-    rule.advice = InstallRuleCommand;
-    rule.state = isDenied ? State::Problem : State::Note;
-  } else if (isDenied) {
+    rule.advice = InstallRuleCommand();
+    rule.state = isNeeded ? State::Problem : State::Note;
+  } else if (isNeeded) {
     rule.state = State::Note;
     rule.advice =
         "plug the controller in again; where nobody sits at the screen (over SSH), put the rule for a group "
@@ -108,8 +104,11 @@ Finding Port(Invocation& invocation) {
   TCBase::UdpPort port(ContextOf(invocation));
   if (port.Open()) return {"port-5000", State::Ok, "free", {}};
   const TCBase::OpenFailure& failure = port.OpenFault();
+  const bool isInUse = failure.denial == Denial::InUse;
   return {"port-5000", State::Problem, failure.text,
-          "end the other program: one at a time can talk to TC421 controllers on the network",
+          isInUse
+              ? "end the other program: one at a time can talk to TC421 controllers on the network"
+              : "TC421 controllers on the network are out of reach until the system lets the port be taken",
           failure.denial == Denial::None ? DeviceFailed : NoAccess};
 }
 
@@ -131,9 +130,10 @@ Finding SettingsFolder(const std::string& folder) {
   const std::string check = "settings-folder";
   const std::string advice = "name a folder of yours in the environment variable HALVEX_HOME";
   if (folder.empty()) return {check, State::Problem, "there is none", advice, FileFailed};
-  if (!platform::IsFolder(folder)) return {check, State::Ok, folder + " (made when it is needed)", {}};
   if (platform::MayWriteInto(folder)) return {check, State::Ok, folder, {}};
-  return {check, State::Problem, folder + " may not be written to", "make it yours, or " + advice,
+  if (!platform::IsThere(folder) && platform::MayWriteInto(platform::NearestFolder(folder)))
+    return {check, State::Ok, folder + " (made when it is needed)", {}};
+  return {check, State::Problem, folder + " may not be written to", "make it a folder of yours, or " + advice,
           FileFailed};
 }
 
@@ -148,8 +148,12 @@ Finding SettingsFile(const std::string& folder, Invocation& invocation) {
 Finding LogFile(const std::string& folder) {
   const std::string path = platform::PathIn(folder.empty() ? "." : folder, UX::LogFileName);
   std::string start;
-  const bool isThere = !platform::ReadWholeFile(path, 0, start);
-  return {"log", State::Ok, path + (isThere ? "" : " (of the window, which has written none yet)"), {}};
+  const platform::SystemError failed = platform::ReadWholeFile(path, 0, start);
+  if (!failed) return {"log", State::Ok, path, {}};
+  if (failed.kind == platform::ErrorKind::NotFound)
+    return {"log", State::Ok, path + " (of the window, which has written none yet)", {}};
+  return {"log", State::Note, qor::Format("{1}: {2}", {path, failed.text}),
+          "the window writes no log until that is mended"};
 }
 
 Findings Examine(Invocation& invocation) {

@@ -13,7 +13,7 @@ enum ExitStatus {
   WrongUsage = 2,
   FileFailed = 3,  // a file could not be read or written
   NothingFound = 4,
-  NotUnique = 5,  // more than one device fits
+  NotUnique = 5,  // more than one device fits; kept for devices that are named otherwise than today
   NoAccess = 6,   // no permission, or in use by another program
   Interrupted = 130,
 };

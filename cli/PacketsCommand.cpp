@@ -9,6 +9,7 @@
 #include "cli/LogPrinter.h"
 #include "cli/ProgramArguments.h"
 #include "cli/ProgramFiles.h"
+#include "device/PacketEncoding.h"
 #include "device/TC420/Device.h"
 #include "device/TC421/Devices.h"
 #include "worker/UploadJob.h"
@@ -92,9 +93,9 @@ ExitStatus RunPackets(const PacketsOptions& options, Invocation& invocation) {
     const std::vector<TCBase::ModeSample> samples = TCBase::SamplesFor(kind, modes[i], printer.Log());
     if (!device->UploadMode(static_cast<int>(i), modes[i].name, samples)) {
       printer.Complain(
-          qor::Format("the mode '{1}' would not be sent: a mode needs a name, 2 steps and one of 64 "
+          qor::Format("the mode '{1}' would not be sent: a mode needs a name, {2} steps and one of {3} "
                       "places",
-                      {modes[i].name}));
+                      {modes[i].name, TCBase::FewestSamples, TCBase::BankCount}));
       status = DeviceFailed;
     }
   }

@@ -36,15 +36,6 @@ std::size_t NameStart(const std::string& path) {
   return path.find_last_of("/\\") + 1;  // npos + 1 is 0
 }
 
-/// The file's ending in lower case, with its dot; empty when there is none.
-std::string EndingOf(const std::string& path) {
-  const std::size_t dot = path.rfind('.');
-  if (dot == std::string::npos || dot < NameStart(path)) return {};
-  std::string ending = path.substr(dot);
-  for (char& c : ending) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  return ending;
-}
-
 const ModeFormat* ModeFormatOf(const std::string& path) {
   const auto found = std::ranges::find(ModeFormats, EndingOf(path), &ModeFormat::ending);
   return found != std::end(ModeFormats) ? found : nullptr;
@@ -117,6 +108,14 @@ void WarnOfLoss(const ModeFormat& format, const TCBase::Program& program, const 
 }
 
 }  // namespace
+
+std::string EndingOf(const std::string& path) {
+  const std::size_t dot = path.rfind('.');
+  if (dot == std::string::npos || dot < NameStart(path)) return {};
+  std::string ending = path.substr(dot);
+  for (char& c : ending) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  return ending;
+}
 
 FileKind KindOf(const std::string& path) {
   return {EndingOf(path) == ".xml", ModeFormatOf(path) != nullptr};

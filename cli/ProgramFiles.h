@@ -18,6 +18,9 @@ struct FileKind {
 };
 FileKind KindOf(const std::string& path);
 
+/// The file's ending in lower case, with its dot; empty when there is none.
+std::string EndingOf(const std::string& path);
+
 /// Reads a program. A TMF or LMF file gives one with a single mode, named after the file; any other is read
 /// as XML.
 TCBase::Program Load(const std::string& path, Invocation& invocation);

@@ -10,6 +10,7 @@
 #include "QorLib/Format.h"
 #include "cli/Commands.h"
 #include "device/DeviceInfo.h"
+#include "platform/Computer.h"
 
 namespace cli {
 namespace {
@@ -44,11 +45,14 @@ std::string CheckGroup(const std::string& name) {
 
 }  // namespace
 
-const char* const InstallRuleCommand = "halvex udev-rule | sudo tee /etc/udev/rules.d/71-halvex.rules";
+std::string InstallRuleCommand() {
+  return std::string("halvex udev-rule | sudo tee /etc/udev/rules.d/") + platform::UdevRuleName;
+}
 
-const char* const AccessAdvice =
-    "; on Linux, \"halvex udev-rule | sudo tee /etc/udev/rules.d/71-halvex.rules\" gives you access once the "
-    "controller is plugged in again (\"halvex doctor\" tells more)";
+std::string AccessAdvice() {
+  return "; on Linux, \"" + InstallRuleCommand() +
+         "\" gives you access once the controller is plugged in again (\"halvex doctor\" tells more)";
+}
 
 std::string UdevRule(const std::string& group) {
   std::string access;

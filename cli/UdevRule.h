@@ -10,9 +10,9 @@ namespace cli {
 std::string UdevRule(const std::string& group);
 
 /// What helps Linux users who may not open a controller on the USB, to follow a sentence that says so.
-extern const char* const AccessAdvice;
+std::string AccessAdvice();
 
 /// The command that puts the rule in its place.
-extern const char* const InstallRuleCommand;
+std::string InstallRuleCommand();
 
 }  // namespace cli

@@ -4,6 +4,7 @@
 #include <hidapi.h>
 
 #include <array>
+#include <mutex>
 
 #include "QorLib/qor_win_str_utils.h"
 
@@ -21,6 +22,14 @@ std::string LastErrorText(hid_device* handle) {
   return text != nullptr ? qor::win::Utf8FromWide(text) : "Success";
 }
 
+Denial DenialOf(platform::ErrorKind kind) {
+  switch (kind) {
+    case platform::ErrorKind::AccessDenied: return Denial::NoPermission;
+    case platform::ErrorKind::SharingViolation: return Denial::InUse;
+    default: return Denial::None;
+  }
+}
+
 }  // namespace
 
 USBDevice::~USBDevice() {
@@ -28,11 +37,16 @@ USBDevice::~USBDevice() {
 }
 
 bool USBDevice::Open() {
-  handle_ = hid_open(id_.vendor, id_.product, nullptr);
-  if (handle_ == nullptr) {
-    const std::string text = LastErrorText(nullptr);
-    SetOpenFailure({text, platform::SaysNoAccess(text) ? Denial::NoPermission : Denial::None});
-    return false;
+  {
+    // The library keeps one text of the last failed opening for all threads.
+    static std::mutex opening;
+    const std::lock_guard lock(opening);
+    handle_ = hid_open(id_.vendor, id_.product, nullptr);
+    if (handle_ == nullptr) {
+      const std::string text = LastErrorText(nullptr);
+      SetOpenFailure({text, DenialOf(platform::KindOfText(text))});
+      return false;
+    }
   }
   hid_set_nonblocking(handle_, 1);
   return true;

@@ -9,7 +9,7 @@
 namespace TCBase {
 namespace {
 
-constexpr std::size_t MaxFileBytes = std::size_t{4} << 20;  // of a translator's file; the table has 60 KB
+constexpr std::size_t MaxFileBytes = std::size_t{4} << 20;  // of a translator's file
 
 std::string Joined(const std::vector<std::string>& lines) {
   std::string text;

@@ -27,10 +27,7 @@ inline constexpr const char* UdevRuleName = "71-halvex.rules";
 /// Looks at this computer; nothing is sent.
 Computer LookAtComputer();
 
-/// Whether the user may make files in the folder, which exists.
+/// Whether it is a folder in which the user may make files.
 bool MayWriteInto(const std::string& folder);
-
-/// Whether there is a folder of that path.
-bool IsFolder(const std::string& path);
 
 }  // namespace platform

@@ -13,7 +13,8 @@ class DeviceLock {
   virtual ~DeviceLock() = default;
 };
 
-/// The holds of all programs and users of this computer.
+/// The holds of all programs and users of this computer, but for those in other containers (network
+/// namespaces), and for programs of the other system under Wine.
 class DeviceLocks {
  public:
   virtual ~DeviceLocks() = default;

@@ -41,6 +41,19 @@ void RemoveFile(const std::string& path) {
   fs::remove(PathOf(path), ignored);
 }
 
+bool IsThere(const std::string& path) {
+  std::error_code failed;
+  return fs::exists(PathOf(path), failed);
+}
+
+std::string NearestFolder(const std::string& path) {
+  std::error_code failed;
+  fs::path folder = PathOf(path);
+  while (folder.has_relative_path() && !fs::exists(folder, failed)) folder = folder.parent_path();
+  const std::u8string text = folder.empty() ? u8"." : folder.u8string();
+  return {text.begin(), text.end()};
+}
+
 bool IsSameFile(const std::string& path, const std::string& other) {
   std::error_code failed;
   return fs::equivalent(PathOf(path), PathOf(other), failed) && !failed;

@@ -32,6 +32,12 @@ SystemError RenameFile(const std::string& from, const std::string& to);
 /// Removes a file; one that is not there is no error.
 void RemoveFile(const std::string& path);
 
+/// Whether there is anything of that path.
+bool IsThere(const std::string& path);
+
+/// The closest of the folders above a path that exists; the current one where none does.
+std::string NearestFolder(const std::string& path);
+
 /// Whether both paths lead to the same file, which exists.
 bool IsSameFile(const std::string& path, const std::string& other);
 

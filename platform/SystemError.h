@@ -37,8 +37,8 @@ SystemError ErrorOf(std::uint32_t code);
 /// The text for a code of the C runtime (errno).
 std::string RuntimeErrorText(int code);
 
-/// Whether `message`, a library's error text, says that the system denied access, or that somebody else has
-/// it.
-bool SaysNoAccess(const std::string& message);
+/// What a library's error text says of it: AccessDenied, SharingViolation when somebody else has it, or
+/// Other.
+ErrorKind KindOfText(const std::string& message);
 
 }  // namespace platform

@@ -353,7 +353,10 @@ void ChartEditor::InsertByKey() {
   const bool isLast = !selected || selected->step + 1 >= channel.steps.size();
   const int end = isLast ? MinutesPerDay : static_cast<int>(channel.steps[selected->step + 1].MinuteOfDay());
   const int minute = (start + end) / 2;
-  if (minute == start && selected) return;
+  const bool isTaken = std::ranges::any_of(channel.steps, [minute](const TCBase::Step& step) {
+    return static_cast<int>(step.MinuteOfDay()) == minute;
+  });
+  if (isTaken) return;  // a step that is there stays
   AddStep(*channel_, minute * 60, channel.ValueAt(std::int64_t{minute} * 60));
   context_.history.Commit();
 }

@@ -57,7 +57,6 @@ class ChartEditor {
   void ButtonUp();
   /// Selects what is there, for a menu about it.
   void SelectAt(Point point);
-  bool IsButtonDown() const { return press_.has_value(); }
 
   /// `milliseconds` counts from anywhere. Whether the key meant something here.
   bool Key(ChartKey key, std::int64_t milliseconds);

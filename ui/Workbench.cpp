@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "QorLib/Format.h"
-
 #include "ui/Commands.h"
 
 namespace UX {
@@ -185,7 +184,7 @@ void Workbench::TakeOutcomes(bool isRunning) {
   if (isRunning || !std::exchange(areOutcomesNew_, false)) return;
   // "Connect error" alone would leave the user guessing.
   for (const TCBase::DeviceOutcome& outcome : outcomes) {
-    if (outcome.denial != TCBase::Denial::None)
+    if (outcome.stage == TCBase::DeviceOutcome::Stage::NotConnected && !outcome.detail.empty())
       services.log.ForeignMessage(qor::Format("{1}: {2}", {outcome.device.name, outcome.detail}));
   }
 }

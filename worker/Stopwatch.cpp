@@ -11,7 +11,7 @@ Stopwatch::Stopwatch(platform::Clock& clock) : clock_(&clock), frequency_(clock.
 
 double Stopwatch::Elapsed() const {
   if (IsPaused()) return pausedAt_;
-  return static_cast<double>(clock_->Counter() - start_) / static_cast<double>(frequency_) * rate_ + offset_;
+  return static_cast<double>(clock_->Counter() - start_) / static_cast<double>(frequency_) + offset_;
 }
 
 void Stopwatch::Resume() {

@@ -30,8 +30,7 @@ class Stopwatch {
   std::int64_t frequency_;
   std::int64_t start_ = 0;  // the counter when it last began to run
   double offset_ = 0.0;     // seconds gathered before that
-  double rate_ = 1.0;
-  double pausedAt_ = 0.0;  // Running, or the seconds at which it stands
+  double pausedAt_ = 0.0;   // Running, or the seconds at which it stands
 };
 
 }  // namespace TCBase

@@ -54,12 +54,9 @@ Computer LookAtComputer() {
 }
 
 bool MayWriteInto(const std::string& folder) {
-  return access(folder.c_str(), W_OK | X_OK) == 0;
-}
-
-bool IsFolder(const std::string& path) {
   struct stat status {};
-  return stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+  const bool isFolder = stat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+  return isFolder && access(folder.c_str(), W_OK | X_OK) == 0;
 }
 
 }  // namespace platform

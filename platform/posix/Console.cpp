@@ -35,6 +35,7 @@ std::vector<std::string> StartConsole(int argc, char** argv) {
 void WatchInterrupts() {
   struct sigaction note {};
   note.sa_handler = NoteInterrupt;  // without SA_RESTART: waiting for input or for a full pipe ends
+  // Also in the background of a script, whose shell has SIGINT ignored: a script that sends one means it.
   for (const int signal : {SIGINT, SIGTERM, SIGQUIT}) sigaction(signal, &note, nullptr);
   // Whoever starts the program so that it outlives its terminal (nohup) means it.
   struct sigaction before {};

@@ -84,10 +84,15 @@ int CreateTemporary(const std::string& folder, std::string& path) {
   return file;
 }
 
-/// Gives the file the permissions and, where the system lets us, the owner of the one that it replaces.
+/// Gives the file the permissions and, where the system lets us, the owner and group of the one that it
+/// replaces.
 bool TakeAfter(const struct stat& old, int file) {
-  [[maybe_unused]] const int ignored = fchown(file, old.st_uid, old.st_gid);
-  return fchmod(file, old.st_mode & 07777) == 0;
+  constexpr uid_t Unchanged = static_cast<uid_t>(-1);
+  mode_t mode = old.st_mode & 07777;
+  if (fchown(file, old.st_uid, old.st_gid) != 0 && fchown(file, Unchanged, old.st_gid) != 0) {
+    mode &= ~static_cast<mode_t>(S_IRWXG | S_ISGID);  // they were meant for another group
+  }
+  return fchmod(file, mode) == 0;
 }
 
 void FlushFolder(const std::string& folder) {

@@ -39,11 +39,12 @@ std::string RuntimeErrorText(int code) {
   return std::generic_category().message(code);
 }
 
-bool SaysNoAccess(const std::string& message) {
+ErrorKind KindOfText(const std::string& message) {
   const auto says = [&message](std::uint32_t code) {
     return message.find(ErrorText(code)) != std::string::npos;
   };
-  return says(EACCES) || says(EPERM) || says(EBUSY);
+  if (says(EBUSY)) return ErrorKind::SharingViolation;
+  return says(EACCES) || says(EPERM) ? ErrorKind::AccessDenied : ErrorKind::Other;
 }
 
 }  // namespace platform

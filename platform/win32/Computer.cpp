@@ -68,9 +68,4 @@ bool MayWriteInto(const std::string& folder) {
   return true;
 }
 
-bool IsFolder(const std::string& path) {
-  const DWORD attributes = GetFileAttributesW(Widen(path).c_str());
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
-}
-
 }  // namespace platform

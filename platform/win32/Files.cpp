@@ -119,7 +119,7 @@ SystemError ReplaceWholeFile(const std::string& path, std::string_view bytes) {
   std::wstring temporary;
   Handle file = CreateTemporary(FolderOf(target), temporary);
   if (!file) return LastError();
-  bool isDone = file && WriteAll(file.Get(), bytes) && FlushFileBuffers(file.Get());
+  bool isDone = WriteAll(file.Get(), bytes) && FlushFileBuffers(file.Get());
   SystemError failed = isDone ? SystemError{} : LastError();
   file.Close();
   if (isDone &&

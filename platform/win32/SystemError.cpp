@@ -51,8 +51,9 @@ std::string RuntimeErrorText(int code) {
 }
 
 // hidapi's texts hold the code: ERROR_ACCESS_DENIED or ERROR_SHARING_VIOLATION.
-bool SaysNoAccess(const std::string& message) {
-  return message.find("0x00000005") != std::string::npos || message.find("0x00000020") != std::string::npos;
+ErrorKind KindOfText(const std::string& message) {
+  if (message.find("0x00000020") != std::string::npos) return ErrorKind::SharingViolation;
+  return message.find("0x00000005") != std::string::npos ? ErrorKind::AccessDenied : ErrorKind::Other;
 }
 
 }  // namespace platform

@@ -179,3 +179,25 @@ TEST_F(Devices, JoinANetworkWithoutThePasswordOnTheCommandLine) {
   EXPECT_EQ(Run(asking), cli::Done);
   EXPECT_EQ(network.sent[3].bytes.substr(7, 6), "secret");
 }
+
+TEST_F(Devices, AreOneProgramsAtATime) {
+  const std::string path = NewProgram();
+  hid.plugged = TCBase::TC420UsbId;
+  locks.taken = {"tc420"};
+  EXPECT_EQ(Run({"upload", path, "--device", "tc420"}), cli::NoAccess);
+  EXPECT_EQ(err, "halvex: tc420: could not be opened: in use by another program\n");
+  EXPECT_TRUE(hid.Reports().empty());
+  EXPECT_EQ(Run({"devices"}), cli::Done) << "looking disturbs nobody";
+  locks.taken = {"tc421@10.0.0.20"};
+  EXPECT_EQ(Run({"sync-time", "--device", "tc421@10.0.0.20"}), cli::NoAccess);
+  EXPECT_TRUE(network.sent.empty());
+  locks.taken.clear();
+  bool wasHeld = false;
+  clock.onSleep = [&](std::uint32_t milliseconds) {
+    constexpr std::uint32_t EraseMilliseconds = 3000;
+    if (milliseconds == EraseMilliseconds) wasHeld = locks.taken.contains("tc420");
+  };
+  Run({"clear", "--yes", "--device", "tc420"});
+  EXPECT_TRUE(wasHeld) << "to the end";
+  EXPECT_TRUE(locks.taken.empty());
+}

@@ -57,6 +57,7 @@ TEST_F(Doctor, TellsMissingPermissionFromNoController) {
   EXPECT_NE(Advice("udev-rule").find("--group"), std::string::npos) << "the rule is there, but no seat";
   computer.hasUdev = false;
   EXPECT_EQ(Examine(), cli::NoAccess);
+  EXPECT_EQ(Advice("tc420").find("rule"), std::string::npos);
   EXPECT_FALSE(findings.contains("udev-rule"));
 }
 
@@ -81,26 +82,8 @@ TEST_F(Doctor, FindsSettingsThatAreBroken) {
   EXPECT_EQ(State("settings-folder"), "ok");
 }
 
-// A device is one program's at a time.
-
-TEST_F(Doctor, IsNotNeededToSeeThatADeviceIsInUse) {
-  const std::string path = NewProgram();
-  hid.plugged = TCBase::TC420UsbId;
-  locks.taken = {"tc420"};
-  EXPECT_EQ(Run({"upload", path, "--device", "tc420"}), cli::NoAccess);
-  EXPECT_EQ(err, "halvex: tc420: could not be opened: in use by another program\n");
-  EXPECT_TRUE(hid.Reports().empty());
-  EXPECT_EQ(Run({"devices"}), cli::Done) << "looking disturbs nobody";
-  locks.taken = {"tc421@10.0.0.20"};
-  EXPECT_EQ(Run({"sync-time", "--device", "tc421@10.0.0.20"}), cli::NoAccess);
-  EXPECT_TRUE(network.sent.empty());
-  locks.taken.clear();
-  bool wasHeld = false;
-  clock.onSleep = [&](std::uint32_t milliseconds) {
-    constexpr std::uint32_t EraseMilliseconds = 3000;
-    if (milliseconds == EraseMilliseconds) wasHeld = locks.taken.contains("tc420");
-  };
-  Run({"clear", "--yes", "--device", "tc420"});
-  EXPECT_TRUE(wasHeld) << "to the end";
-  EXPECT_TRUE(locks.taken.empty());
+TEST_F(Doctor, FindsAFolderThatCannotBe) {
+  ASSERT_FALSE(platform::ReplaceWholeFile(folder.File("home"), "a file"));
+  EXPECT_EQ(Examine(), cli::FileFailed);
+  EXPECT_EQ(State("settings-folder"), "problem");
 }

@@ -71,9 +71,8 @@ TEST_F(Help, ListsEveryCommand) {
 TEST_F(Help, AgreesWithTheManualPage) {
   const std::string page = ManualPage();
   const std::string commands = page.substr(page.find(".SH COMMANDS"));
-  Words known = All(out, "(--[a-z0-9-]+)");
   ASSERT_EQ(Run({"--help"}), cli::Done);
-  known.merge(All(out, "(--[a-z0-9-]+)"));
+  Words known = All(out, "(--[a-z0-9-]+)");
   for (const cli::Command& command : cli::Commands()) {
     const std::string paragraph = Paragraph(commands, command.name);
     EXPECT_FALSE(paragraph.empty()) << command.name;
@@ -104,7 +103,8 @@ TEST_F(Help, IsWhatShellsComplete) {
         const std::string written = shell != "fish"            ? option
                                     : option.starts_with("--") ? "-l " + option.substr(2)
                                                                : "-s " + option.substr(1);
-        EXPECT_NE(options.find(written), std::string::npos) << shell << " " << name << " " << option;
+        EXPECT_EQ(All(options, "[^a-z-](" + written + ")[^a-z0-9-]").size(), 1U)
+            << shell << " " << name << " " << option;
       }
     }
   }
@@ -124,7 +124,7 @@ TEST_F(Help, PrintsTheRuleThatThePackageInstalls) {
   EXPECT_EQ(out, SourceFile("packaging/linux/71-halvex.rules"));
   ASSERT_EQ(Run({"udev-rule", "--group", "plugdev"}), cli::Done);
   EXPECT_EQ(All(out, R"((GROUP="plugdev", MODE="0660")\n)").size(), 1U);
-  EXPECT_NE(std::string(cli::AccessAdvice).find(cli::InstallRuleCommand), std::string::npos);
+  EXPECT_NE(cli::AccessAdvice().find("/71-halvex.rules"), std::string::npos);
   for (const char* name : {"", "a b", "x\", RUN+=\"y", "-x"})
     EXPECT_EQ(Run({"udev-rule", "--group", name}), cli::WrongUsage) << name;
 }

@@ -7,6 +7,7 @@
 #include "platform/Clock.h"
 #include "platform/Computer.h"
 #include "platform/DeviceLock.h"
+#include "platform/Files.h"
 #include "platform/Folders.h"
 #include "platform/WindowMessage.h"
 #include "tests/support/TempFolder.h"
@@ -48,8 +49,10 @@ TEST(DeviceLocks, AreOnesAtATime) {
 TEST(Computer, IsLookedAt) {
   EXPECT_GT(platform::LookAtComputer().system.size(), 4U);
   const test::TempFolder folder;
-  EXPECT_TRUE(platform::IsFolder(folder.File(".")));
-  EXPECT_FALSE(platform::IsFolder(folder.File("none")));
+  EXPECT_TRUE(platform::IsThere(folder.File(".")));
+  EXPECT_FALSE(platform::IsThere(folder.File("none")));
+  EXPECT_TRUE(platform::IsSameFile(platform::NearestFolder(folder.File("no/such")), folder.File(".")));
+  EXPECT_EQ(platform::NearestFolder("none"), ".");
   EXPECT_TRUE(platform::MayWriteInto(folder.File(".")));
   EXPECT_FALSE(platform::MayWriteInto(folder.File("none")));
 }

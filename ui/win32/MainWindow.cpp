@@ -34,9 +34,11 @@ bool IsDark(COLORREF colour) {
   return GetRValue(colour) + GetGValue(colour) + GetBValue(colour) < 3 * 128;
 }
 
-/// Whether this is the only window of the program: the copy for a recovery belongs to the first one.
-bool IsFirst() {
-  CreateMutexW(nullptr, FALSE, L"HalvexWindow");  // until the process ends
+/// Whether this is the only window of the program with these settings: the copy for a recovery belongs to the
+/// first one.
+bool IsFirst(const std::string& settingsFolder) {
+  const std::wstring name = L"HalvexWindow" + std::to_wstring(std::hash<std::string>()(settingsFolder));
+  CreateMutexW(nullptr, FALSE, name.c_str());  // until the process ends
   return GetLastError() != ERROR_ALREADY_EXISTS;
 }
 
@@ -50,7 +52,7 @@ MainWindow::MainWindow(HINSTANCE instance, const Services& services, platform::N
       dialogs_(services, network),
       workbench_(services, dialogs_, *this),
       recovery_(settingsFolder, workbench_),
-      mayRecover_(IsFirst()) {
+      mayRecover_(IsFirst(settingsFolder)) {
   dialogs_.SetDevices(workbench_.devices);
 }
 
@@ -145,6 +147,17 @@ void MainWindow::LayOut() {
   if (!ctrls_ || (client.right == laidOut_.cx && client.bottom == laidOut_.cy)) return;
   laidOut_ = {client.right, client.bottom};
   ctrls_->LayOut();
+}
+
+/// The system ends the program soon after this, wherever it is.
+void MainWindow::OnSessionEnd() {
+  KeepPlace();
+  constexpr double MostSeconds = 2;
+  const std::int64_t start = services_.clock.Counter();
+  while (workbench_.IsDemoRunning() && services_.worker.IsBusy() && SecondsSince(start) < MostSeconds) {
+    workbench_.StopDemo();
+    services_.clock.Sleep(20);
+  }
 }
 
 // The window's place, as "left top width height" and 1 when it fills the screen
@@ -437,7 +450,12 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_QUERYENDSESSION:
       if (!workbench_.document.IsModified() || (mayRecover_ && recovery_.Keep())) return TRUE;
-      return workbench_.MayDropProgram();
+      if (!workbench_.MayDropProgram()) return FALSE;
+      recovery_.Remove();  // the user has decided
+      return TRUE;
+    case WM_ENDSESSION:
+      if (wParam != 0) OnSessionEnd();
+      return 0;
     case WM_DESTROY: OnDestroy(); return 0;
     default: return DefWindowProcW(window_, message, wParam, lParam);
   }

@@ -71,6 +71,7 @@ class MainWindow : public View {
   void OnDrop(WPARAM drop);
   void OnFocus();
   void OnDestroy();
+  void OnSessionEnd();
   void Paint();
   void RebuildMenu();
   void ShowContextMenu(POINT at);

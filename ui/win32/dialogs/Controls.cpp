@@ -37,21 +37,6 @@ Cell Picker(HWND dialog, const SYSTEMTIME& time, DWORD style) {
   return {.control = picker, .kind = Cell::Kind::Choice, .width = 150, .fills = true};
 }
 
-/// The text with CR LF at the end of each line, which edits need.
-std::string WithEditsLineEnds(std::string_view text) {
-  std::string lines;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool isPair = text.substr(i).starts_with("\r\n");
-    if (text[i] == '\r' || text[i] == '\n') {
-      lines += "\r\n";
-    } else {
-      lines += text[i];
-    }
-    if (isPair) ++i;
-  }
-  return lines;
-}
-
 void SetItemText(HWND list, int row, int column, std::string_view text) {
   std::wstring wide = WideFromUtf8(text);
   ListView_SetItemText(list, row, column, wide.data());
@@ -115,7 +100,7 @@ Cell LineEdit(HWND dialog, std::string_view text, DWORD style) {
 
 Cell TextEdit(HWND dialog, std::string_view text, int lines) {
   constexpr DWORD Style = WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN;
-  const HWND edit = NewControl(dialog, WC_EDITW, WithEditsLineEnds(text), Style, WS_EX_CLIENTEDGE);
+  const HWND edit = NewControl(dialog, WC_EDITW, qor::win::WithCrLf(text), Style, WS_EX_CLIENTEDGE);
   SendMessageW(edit, EM_SETMODIFY, FALSE, 0);
   return {.control = edit, .kind = Cell::Kind::Edit, .width = 200, .lines = lines, .fills = true};
 }

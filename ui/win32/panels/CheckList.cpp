@@ -198,14 +198,12 @@ LRESULT CALLBACK CheckList::Procedure(HWND window, UINT message, WPARAM wParam, 
         break;
       case WM_LBUTTONUP:
         if (self.dragged_ >= 0) {
+          self.EndDrag(lParam);  // first: losing the capture ends a drag without a move
           ReleaseCapture();
-          self.EndDrag(lParam);
         }
         break;
       case WM_CAPTURECHANGED: {
         if (reinterpret_cast<HWND>(lParam) == window || self.dragged_ < 0) break;
-        const DWORD position = GetMessagePos();
-        if ((GetKeyState(VK_LBUTTON) & 0x8000) == 0 && position != 0) break;  // let go: see above
         self.dragged_ = -1;
         ListView_SetItemState(window, -1, 0, LVIS_DROPHILITED);
         break;

@@ -14,9 +14,7 @@ class DemoPanel {
   void Refresh();
   void ShowHint(const std::string& hint);
   void LayOut(const Frame& row, const Frame& hint);
-  HWND PlayButton() const { return play_; }
   HWND PauseButton() const { return pause_; }
-  HWND StopButton() const { return stop_; }
   HWND Time() const { return time_; }
 
  private:

@@ -19,7 +19,6 @@ class DevicePanel {
   int LeastWidth() const;
   CheckList& List() { return list_; }
   HWND ScanButton() const { return scan_; }
-  HWND UploadButton() const { return upload_; }
 
  private:
   CheckRow RowOf(const TCBase::DeviceInfo& device) const;

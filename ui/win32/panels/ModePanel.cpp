@@ -1,22 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "ui/win32/panels/ModePanel.h"
 
+#include "QorLib/qor_win_str_utils.h"
 #include "model/ModeSample.h"
 #include "ui/Commands.h"
 #include "ui/PanelEdits.h"
 
 namespace UX {
 namespace {
-
-/// Edit controls end their lines with CR LF; the program's texts with LF.
-std::string WithCrLf(const std::string& text) {
-  std::string lines;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] == '\n' && (i == 0 || text[i - 1] != '\r')) lines += '\r';
-    lines += text[i];
-  }
-  return lines;
-}
 
 std::string WithoutCr(std::string text) {
   std::erase(text, '\r');
@@ -73,8 +64,8 @@ void ModePanel::Refresh() {
   std::vector<CheckRow> rows;
   for (std::size_t mode = 0; mode < document.Program().modes.size(); ++mode) rows.push_back(RowOf(mode));
   list_.Show(std::move(rows), static_cast<int>(document.CurrentMode()));
-  const std::string description = WithCrLf(document.Mode().description);
-  if (WithCrLf(WithoutCr(TextOf(description_))) != description) {
+  const std::string description = qor::win::WithCrLf(document.Mode().description);
+  if (qor::win::WithCrLf(TextOf(description_)) != description) {
     isShowing_ = true;
     SetText(description_, description);
     isShowing_ = false;
