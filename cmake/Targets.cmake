@@ -23,6 +23,8 @@ if(WIN32)
   if(NOT CMAKE_BUILD_TYPE STREQUAL Debug)
     target_link_options(halvex_options INTERFACE -s)
   endif()
+  # The same sources make the same file.
+  target_link_options(halvex_options INTERFACE -Wl,--no-insert-timestamp)
   # Sections that begin at pages of the file can be mapped from it as they are, also by Wine.
   target_link_options(halvex_options INTERFACE -Wl,--file-alignment=4096)
 endif()
