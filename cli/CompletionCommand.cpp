@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 // completion
-#include <algorithm>
 #include <memory>
 #include <ostream>
 

@@ -35,8 +35,9 @@ void FindOnUsb(Findings& findings, Invocation& invocation) {
       findings.devices.push_back({{"device", ArgumentOf(info)}, {"name", info.name}, {"transport", "usb"}});
     } else if (device->OpenFault().denial != TCBase::Denial::None) {
       findings.isUsbDenied = true;
-      invocation.printer.Complain(
-          qor::Format("{1}: {2}{3}", {info.name, device->OpenFault().text, AccessAdvice()}));
+      const bool needsRule = device->OpenFault().denial == TCBase::Denial::NoPermission;
+      invocation.printer.Complain(qor::Format(
+          "{1}: {2}{3}", {info.name, device->OpenFault().text, needsRule ? AccessAdvice() : std::string()}));
     }
   }
 }

@@ -107,7 +107,7 @@ class Workbench {
   bool isDemoRunning_ = false;
   bool isStopWanted_ = false;
   bool wasBusy_ = false;
-  bool areOutcomesNew_ = false;  // since their denials were logged
+  bool areOutcomesNew_ = false;  // and not logged yet
 };
 
 }  // namespace UX

@@ -6,7 +6,6 @@
 
 #include <gdiplus.h>
 
-#define STBI_ONLY_PNG
 #define STBI_NO_STDIO
 #include <stb/stb_image.h>
 
