@@ -2,6 +2,8 @@
 #pragma once
 
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "QorLib/Format.h"
@@ -14,10 +16,24 @@ namespace qor {
 struct Sentence {
   std::string english;
   std::vector<FormatArgument> arguments;
+  std::vector<Sentence> reasons =
+      {};  // each stands behind the text and a colon: "not saved: the disk is full"
 
   /// Whether there is anything to say.
   explicit operator bool() const { return !english.empty(); }
-  std::string In(const Translate& translate) const { return Format(translate(english), arguments); }
+  std::string In(const Translate& translate) const {
+    std::string text = Format(english == AsItIs ? english : translate(english), arguments);
+    for (const Sentence& reason : reasons) text += ": " + reason.In(translate);
+    return text;
+  }
+
+  static constexpr std::string_view AsItIs = "{1}";  // of Verbatim; it has no translations
 };
+
+/// Words that are not the program's own, such as the system's, which are shown as they are.
+inline Sentence Verbatim(std::string text) {
+  if (text.empty()) return {};
+  return {std::string(Sentence::AsItIs), {std::move(text)}};
+}
 
 }  // namespace qor
