@@ -31,7 +31,7 @@ void ExportRawByDefinition(benchmark::State& state) {
 // Each run looks all texts of the table up once.
 
 std::vector<std::string_view> AllTexts() {
-  const TCBase::StringTable table(platform::StringTableResource());
+  const TCBase::StringTable table(platform::StringTableResources()[0]);
   std::vector<std::string_view> texts;
   for (std::size_t entry = 0; entry < table.Size(); ++entry) texts.push_back(table.English(entry));
   return texts;
@@ -58,18 +58,18 @@ void TranslateByPlainMap(benchmark::State& state) {
 }
 
 void LoadStringTable(benchmark::State& state) {
-  for (auto _ : state) benchmark::DoNotOptimize(TCBase::StringTable(platform::StringTableResource()));
+  for (auto _ : state) benchmark::DoNotOptimize(TCBase::StringTable(platform::StringTableResources()[0]));
 }
 
 void LoadAllOfStringTable(benchmark::State& state) {
   for (auto _ : state) {
-    TCBase::StringTable table(platform::StringTableResource());
+    TCBase::StringTable table(platform::StringTableResources()[0]);
     for (std::size_t entry = 0; entry < table.Size(); ++entry) benchmark::DoNotOptimize(table.Text(entry, 0));
   }
 }
 
 void LoadStringTableByPugi(benchmark::State& state) {
-  const std::string_view bytes = platform::StringTableResource();
+  const std::string_view bytes = platform::StringTableResources()[0];
   for (auto _ : state) {
     pugi::xml_document document;
     document.load_buffer(bytes.data(), bytes.size(), PugiOptions);

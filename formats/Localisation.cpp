@@ -27,7 +27,9 @@ TranslationTest Refusal(std::vector<std::string> faults) {
 
 }  // namespace
 
-Localisation::Localisation() : Localisation(platform::StringTableResource()) {}
+Localisation::Localisation() : Localisation(platform::StringTableResources()[0]) {
+  table_.Add(platform::StringTableResources()[1]);
+}
 
 std::vector<StringTable::Language> Localisation::Languages() {
   const std::lock_guard lock(mutex_);

@@ -36,7 +36,7 @@ struct ExportResult {
 /// program makes one for its whole run.
 class Localisation {
  public:
-  /// With the table that is built into the program; all texts stay English when there is none.
+  /// With the tables that are built into the program, as one; all texts stay English when there is none.
   Localisation();
   /// With a table as StringTable::Write gives it; the bytes must outlive this object.
   explicit Localisation(std::string_view table) : table_(table) {}

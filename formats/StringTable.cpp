@@ -144,6 +144,15 @@ StringTable::StringTable(std::string_view written) {
     const auto text = [&language](std::string_view name) { return std::string(language.Attribute(name)); };
     languages_.push_back({text("id"), text("name"), text("author")});
   });
+  AddEntries(written);
+}
+
+void StringTable::Add(std::string_view written) {
+  TakeThrough("</languages>", written);
+  AddEntries(written);
+}
+
+void StringTable::AddEntries(std::string_view written) {
   // Within ids and texts "<" is written as an entity.
   for (std::string_view entry = TakeThrough("</string>", written); !entry.empty();
        entry = TakeThrough("</string>", written)) {

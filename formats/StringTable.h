@@ -41,6 +41,9 @@ class StringTable {
   /// and must outlive the table. Its entries are found by their tags and parsed when they are first asked
   /// for: a program needs few of them in its first moments.
   explicit StringTable(std::string_view written);
+  /// Appends the entries of another table in the same form and the same languages, which has none of this
+  /// one's. The bytes must outlive this table, too.
+  void Add(std::string_view written);
 
   const std::vector<Language>& Languages() const { return languages_; }
   std::optional<std::size_t> LanguageIndex(std::string_view id) const;
@@ -92,6 +95,7 @@ class StringTable {
     Entry& Add(std::string_view id);
   };
 
+  void AddEntries(std::string_view written);
   Entry& Parsed(Entry& entry);
   void CheckLanguage(const qor::xml::element& source, Faults& faults) const;
   void CheckEntry(const qor::xml::element& source, Faults& faults) const;

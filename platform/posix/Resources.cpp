@@ -1,21 +1,26 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Resources.h"
 
-// The assembler puts the file into the program; HALVEX_STRINGS is its path in quotes.
+// The assembler puts the files into the program; the macros are their paths in quotes.
 asm(".pushsection .rodata\n"
-    "halvexStrings:\n"
-    ".incbin " HALVEX_STRINGS
+    "systemStrings:\n"
+    ".incbin " SYSTEM_STRINGS
     "\n"
-    "halvexStringsEnd:\n"
+    "ownStrings:\n"
+    ".incbin " OWN_STRINGS
+    "\n"
+    "ownStringsEnd:\n"
     ".popsection\n");
 
-extern const char stringsStart[] asm("halvexStrings");
-extern const char stringsEnd[] asm("halvexStringsEnd");
+extern const char systemStrings[] asm("systemStrings");
+extern const char ownStrings[] asm("ownStrings");
+extern const char ownStringsEnd[] asm("ownStringsEnd");
 
 namespace platform {
 
-std::string_view StringTableResource() {
-  return {stringsStart, static_cast<std::size_t>(stringsEnd - stringsStart)};
+std::array<std::string_view, 2> StringTableResources() {
+  return {std::string_view(systemStrings, static_cast<std::size_t>(ownStrings - systemStrings)),
+          std::string_view(ownStrings, static_cast<std::size_t>(ownStringsEnd - ownStrings))};
 }
 
 }  // namespace platform

@@ -4,12 +4,19 @@
 #include <windows.h>
 
 namespace platform {
+namespace {
 
-std::string_view StringTableResource() {
-  const HRSRC resource = FindResourceW(nullptr, L"TC420Strings.xml", L"XML");
+std::string_view XmlResource(const wchar_t* name) {
+  const HRSRC resource = FindResourceW(nullptr, name, L"XML");
   const HGLOBAL loaded = resource != nullptr ? LoadResource(nullptr, resource) : nullptr;
   if (loaded == nullptr) return {};
   return {static_cast<const char*>(LockResource(loaded)), SizeofResource(nullptr, resource)};
+}
+
+}  // namespace
+
+std::array<std::string_view, 2> StringTableResources() {
+  return {XmlResource(L"TC420Strings.xml"), XmlResource(L"HalvexStrings.xml")};
 }
 
 }  // namespace platform
