@@ -48,11 +48,13 @@ std::optional<StepPlace> ChartEditor::SelectedStep() const {
 void ChartEditor::SetDemoRunning(bool isRunning) {
   FinishRun();
   isDemoRunning_ = isRunning;
+  context_.view.ShowHint({});
 }
 
 void ChartEditor::SetSelection(std::optional<std::size_t> channel, std::optional<std::uint32_t> stepId) {
   channel_ = channel;
   stepId_ = stepId;
+  if (!stepId) context_.view.ShowHint({});
   context_.view.RedrawChart();
   context_.view.Refresh();
 }
@@ -71,8 +73,19 @@ void ChartEditor::Select(const StepPlace& place) {
 void ChartEditor::Reset() {
   FinishRun();
   hovered_.reset();
-  channel_.reset();
-  stepId_.reset();
+  SetSelection(std::nullopt, std::nullopt);
+}
+
+void ChartEditor::ShowContent(Snapshot content) {
+  std::optional<std::uint32_t> known = SelectedStep() ? stepId_ : std::nullopt;
+  if (channel_ && !known && !Mode().channels[*channel_].steps.empty()) {
+    known = Mode().channels[*channel_].steps.front().id;
+  }
+  context_.document.SetContent(std::move(content));
+  for (std::size_t channel = 0; known && channel < ChannelCount; ++channel) {
+    if (IndexOf(Mode().channels[channel], *known)) channel_ = channel;
+  }
+  SetSelection(channel_, SelectedStep() ? stepId_ : std::nullopt);
 }
 
 void ChartEditor::ChannelChanged(std::size_t channel) {
@@ -88,9 +101,10 @@ void ChartEditor::ButtonDown(Point point) {
   press_ = Press{point};
   if (isDemoRunning_) return SeekDemo(point);
   if (const auto hit = geometry_.HitTest(Mode(), point)) {
-    press_->holdsStep = true;
+    press_->step = Step(*hit);
     return SetSelection(hit->channel, Step(*hit).id);
   }
+  if (const auto channel = geometry_.NameAt(point)) return SetSelection(channel, std::nullopt);
   for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
     if (geometry_.Lane(channel).Contains(point)) return PressInLane(channel, point);
   }
@@ -109,7 +123,7 @@ void ChartEditor::AddStep(std::size_t channel, int second, float percent) {
                          {TCBase::MaxModeSteps});
     return;
   }
-  TakePending();
+  GoOnWith(EditRun::Drag);
   TCBase::Step step = TCBase::MakeStep(second / 3600, second % 3600 / 60, percent);
   step.Clamp();
   Channel& lane = Mode().channels[channel];
@@ -128,18 +142,18 @@ void ChartEditor::AddStep(std::size_t channel, int second, float percent) {
   const auto added = std::ranges::find(lane.steps, step.MinuteOfDay(), &TCBase::Step::MinuteOfDay);
   channel_ = channel;
   stepId_ = added->id;
-  if (press_) press_->holdsStep = true;
+  if (press_) press_->step = *added;
   ChannelChanged(channel);
 }
 
 void ChartEditor::MouseMove(Point point) {
   if (press_ && isDemoRunning_) return SeekDemo(point);
-  if (press_ && press_->holdsStep && SelectedStep()) {
+  if (press_ && press_->step && SelectedStep()) {
     const bool isOut =
         std::abs(point.x - press_->at.x) > WobblePixels || std::abs(point.y - press_->at.y) > WobblePixels;
     if (isOut && !press_->isMoving) {
       press_->isMoving = true;
-      TakePending();
+      GoOnWith(EditRun::Drag);
     }
     if (press_->isMoving) DragTo(point);
   }
@@ -158,15 +172,20 @@ void ChartEditor::Hover(std::optional<StepPlace> place) {
   if (place && (!former || former->channel != place->channel)) context_.view.RedrawLane(place->channel);
 }
 
+/// The step goes as far as the pointer has gone since the press: where in the mark it was pressed plays no
+/// part, and a pointer that goes straight up leaves the time as it is.
 void ChartEditor::DragTo(Point point) {
   const StepPlace place = *SelectedStep();
-  const double pointed = geometry_.SecondAt(point.x);
+  const TCBase::Step& pressed = *press_->step;
+  const double pointed = static_cast<double>(pressed.SecondOfDay()) + geometry_.SecondAt(point.x) -
+                         geometry_.SecondAt(press_->at.x);
   if (pointed >= SecondsPerDay) return;
   const ViewSpan& view = geometry_.View();
-  const int second = static_cast<int>(std::clamp<double>(pointed, view.Start(), view.End() - 1));
+  const int second = static_cast<int>(std::clamp<double>(std::round(pointed), view.Start(), view.End() - 1));
   TCBase::Step& step = Step(place);
   SetMinute(step, second / 60);
-  step.value = geometry_.PercentAt(place.channel, point.y);
+  step.value = pressed.value + geometry_.PercentAt(place.channel, point.y) -
+               geometry_.PercentAt(place.channel, press_->at.y);
   step.Clamp();
   isMoved_ = true;
   Mode().channels[place.channel].Sort();
@@ -194,6 +213,7 @@ void ChartEditor::ButtonUp() {
 void ChartEditor::CancelDrag() {
   EndPress();
   isMoved_ = false;
+  run_ = EditRun::None;
   if (auto before = context_.history.Withdraw()) context_.document.SetContent(std::move(*before));
   context_.view.RedrawChart();
   context_.view.Refresh();
@@ -233,7 +253,7 @@ bool ChartEditor::Key(ChartKey key, std::int64_t milliseconds) {
   const auto selected = SelectedStep();
   if (!selected) return false;
   switch (key) {
-    case ChartKey::Delete: DeleteStep(*selected); return true;
+    case ChartKey::Delete: DeleteStep(*selected, milliseconds); return true;
     case ChartKey::ToggleJump: ToggleJump(*selected); return true;
     case ChartKey::Earlier: MoveByKey(*selected, -1, 0, milliseconds); return true;
     case ChartKey::Later: MoveByKey(*selected, 1, 0, milliseconds); return true;
@@ -244,13 +264,20 @@ bool ChartEditor::Key(ChartKey key, std::int64_t milliseconds) {
 }
 
 void ChartEditor::Tick(std::int64_t milliseconds) {
-  if (!press_ && !isHeld_ && context_.history.HasPending() && milliseconds - lastKey_ >= RunPauseMilliseconds)
-    FinishRun();
+  const bool mayPause = run_ == EditRun::Keys || run_ == EditRun::Description;
+  if (mayPause && milliseconds - lastEdit_ >= RunPauseMilliseconds) FinishRun();
+}
+
+void ChartEditor::GoOnWith(EditRun run, std::int64_t milliseconds) {
+  if (run_ != EditRun::None && run_ != run) FinishRun();
+  run_ = run;
+  lastEdit_ = milliseconds;
+  context_.history.TakePending(context_.document.Content());
 }
 
 void ChartEditor::FinishRun() {
   EndPress();
-  isHeld_ = false;
+  run_ = EditRun::None;
   if (const auto selected = SelectedStep(); isMoved_ && selected) ClearMinuteOf(*selected);
   isMoved_ = false;
   context_.history.Commit();
@@ -279,21 +306,21 @@ void ChartEditor::ClearMinuteOf(const StepPlace& place) {
   ChannelChanged(place.channel);
 }
 
-void ChartEditor::DeleteStep(const StepPlace& place) {
-  if (Mode().channels[place.channel].steps.size() > TCBase::MinChannelSteps) TakePending();
+/// The next step is selected then, or the one before where there is none, so that one key deletes several.
+void ChartEditor::DeleteStep(const StepPlace& place, std::int64_t milliseconds) {
+  const std::vector<TCBase::Step>& steps = Mode().channels[place.channel].steps;
+  if (steps.size() > TCBase::MinChannelSteps) GoOnWith(EditRun::Keys, milliseconds);
   const TCBase::EditResult result = TCBase::DeleteStep(Mode(), place.channel, place.step);
   context_.log.Message(result.status);
   if (!result.isChanged) return;
-  stepId_.reset();
+  stepId_ = steps[std::min(place.step, steps.size() - 1)].id;
   isMoved_ = false;
   hovered_.reset();
-  context_.history.Commit();
   ChannelChanged(place.channel);
 }
 
 void ChartEditor::MoveByKey(const StepPlace& place, int minutes, float percent, std::int64_t milliseconds) {
-  TakePending();
-  lastKey_ = milliseconds;
+  GoOnWith(EditRun::Keys, milliseconds);
   TCBase::Step& step = Step(place);
   SetMinute(step, static_cast<int>((step.MinuteOfDay() + minutes + MinutesPerDay) % MinutesPerDay));
   step.value += percent;
@@ -358,7 +385,7 @@ void ChartEditor::InsertByKey() {
   });
   if (isTaken) return;  // a step that is there stays
   AddStep(*channel_, minute * 60, channel.ValueAt(std::int64_t{minute} * 60));
-  context_.history.Commit();
+  FinishRun();
 }
 
 }  // namespace UX

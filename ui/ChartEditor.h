@@ -30,6 +30,9 @@ enum class ChartKey {
   Insert,
 };
 
+/// What a run of small edits changes; a run of another kind ends the one before.
+enum class EditRun { None, Keys, Description, Drag, Power };
+
 /// Turns what mouse and keys do on the chart into edits of the current mode, and while a demo runs into
 /// moving the demo. Keeps which channel and step are selected and which step the pointer touches.
 class ChartEditor {
@@ -65,10 +68,9 @@ class ChartEditor {
   /// Ends a run of keys: its edits become one entry of the history, and other steps on the minute of the
   /// moved one go. To be called before anything else is done to the program.
   void FinishRun();
-  /// An edit elsewhere, of the run that is pending, happened now.
-  void KeepRun(std::int64_t milliseconds) { lastKey_ = milliseconds; }
-  /// The pending run lasts until FinishRun, however long it pauses.
-  void HoldRun() { isHeld_ = true; }
+  /// To be called before each edit of a run: keeps what was there before the first. A run of another kind is
+  /// finished first. Runs of the mouse last until FinishRun; the others end a second after their last edit.
+  void GoOnWith(EditRun run, std::int64_t milliseconds = 0);
 
   std::optional<std::size_t> SelectedChannel() const { return channel_; }
   /// Nothing where the step is no longer there.
@@ -78,13 +80,17 @@ class ChartEditor {
   void SelectChannel(std::optional<std::size_t> channel);
   /// The selected channel's steps are in another channel now, and the selection follows them.
   void FollowSteps(std::size_t channel) { channel_ = channel; }
+  /// Shows another state of the program; the selection goes where its steps are then.
+  void ShowContent(Snapshot content);
+  /// Whether the name of a channel stands there.
+  bool IsName(Point point) const { return geometry_.NameAt(point).has_value(); }
   /// Nothing is selected or touched any more: another program, or another mode, is shown.
   void Reset();
 
  private:
   struct Press {
     Point at;
-    bool holdsStep = false;  // the selected step is the one that was pressed
+    std::optional<TCBase::Step> step = {};  // the selected step, as it was when it was pressed
     bool isMoving = false;
     bool hasHint = false;  // a hint was shown that must stay
   };
@@ -100,8 +106,7 @@ class ChartEditor {
   void AddStep(std::size_t channel, int second, float percent);
   void DragTo(Point point);
   void CancelDrag();
-  void TakePending() { context_.history.TakePending(context_.document.Content()); }
-  void DeleteStep(const StepPlace& place);
+  void DeleteStep(const StepPlace& place, std::int64_t milliseconds);
   void MoveByKey(const StepPlace& place, int minutes, float percent, std::int64_t milliseconds);
   void ToggleJump(const StepPlace& place);
   bool PauseDemo();
@@ -118,9 +123,9 @@ class ChartEditor {
   std::optional<std::uint32_t> stepId_;  // of a step of the selected channel; it may be gone
   std::optional<StepPlace> hovered_;
   std::optional<Press> press_;
-  bool isMoved_ = false;  // the selected step was moved and others may stand on its minute
-  bool isHeld_ = false;
-  std::int64_t lastKey_ = 0;
+  bool isMoved_ = false;         // the selected step was moved and others may stand on its minute
+  EditRun run_ = EditRun::None;  // of which the history has a pending copy
+  std::int64_t lastEdit_ = 0;    // of the run
 };
 
 }  // namespace UX

@@ -39,6 +39,18 @@ Rectangle ChartGeometry::Plot() const {
   return plot;
 }
 
+Rectangle ChartGeometry::NameArea(std::size_t channel) const {
+  const Rectangle lane = Lane(channel);
+  return {lane.left, lane.top - LaneGap, lane.width / 2, LaneGap};
+}
+
+std::optional<std::size_t> ChartGeometry::NameAt(Point point) const {
+  for (std::size_t channel = 0; channel < TCBase::ChannelCount; ++channel) {
+    if (NameArea(channel).Contains(point)) return channel;
+  }
+  return std::nullopt;
+}
+
 float ChartGeometry::XOf(double second) const {
   const Rectangle lane = Lane(0);
   const double perSecond = static_cast<double>(lane.width) / view_.Seconds();

@@ -43,6 +43,10 @@ class ChartGeometry {
   Rectangle Lane(std::size_t channel) const;
   /// All lanes and the gaps between them.
   Rectangle Plot() const;
+  /// Where the channel's name stands: in the gap above its lane, where no curve crosses it.
+  Rectangle NameArea(std::size_t channel) const;
+  /// The channel whose name stands there.
+  std::optional<std::size_t> NameAt(Point point) const;
 
   float XOf(double second) const;
   float YOf(std::size_t channel, float percent) const;

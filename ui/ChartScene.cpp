@@ -17,6 +17,7 @@ constexpr Colour FillAlpha = 0x30000000;
 constexpr float ScaleSize = 11, NameSize = 12;
 constexpr float TagMargin = 14, TagCharacterWidth = 6;  // enough for most fonts
 constexpr float NameCharacterWidth = 7;
+constexpr float NameIndent = 8;           // beside the mark of a step at midnight
 constexpr float MarkMargin = 7;           // a mark's radius and line, and what smoothing adds
 constexpr float LeastLabelDistance = 50;  // between two times on the scale
 constexpr int GridMinutes[] = {5, 10, 15, 30, 60, 120, 180, 240};
@@ -176,12 +177,13 @@ void AddLane(const ChartContent& content, const ChartGeometry& geometry, std::si
               Blend(content.palette.lane, content.palette.selectedLane, selection), scene);
   const Colour colour = content.palette.curve.value_or(info.colour);
   AddCurve(scene.lanes[number], CurveOf(channel, number, geometry), colour, isSelected, lane.Bottom());
-  scene.lanes[number].emplace_back(Label{{lane.left + 6, lane.top + 14},
-                                         Cut(qor::Format("{1} {2}", {number + 1, info.name}), lane.width),
-                                         colour,
-                                         NameSize,
-                                         Label::Anchor::Left,
-                                         isSelected});
+  const Rectangle name = geometry.NameArea(number);
+  scene.back.emplace_back(Label{{name.left + NameIndent, name.Bottom() - 4},
+                                Cut(qor::Format("{1} {2}", {number + 1, info.name}), name.width - NameIndent),
+                                colour,
+                                NameSize,
+                                Label::Anchor::Left,
+                                isSelected});
   AddMarks(content, geometry, number, colour, scene);
 }
 

@@ -41,10 +41,10 @@ constexpr const char* Pled = " (PLED)";
 constexpr const char* LedControl = " (LEDControl)";
 
 constexpr CommandRow Table[] = {
-    Item(Menu::File, 32784, "New Program", When::NoDemo, NewProgram),
-    Item(Menu::File, 32777, "Load Program", When::NoDemo, LoadProgram),
+    Item(Menu::File, command::New, "New Program", When::NoDemo, NewProgram),
+    Item(Menu::File, command::Load, "Load Program", When::NoDemo, LoadProgram),
     Item(Menu::File, command::Save, "Save Program", When::Always, SaveProgram),
-    Item(Menu::File, 32782, "Save Program As", When::Always, SaveProgramAs),
+    Item(Menu::File, command::SaveAs, "Save Program As", When::Always, SaveProgramAs),
     Line(Menu::File),
     ForFiles(32776, "Import TMF", Pled, When::Always, ImportTMF),
     ForFiles(32938, "Export TMF", Pled, When::Always, ExportTMF),
@@ -87,8 +87,8 @@ constexpr CommandRow Table[] = {
     Line(Menu::Channel),
     Item(Menu::Channel, command::ToggleJump, "Toggle step jump type", When::StepSelected, ToggleJump),
     Line(Menu::Channel),
-    Item(Menu::Channel, 32908, "Copy steps", When::NoDemo, CopySteps),
-    Item(Menu::Channel, 32909, "Paste steps", When::NoDemo, PasteSteps),
+    Item(Menu::Channel, command::CopySteps, "Copy steps", When::NoDemo, CopySteps),
+    Item(Menu::Channel, command::PasteSteps, "Paste steps", When::NoDemo, PasteSteps),
     Line(Menu::Channel),
     Item(Menu::Channel, 32897, "Move all steps up", When::NoDemo, MoveStepsUp),
     Item(Menu::Channel, 32898, "Move all steps down", When::NoDemo, MoveStepsDown),
@@ -171,6 +171,16 @@ constexpr Accelerator Keys[] = {
     {Backspace, true, false, false, command::DeleteStep},
 };
 
+constexpr Accelerator MoreKeys[] = {
+    {'N', true, true, false, command::New},
+    {'O', true, true, false, command::Load},
+    {'S', true, true, false, command::Save},
+    {'S', true, true, false, command::SaveAs, true},
+    {'C', true, true, false, command::CopySteps, false, true},
+    {'V', true, true, false, command::PasteSteps, false, true},
+    {'J', true, false, false, command::ToggleJump, false, true},
+};
+
 }  // namespace
 
 std::span<const CommandRow> CommandTable() {
@@ -195,6 +205,23 @@ const char* ResourceText(const CommandRow& row) {
 
 std::span<const Accelerator> Accelerators() {
   return Keys;
+}
+
+std::span<const Accelerator> FurtherKeys() {
+  return MoreKeys;
+}
+
+std::string KeyText(int command, const qor::Translate& translate) {
+  const Accelerator* found = std::ranges::find(Keys, command, &Accelerator::command);
+  if (found == std::end(Keys)) {
+    found = std::ranges::find(MoreKeys, command, &Accelerator::command);
+    if (found == std::end(MoreKeys)) return {};
+  }
+  std::string text;
+  if (found->isControl) text += translate("Ctrl") + "+";
+  if (found->isShift) text += translate("Shift") + "+";
+  if (found->isAlt) text += "Alt+";
+  return text + (found->key == Delete ? translate("Del") : std::string(1, static_cast<char>(found->key)));
 }
 
 }  // namespace UX

@@ -3,6 +3,9 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
+
+#include "QorLib/Translate.h"
 
 namespace UX {
 
@@ -61,14 +64,24 @@ struct Accelerator {
   std::uint16_t key;
   bool isVirtual, isControl, isAlt;
   int command;
+  bool isShift = false;
+  bool isInChart = false;  // only while the chart has the focus
 };
+/// Those of the program's resources.
 std::span<const Accelerator> Accelerators();
+/// And those that one knows from elsewhere.
+std::span<const Accelerator> FurtherKeys();
+/// The command's key as menus show it, "Ctrl+Z" in English; empty when it has none.
+std::string KeyText(int command, const qor::Translate& translate);
 
 // Commands by their numbers, where the program needs them itself
 namespace command {
 inline constexpr int Exit = 105;
 inline constexpr int About = 104;
+inline constexpr int New = 32784;
+inline constexpr int Load = 32777;
 inline constexpr int Save = 32781;
+inline constexpr int SaveAs = 32782;
 inline constexpr int Undo = 32785;
 inline constexpr int Redo = 32786;
 inline constexpr int Upload = 32792;
@@ -77,6 +90,8 @@ inline constexpr int StopDemo = 32795;
 inline constexpr int ScanNetwork = 32910;
 inline constexpr int AddEmulator = 32929;
 inline constexpr int Logging = 32774;
+inline constexpr int CopySteps = 32908;
+inline constexpr int PasteSteps = 32909;
 inline constexpr int RenameChannel = 32896;
 inline constexpr int ChangeColour = 32899;
 inline constexpr int ToggleJump = 32904;

@@ -19,8 +19,7 @@ constexpr std::size_t MostStepsText = 2048;  // that the dialog takes
 /// Puts back what undo or redo gave; the selected step stays selected where it is still there.
 void Show(Workbench& workbench, std::optional<Snapshot> content) {
   if (!content) return;
-  workbench.document.SetContent(std::move(*content));
-  workbench.ProgramChanged();
+  workbench.editor.ShowContent(std::move(*content));
 }
 
 /// An edit of the selected channel, if one is.
@@ -107,7 +106,7 @@ void Redo(Workbench& workbench) {
 }
 
 void DeleteStep(Workbench& workbench) {
-  workbench.editor.Key(ChartKey::Delete, 0);
+  workbench.editor.Key(ChartKey::Delete, workbench.Milliseconds());
 }
 
 void ToggleJump(Workbench& workbench) {

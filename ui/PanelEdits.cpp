@@ -1,42 +1,34 @@
 // SPDX-License-Identifier: MIT
 #include "ui/PanelEdits.h"
 
-#include <algorithm>
+#include "model/Power.h"
 
 namespace UX {
 
 void TypeDescription(Workbench& workbench, const std::string& description) {
   if (workbench.document.Mode().description == description) return;
-  workbench.history.TakePending(workbench.document.Content());
-  workbench.editor.KeepRun(workbench.Milliseconds());
+  workbench.editor.GoOnWith(EditRun::Description, workbench.Milliseconds());
   workbench.document.Mode().description = description;
   workbench.view.Refresh();
 }
 
-float PowerOf(const TCBase::Channel& channel) {
-  const auto most = std::ranges::max_element(channel.steps, {}, &TCBase::Step::value);
-  return most != channel.steps.end() ? most->value : 0;
-}
-
-void PowerEdit::Set(std::size_t channel, float percent) {
+void PowerEdit::Set(std::size_t channel, int percent) {
   if (workbench_.IsDemoRunning()) return;
-  TCBase::Channel& edited = workbench_.document.Mode().channels[channel];
-  if (!run_ || run_->channel != channel || !workbench_.history.HasPending()) {
-    workbench_.editor.FinishRun();
-    run_ = {channel, edited};
-  }
-  const float power = PowerOf(run_->before);
-  if (power <= 0) return;
-  workbench_.history.TakePending(workbench_.document.Content());
-  workbench_.editor.HoldRun();
-  edited = run_->before;
-  edited.Normalize(power / std::clamp(percent, 1.0F, 100.0F));
+  const TCBase::Channel& now = workbench_.document.Mode().channels[channel];
+  if (last_ && last_->channel != channel) Finish();
+  if (!last_ || last_->channel != channel || last_->after != now) last_ = {channel, now, now};
+  TCBase::Channel scaled = last_->before;
+  TCBase::SetPower(scaled, percent);
+  for (std::size_t i = 0; i < scaled.steps.size(); ++i) scaled.steps[i].id = now.steps[i].id;
+  if (scaled == now) return;
+  workbench_.editor.GoOnWith(EditRun::Power);
+  workbench_.document.Mode().channels[channel] = scaled;
+  last_->after = std::move(scaled);
   workbench_.view.RedrawLane(channel);
   workbench_.view.Refresh();
 }
 
 void PowerEdit::Finish() {
-  run_.reset();
   workbench_.editor.FinishRun();
 }
 

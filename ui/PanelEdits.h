@@ -12,27 +12,24 @@ namespace UX {
 /// While the user types; the run ends with ChartEditor::FinishRun.
 void TypeDescription(Workbench& workbench, const std::string& description);
 
-/// A channel's power: the most that its curve gives, in percent.
-float PowerOf(const TCBase::Channel& channel);
-
-/// Scales channels' curves so that they have another power. A run of changes to one channel starts from the
-/// same curve, so that it comes back as it was.
+/// Scales channels' curves so that they have another power. A channel that nobody has edited since starts
+/// from the curve that it had before the first change, so that going down and up again brings that back.
 class PowerEdit {
  public:
   explicit PowerEdit(Workbench& workbench) : workbench_(workbench) {}
   /// From 1 to 100 percent. A dark channel stays dark.
-  void Set(std::size_t channel, float percent);
-  /// The run's end.
+  void Set(std::size_t channel, int percent);
+  /// The run's end: what comes then is an edit of its own.
   void Finish();
 
  private:
-  struct Run {
+  struct Change {
     std::size_t channel;
-    TCBase::Channel before;
+    TCBase::Channel before, after;
   };
 
   Workbench& workbench_;
-  std::optional<Run> run_;
+  std::optional<Change> last_;
 };
 
 }  // namespace UX

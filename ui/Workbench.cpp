@@ -5,9 +5,15 @@
 #include <utility>
 
 #include "QorLib/Format.h"
+#include "QorLib/ParseInteger.h"
 #include "ui/Commands.h"
 
 namespace UX {
+namespace {
+
+constexpr std::string_view SettingLastMode = "last_mode";  // counted from 1
+
+}  // namespace
 
 Workbench::Workbench(const Services& given, Dialogs& asking, View& showing)
     : services(given),
@@ -102,8 +108,18 @@ void Workbench::Load(const std::string& path) {
 
 void Workbench::OpenLast() {
   const std::string path = services.settings.Get(TCBase::SettingLastOpenFile);
-  if (path.empty() || document.Load(path)) document.New(services.texts.Translator());
+  if (path.empty() || document.Load(path)) {
+    document.New(services.texts.Translator());
+  } else {
+    Say({"Loaded program file {1}", {path}});
+    document.SetCurrentMode(
+        static_cast<std::size_t>(std::max(0, qor::ParseInteger(services.settings.Get(SettingLastMode)) - 1)));
+  }
   ProgramChanged();
+}
+
+void Workbench::KeepShownMode() const {
+  services.settings.Set(SettingLastMode, std::to_string(document.CurrentMode() + 1));
 }
 
 void Workbench::Recover(TCBase::Program program, const std::string& path) {
@@ -160,8 +176,19 @@ void Workbench::StopDemo() {
   services.worker.Control().Post(TCBase::JobControl::Stop);
 }
 
+void Workbench::DoubleClick(Point point) {
+  if (!editor.IsName(point)) return editor.ButtonDown(point);
+  Run(command::RenameChannel);
+}
+
+void Workbench::LookAtDemo() {
+  const std::int32_t second = services.worker.Control().demoSecond;
+  demoSecond_ = IsDemoRunning() && second >= 0 ? std::optional(second) : std::nullopt;
+}
+
 void Workbench::SetDemoRunning(bool isRunning) {
   isDemoRunning_ = isRunning;
+  LookAtDemo();
   isStopWanted_ = false;
   editor.SetDemoRunning(isRunning);
   view.RedrawChart();

@@ -69,8 +69,11 @@ class Workbench {
   void Open(const std::string& path);
   /// The same when it has been asked.
   void Load(const std::string& path);
-  /// The file that was open last, or else the built-in program. Nothing is said about a file that is gone.
+  /// The file that was open last, at the mode that was shown, or else the built-in program. Nothing is said
+  /// about a file that is gone.
   void OpenLast();
+  /// To be called when the program ends: OpenLast shows this mode again.
+  void KeepShownMode() const;
   /// A program that a crash left behind.
   void Recover(TCBase::Program program, const std::string& path);
   /// To the path, with a word in the log; false when it could not be written.
@@ -86,8 +89,15 @@ class Workbench {
     areOutcomesNew_ |= isForDevices;
   }
 
+  /// A double click on the chart: on the name of a channel it renames that; elsewhere it is two presses.
+  void DoubleClick(Point point);
+
   // A demo
   bool IsDemoRunning() const { return isDemoRunning_; }
+  /// The second of the day that a demo showed when LookAtDemo was called last; nothing when none does.
+  std::optional<int> DemoSecond() const { return demoSecond_; }
+  /// To be called before each picture, so that all of it shows one moment.
+  void LookAtDemo();
   void StartDemo(const std::vector<TCBase::DeviceInfo>& picked);
   /// Asks the demo to end, however long it takes to hear of it.
   void StopDemo();
@@ -106,6 +116,7 @@ class Workbench {
 
   bool isDemoRunning_ = false;
   bool isStopWanted_ = false;
+  std::optional<int> demoSecond_;
   bool wasBusy_ = false;
   bool areOutcomesNew_ = false;  // and not logged yet
 };

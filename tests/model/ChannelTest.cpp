@@ -6,6 +6,7 @@
 #include <cmath>
 #include <limits>
 
+#include "model/Power.h"
 #include "model/Program.h"
 #include "tests/support/Curves.h"
 
@@ -158,4 +159,14 @@ TEST(ModeListView, IsACopyOfTheChosenModes) {
   ASSERT_EQ(view.Size(), 2u);
   EXPECT_EQ(view[0].name, "c");
   EXPECT_EQ(view[1].name, "a");
+}
+
+TEST(Channel, HasThePowerThatItWasGiven) {
+  for (int from = 1; from <= 100; ++from) {
+    for (int to = 1; to <= 100; ++to) {
+      TCBase::Channel channel = Curve({{8, 0, static_cast<float>(from)}, {20, 0, 0}});
+      TCBase::SetPower(channel, to);
+      ASSERT_EQ(TCBase::WholePercent(TCBase::PowerOf(channel)), to) << "from " << from;
+    }
+  }
 }

@@ -119,6 +119,23 @@ TEST_F(ChartEditor, DragsAStepWithinTheViewAsOneEdit) {
   EXPECT_FALSE(Undo());
 }
 
+TEST_F(ChartEditor, MovesAStepByWhatThePointerMoved) {
+  Click(At(13, 0, 50));
+  const UX::Point pressed = {At(13, 0, 50).x + 3, At(13, 0, 50).y - 2};
+  Drag(pressed, {pressed.x, pressed.y - 20});
+  EXPECT_EQ(document.Mode().channels[0].steps[1].MinuteOfDay(), 13 * 60) << "straight up";
+  Drag({pressed.x, pressed.y - 20}, {pressed.x + chart.XOf(3600) - chart.XOf(0), pressed.y});
+  EXPECT_EQ(Steps(), "08:00 0, 14:00 50*, 22:00 0");
+}
+
+TEST_F(ChartEditor, SelectsAChannelByItsName) {
+  const UX::Rectangle name = chart.NameArea(2);
+  Click({name.left + 20, name.top + 5});
+  Click({name.left + 20, name.top + 5});
+  EXPECT_EQ(editor.SelectedChannel(), 2u);
+  EXPECT_EQ(Steps(2), "08:00 0, 22:00 0") << "no step is added there";
+}
+
 TEST_F(ChartEditor, KeepsADraggedStepInTheVisiblePartOfTheDay) {
   Zoom(18, 6);  // 06:00 to 12:00
   Drag(At(8, 0, 0), {chart.Plot().Right() + 300, chart.YOf(0, 130)});
@@ -135,7 +152,7 @@ TEST_F(ChartEditor, KeepsTheSelectedStepWhenOthersComeBeforeIt) {
   TCBase::AddEndpointStep(document.Mode(), TCBase::Endpoint::Start);
   EXPECT_EQ(Steps(), "00:00 0, 08:00 0, 22:00 0*");
   editor.Key(ChartKey::Delete, 0);
-  EXPECT_EQ(Steps(), "00:00 0, 08:00 0");
+  EXPECT_EQ(Steps(), "00:00 0, 08:00 0*");
 }
 
 TEST_F(ChartEditor, PutsEverythingBackWhenADragIsCancelled) {
@@ -209,16 +226,21 @@ TEST_F(ChartEditor, DeletesDownToTwoSteps) {
   EXPECT_FALSE(editor.Key(ChartKey::Delete, 0)) << "nothing is selected";
   Click(At(12, 0, 40));
   log.Texts();
+  Click(At(10, 0, 40));
+  log.Texts();
   editor.Key(ChartKey::Delete, 0);
-  EXPECT_EQ(Steps(), "08:00 0, 22:00 0");
-  Click(At(8, 0, 0));
-  editor.Key(ChartKey::Delete, 0);
-  EXPECT_EQ(Steps(), "08:00 0*, 22:00 0");
-  EXPECT_EQ(log.Texts(), (Texts{"Step deleted. Current number of steps: 2", "Step 08:00 0",
-                                "Unable to delete step. Minimum 2 steps per channel is required."}));
-  EXPECT_FALSE(history.HasPending());
+  EXPECT_EQ(Steps(), "08:00 0, 12:00 40*, 22:00 0") << "the next one is selected";
+  editor.Key(ChartKey::Delete, 900);
+  EXPECT_EQ(Steps(), "08:00 0, 22:00 0*");
+  editor.Key(ChartKey::Delete, 1800);
+  EXPECT_EQ(Steps(), "08:00 0, 22:00 0*");
+  EXPECT_EQ(log.Texts(),
+            (Texts{"Step deleted. Current number of steps: 3", "Step deleted. Current number of steps: 2",
+                   "Unable to delete step. Minimum 2 steps per channel is required."}));
+  editor.Tick(1900);
+  EXPECT_FALSE(history.HasPending()) << "a second after the last deletion";
   EXPECT_TRUE(Undo());
-  EXPECT_EQ(document.Mode().channels[0].steps.size(), 3u);
+  EXPECT_EQ(document.Mode().channels[0].steps.size(), 4u) << "one run";
 }
 
 TEST_F(ChartEditor, GoesThroughChannelsAndStepsByKeys) {

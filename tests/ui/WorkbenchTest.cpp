@@ -9,6 +9,7 @@
 #include "formats/TmfFile.h"
 #include "model/ModeSample.h"
 #include "model/Palette.h"
+#include "model/Power.h"
 #include "model/Presets.h"
 #include "tests/support/Curves.h"
 #include "tests/support/FakeHid.h"
@@ -228,22 +229,26 @@ TEST_F(Workbench, KeepsTheListOfModes) {
 TEST_F(Workbench, ScalesAChannelsPowerDownAndUpAgain) {
   const TCBase::Channel before = bench.document.Mode().channels[0];
   UX::PowerEdit power(bench);
-  const float full = UX::PowerOf(before);
-  for (const float percent : {50.0F, 3.0F, 0.0F, full}) {
+  const int full = TCBase::WholePercent(TCBase::PowerOf(before));
+  for (const int percent : {50, 3, 0, full}) {
     power.Set(0, percent);
     clock.Advance(5000);
     bench.Tick();
   }
   EXPECT_EQ(bench.document.Mode().channels[0], before);
-  power.Set(0, full / 2);
-  power.Finish();
-  EXPECT_FLOAT_EQ(UX::PowerOf(bench.document.Mode().channels[0]), full / 2);
+  for (const int percent : {7, full}) {
+    power.Set(0, percent);
+    power.Finish();
+  }
+  EXPECT_EQ(bench.document.Mode().channels[0], before) << "also by two edits";
+  bench.Run(command::Undo);
+  EXPECT_EQ(TCBase::PowerOf(bench.document.Mode().channels[0]), 7);
   bench.Run(command::Undo);
   EXPECT_EQ(bench.document.Mode().channels[0], before);
   bench.editor.SelectChannel(1);
   bench.Run(32907);
   power.Set(1, 50);
-  EXPECT_EQ(UX::PowerOf(bench.document.Mode().channels[1]), 0);
+  EXPECT_EQ(TCBase::PowerOf(bench.document.Mode().channels[1]), 0);
 }
 
 TEST_F(Workbench, TakesARunOfTypingForOneEdit) {

@@ -65,16 +65,15 @@ constexpr KeyMeaning KeyMeanings[] = {
     {VK_LEFT, true, ChartKey::PreviousStep},  {VK_RIGHT, true, ChartKey::NextStep},
     {VK_UP, true, ChartKey::PreviousChannel}, {VK_DOWN, true, ChartKey::NextChannel},
     {VK_INSERT, false, ChartKey::Insert},     {VK_DELETE, false, ChartKey::Delete},
-    {VK_BACK, false, ChartKey::Delete},       {'J', false, ChartKey::ToggleJump},
-    {VK_F1, false, ChartKey::ToggleJump},     {VK_SPACE, false, ChartKey::PauseDemo},
-    {VK_ESCAPE, false, ChartKey::Cancel},
+    {VK_BACK, false, ChartKey::Delete},       {VK_F1, false, ChartKey::ToggleJump},
+    {VK_SPACE, false, ChartKey::PauseDemo},   {VK_ESCAPE, false, ChartKey::Cancel},
 };
 
 }  // namespace
 
 void ChartWindow::Register(HINSTANCE instance) {
   WNDCLASSW description{};
-  description.style = CS_HREDRAW | CS_VREDRAW;
+  description.style = CS_HREDRAW | CS_VREDRAW | CS_DBLCLKS;
   description.lpfnWndProc = WindowProcedure<ChartWindow>;
   description.hInstance = instance;
   description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
@@ -163,8 +162,7 @@ ChartScene ChartWindow::MakeScene() const {
   content.palette = palette_;
   content.fade = translate("fade");
   content.jump = translate("jump");
-  const int second = workbench_.services.worker.Control().demoSecond;
-  if (workbench_.IsDemoRunning() && second >= 0) content.demoSecond = second;
+  content.demoSecond = workbench_.DemoSecond();
   return MakeChartScene(content, Geometry());
 }
 
@@ -239,6 +237,7 @@ void ChartWindow::OnMouse(UINT message, LPARAM position) {
       SetFocus(window_);
       workbench_.editor.ButtonDown(point);
       return;
+    case WM_LBUTTONDBLCLK: workbench_.DoubleClick(point); return;
     case WM_LBUTTONUP: workbench_.editor.ButtonUp(); return;
     case WM_RBUTTONDOWN:
       SetFocus(window_);
@@ -286,6 +285,10 @@ void ChartWindow::OnMenu(LPARAM screenPosition) {
 }
 
 bool ChartWindow::OnKey(WPARAM key) {
+  for (const Accelerator& further : FurtherKeys()) {
+    const bool isPressed = further.key == key && further.isControl == IsDown(VK_CONTROL);
+    if (further.isInChart && isPressed) return workbench_.Run(further.command);
+  }
   for (const KeyMeaning& meaning : KeyMeanings) {
     if (meaning.key != key || meaning.isControl != IsDown(VK_CONTROL)) continue;
     return workbench_.editor.Key(meaning.meaning, workbench_.Milliseconds());
@@ -307,6 +310,7 @@ LRESULT ChartWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_SIZE: Resized(); return 0;
     case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
     case WM_LBUTTONUP:
     case WM_RBUTTONDOWN:
     case WM_MOUSEMOVE: OnMouse(message, lParam); return 0;

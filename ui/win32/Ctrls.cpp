@@ -14,7 +14,7 @@ namespace {
 constexpr int Margin = 8, Gap = 6, SmallGap = 4;
 constexpr int LeastColumnWidth = 258, MostColumnWidth = 380;
 constexpr int ScrollBarHeight = 17, ZoomBarWidth = 130, ZoomBarHeight = 24;
-constexpr int ButtonHeight = 24, HintHeight = 18, LeastLogHeight = 100;
+constexpr int ButtonHeight = 24, HintHeight = 18, UsualLogHeight = 100;
 constexpr int DescriptionHeight = 74, LeastListHeight = 90;
 constexpr int LogoWidth = 256, LogoHeight = 100, LogoRight = 266, LogoBottom = 110;
 
@@ -115,7 +115,8 @@ void Ctrls::AddTips() {
                             0, 0, 0, 0, context_.window, nullptr, context_.instance, nullptr);
   }
   const auto translate = context_.workbench.services.texts.Translator();
-  ShowTip(demo_.PauseButton(), translate("Pause demo"));
+  pauseTip_ = demo_.PauseTip();
+  ShowTip(demo_.PauseButton(), translate(pauseTip_));
   ShowTip(devices_.ScanButton(), translate("Scan WiFi devices"));
   ShowTip(modes_.UpButton(), translate("Move up"));
   ShowTip(modes_.DownButton(), translate("Move down"));
@@ -140,13 +141,18 @@ void Ctrls::Refresh() {
   RefreshButtons();
   devices_.Refresh();
   modes_.Refresh();
-  power_.Refresh();
-  demo_.Refresh();
+  RefreshDemo();
 }
 
 void Ctrls::RefreshDemo() {
   demo_.Refresh();
   power_.Refresh();
+  if (tips_ != nullptr && pauseTip_ != demo_.PauseTip()) AddTips();
+}
+
+void Ctrls::ShowHint(const std::string& hint) {
+  demo_.ShowHint(hint);
+  LayOutLog();
 }
 
 void Ctrls::RefreshBars() {
@@ -250,13 +256,11 @@ void Ctrls::LayOut() {
   const int width = client.right - columnWidth - 2 * scaled(Margin) - scaled(Gap);
   LayOutColumn({client.right - scaled(Margin) - columnWidth, top, columnWidth, client.bottom - top});
 
-  const int logHeight = std::max(scaled(LeastLogHeight), static_cast<int>(client.bottom) / 7);
-  const int logTop = client.bottom - scaled(Margin) - logHeight;
-  const int hintTop = logTop - scaled(HintHeight) - scaled(2);
-  const int demoTop = hintTop - scaled(ButtonHeight) - scaled(SmallGap);
+  logArea_ = LogArea(client, left, width);
+  const int demoTop = logArea_.top - scaled(ButtonHeight) - scaled(SmallGap);
   const int barTop = demoTop - scaled(ZoomBarHeight) - scaled(Gap);
-  Place(log_.Window(), {left, logTop, width, logHeight});
-  demo_.LayOut({left, demoTop, width, scaled(ButtonHeight)}, {left, hintTop, width, scaled(HintHeight)});
+  LayOutLog();
+  demo_.LayOut({left, demoTop, width, scaled(ButtonHeight)});
 
   const int label =
       static_cast<int>(TextSize(zoomLabel_, fonts_.text.Get(), TextOf(zoomLabel_)).cx) + scaled(8);
@@ -267,6 +271,25 @@ void Ctrls::LayOut() {
   Place(scrollBar_,
         {left, barTop, width - scaled(ZoomBarWidth) - label - scaled(12), scaled(ScrollBarHeight)});
   Place(chart_.Window(), {left, top, width, barTop - scaled(SmallGap) - top});
+}
+
+/// The place of hint and log: a seventh of the window, or as many lines as one wants to see where that leaves
+/// room for the chart.
+Frame Ctrls::LogArea(const RECT& client, int left, int width) const {
+  const int height = static_cast<int>(client.bottom);
+  const int usual = std::min(Scaled(context_.window, UsualLogHeight), height / 6);
+  const int log = std::max(usual, height / 7) + Scaled(context_.window, HintHeight + 2);
+  return {left, height - Scaled(context_.window, Margin) - log, width, log};
+}
+
+/// A hint of several rows takes them from the log: the chart stays where it is.
+void Ctrls::LayOutLog() {
+  const Frame& area = logArea_;
+  const int needed = demo_.HintHeight(area.width);
+  const int hint = std::min(std::max(Scaled(context_.window, HintHeight), needed), area.height / 2);
+  demo_.LayOutHint({area.left, area.top, area.width, hint});
+  const int top = area.top + hint + Scaled(context_.window, 2);
+  Place(log_.Window(), {area.left, top, area.width, log_.HeightFor(area.Bottom() - top)});
 }
 
 /// Lists share what height the other things leave. On a screen that has too little, the logo goes.

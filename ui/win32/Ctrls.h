@@ -30,7 +30,7 @@ class Ctrls {
   void ScalingChanged();
   /// The system's colours or effects, as that message of the window says.
   void SettingsChanged(UINT message);
-  void ShowHint(const std::string& hint) { demo_.ShowHint(hint); }
+  void ShowHint(const std::string& hint);
 
   // Messages of the window that belong to controls; whether they did.
   bool OnCommand(HWND control, int id, int notification);
@@ -48,6 +48,8 @@ class Ctrls {
   void RefreshButtons();
   int ColumnWidth(int clientWidth) const;
   void LayOutColumn(const Frame& column);
+  Frame LogArea(const RECT& client, int left, int width) const;
+  void LayOutLog();
 
   PanelContext context_;
   WindowFonts fonts_;
@@ -59,6 +61,8 @@ class Ctrls {
   PowerPanel power_;
   LogPane log_;
   HWND tips_ = nullptr;
+  std::string pauseTip_;  // in English
+  Frame logArea_;         // of the hint and the log below it
   bool hasLogo_ = true;
 };
 

@@ -17,7 +17,8 @@ class Logo {
  public:
   Logo();
   ~Logo();
-  /// Without a resource that can be read there is no picture, and nothing is drawn.
+  /// In colours for the window as the system has it now. Without a resource that can be read there is no
+  /// picture, and nothing is drawn.
   void Load(HINSTANCE instance);
   void Release();
   void Draw(HDC context, const RECT& area) const;

@@ -13,6 +13,12 @@ std::wstring ItemText(std::string text) {
   return qor::win::WideFromUtf8(text);
 }
 
+/// The key that runs the command, at the right edge of the menu.
+std::wstring KeyOf(int command, const qor::Translate& translate) {
+  const std::string key = KeyText(command, translate);
+  return key.empty() ? L"" : qor::win::WideFromUtf8("\t" + key);
+}
+
 void AppendLanguages(HMENU menu, Workbench& workbench) {
   int number = FirstLanguageCommand;
   for (const TCBase::StringTable::Language& language : workbench.services.texts.Languages()) {
@@ -30,7 +36,7 @@ void Append(HMENU menu, const CommandRow& row, Workbench& workbench) {
       return;
     case CommandRow::Kind::Command:
       AppendMenuW(menu, MF_STRING, static_cast<UINT_PTR>(row.number),
-                  ItemText(translate(row.text) + row.suffix).c_str());
+                  (ItemText(translate(row.text) + row.suffix) + KeyOf(row.number, translate)).c_str());
       return;
   }
 }
@@ -55,6 +61,13 @@ void UpdateMenu(HMENU menu, const MenuConditions& conditions) {
   }
 }
 
+void EnableMenus(HMENU bar, const MenuConditions& conditions) {
+  for (int position = 0; position < MenuBarLength; ++position) {
+    const bool isEnabled = IsEnabled(MenuBar()[static_cast<std::size_t>(position)].menu, conditions);
+    EnableMenuItem(bar, static_cast<UINT>(position), MF_BYPOSITION | EnabledFlag(isEnabled));
+  }
+}
+
 }  // namespace
 
 HMENU BuildMenu(Workbench& workbench, Menu menu) {
@@ -74,16 +87,14 @@ HMENU BuildMenuBar(Workbench& workbench) {
     AppendMenuW(bar, MF_POPUP | MF_STRING, reinterpret_cast<UINT_PTR>(BuildMenu(workbench, title.menu)),
                 ItemText(translate(title.text)).c_str());
   }
+  EnableMenus(bar, workbench.Conditions());
   return bar;
 }
 
 void UpdateMenuBar(HMENU bar, Workbench& workbench) {
   const MenuConditions conditions = workbench.Conditions();
   UpdateMenu(bar, conditions);
-  for (int position = 0; position < MenuBarLength; ++position) {
-    const bool isEnabled = IsEnabled(MenuBar()[static_cast<std::size_t>(position)].menu, conditions);
-    EnableMenuItem(bar, static_cast<UINT>(position), MF_BYPOSITION | EnabledFlag(isEnabled));
-  }
+  EnableMenus(bar, conditions);
 }
 
 }  // namespace UX

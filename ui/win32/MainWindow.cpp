@@ -30,10 +30,6 @@ std::wstring ResourceText(HINSTANCE instance, UINT id) {
   return text;
 }
 
-bool IsDark(COLORREF colour) {
-  return GetRValue(colour) + GetGValue(colour) + GetBValue(colour) < 3 * 128;
-}
-
 /// Whether this is the only window of the program with these settings: the copy for a recovery belongs to the
 /// first one.
 bool IsFirst(const std::string& settingsFolder) {
@@ -187,6 +183,7 @@ int MainWindow::RestorePlace(int command) {
 }
 
 void MainWindow::KeepPlace() {
+  workbench_.KeepShownMode();
   WINDOWPLACEMENT placement{};
   placement.length = sizeof placement;
   if (!GetWindowPlacement(window_, &placement)) return;
@@ -218,7 +215,7 @@ void MainWindow::CaptureMouse(bool on) {
 void MainWindow::ShowHint(const std::vector<qor::Sentence>& hint) {
   std::string text;
   for (const qor::Sentence& sentence : hint) text += (text.empty() ? "" : " ") + workbench_.Text(sentence);
-  ctrls_->ShowHint(workbench_.Text({"Hint: {1}", {text}}));
+  if (ctrls_) ctrls_->ShowHint(text.empty() ? "" : workbench_.Text({"Hint: {1}", {text}}));
 }
 
 void MainWindow::Retranslate() {
@@ -227,7 +224,8 @@ void MainWindow::Retranslate() {
   ctrls_->LayOut();
   ctrls_->ShowHint("");
   RedrawChart();
-  InvalidateRect(window_, nullptr, TRUE);
+  // Controls that are drawn here, or moved by a few pixels, would keep what stood there before.
+  RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
   isStale_ = true;
 }
 
@@ -289,8 +287,17 @@ void MainWindow::OnIdle() {
 void MainWindow::DrawNext() {
   ctrls_->Chart().Advance(static_cast<float>(std::min(SecondsSince(lastFrame_), 0.1)));
   lastFrame_ = services_.clock.Counter();
+  ShowNow();
+}
+
+/// All that shows a demo shows the same moment of it.
+void MainWindow::ShowNow() {
+  workbench_.LookAtDemo();
   if (isStale_) RefreshNow();
-  if (workbench_.IsDemoRunning()) RedrawChart();
+  if (workbench_.IsDemoRunning()) {
+    RedrawChart();
+    ctrls_->RefreshDemo();
+  }
   ctrls_->Chart().DrawFrame();
 }
 
@@ -312,12 +319,7 @@ void MainWindow::OnTimer(WPARAM id) {
   const bool wasDemo = workbench_.IsDemoRunning();
   if (workbench_.Tick()) isStale_ = true;
   if (wasDemo != workbench_.IsDemoRunning()) OnStarted();
-  if (workbench_.IsDemoRunning()) {
-    RedrawChart();
-    ctrls_->RefreshDemo();
-  }
-  if (isStale_) RefreshNow();
-  ctrls_->Chart().DrawFrame();  // while a menu or a dialog has the loop
+  ShowNow();  // while a menu or a dialog has the loop
   if (mayRecover_ && ++ticks_ % TicksPerRecovery == 0) recovery_.Keep();
 }
 
@@ -371,12 +373,7 @@ void MainWindow::Paint() {
   PAINTSTRUCT paint{};
   const HDC context = BeginPaint(window_, &paint);
   FillRect(context, &paint.rcPaint, GetSysColorBrush(COLOR_3DFACE));
-  if (const auto area = ctrls_ ? ctrls_->LogoArea() : std::nullopt) {
-    // Its writing is dark.
-    if (IsDark(GetSysColor(COLOR_3DFACE)))
-      FillRect(context, &*area, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
-    logo_.Draw(context, *area);
-  }
+  if (const auto area = ctrls_ ? ctrls_->LogoArea() : std::nullopt) logo_.Draw(context, *area);
   EndPaint(window_, &paint);
 }
 
@@ -404,6 +401,7 @@ std::optional<LRESULT> MainWindow::OnPlacement(UINT message, WPARAM wParam, LPAR
     case WM_SYSCOLORCHANGE:
     case WM_THEMECHANGED:
       if (ctrls_) ctrls_->SettingsChanged(message);
+      logo_.Load(instance_);
       InvalidateRect(window_, nullptr, TRUE);
       return std::nullopt;
     default: return std::nullopt;

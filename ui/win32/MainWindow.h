@@ -65,6 +65,7 @@ class MainWindow : public View {
   std::optional<LRESULT> OnPlacement(UINT message, WPARAM wParam, LPARAM lParam);
   void RefreshNow();
   void DrawNext();
+  void ShowNow();
   void OnTimer(WPARAM id);
   void OnStarted();
   void OnCommand(WPARAM wParam, LPARAM lParam);

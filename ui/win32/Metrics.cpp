@@ -92,6 +92,11 @@ bool HasHighContrast() {
   return (contrast.dwFlags & HCF_HIGHCONTRASTON) != 0;
 }
 
+bool IsDark(int systemColour) {
+  const COLORREF colour = GetSysColor(systemColour);
+  return GetRValue(colour) + GetGValue(colour) + GetBValue(colour) < 3 * 128;
+}
+
 SIZE TextSize(HWND window, HFONT font, std::string_view text) {
   const TextContext context(window, font);
   const std::wstring wide = WideFromUtf8(text);

@@ -43,6 +43,8 @@ int TextHeight(HWND window, HFONT font, std::string_view text, int width);
 
 /// Whether the user wants the colours of high contrast.
 bool HasHighContrast();
+/// Whether one of the system's colours (COLOR_WINDOW) is dark.
+bool IsDark(int systemColour);
 
 // Windows' texts, in UTF-8
 void SetText(HWND window, std::string_view text);

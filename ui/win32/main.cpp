@@ -11,8 +11,8 @@
 #include "QorLib/qor_win_str_utils.h"
 #include "model/ModeSample.h"
 #include "platform/Folders.h"
+#include "ui/win32/Keys.h"
 #include "ui/win32/MainWindow.h"
-#include "ui/win32/ResourceIds.h"
 
 namespace {
 
@@ -70,37 +70,23 @@ qor::TimeOfDay TimeOfDayNow() {
   return {now.wHour, now.wMinute, now.wSecond, now.wMilliseconds};
 }
 
-/// Whether the key belongs to the control that has the focus, and to no command: it edits or shows text.
-bool IsForText(const MSG& message) {
-  if (message.message < WM_KEYFIRST || message.message > WM_KEYLAST) return false;
-  wchar_t name[32] = L"";
-  GetClassNameW(message.hwnd, name, static_cast<int>(std::size(name)));
-  if (lstrcmpiW(name, L"EDIT") == 0) return true;
-  const bool isLog = CompareStringOrdinal(name, 8, L"RICHEDIT", 8, TRUE) == CSTR_EQUAL;
-  return isLog && GetKeyState(VK_CONTROL) >= 0 && GetKeyState(VK_MENU) >= 0;
-}
-
-void Dispatch(MSG& message, HWND window, HACCEL accelerators) {
-  if (message.message == WM_TIMER) {  // the only one there is while nobody does anything
-    DispatchMessageW(&message);
-    return;
-  }
-  if (!IsForText(message) && TranslateAcceleratorW(window, accelerators, &message)) return;
-  if (IsDialogMessageW(window, &message)) return;
+void Dispatch(MSG& message, HWND window, const Keys& keys) {
+  const bool isTimer = message.message == WM_TIMER;  // all that there is while nobody does anything
+  if (!isTimer && keys.Take(window, message)) return;
   TranslateMessage(&message);
   DispatchMessageW(&message);
 }
 
 /// Runs until WM_QUIT; returns its exit code. While anything moves, frames are drawn one after another; else
 /// the next message is waited for, of which the timer brings one soon.
-int Loop(MainWindow& window, HACCEL accelerators) {
+int Loop(MainWindow& window, const Keys& keys) {
   constexpr DWORD FrameMilliseconds = 10;
   MSG message{};
   while (message.message != WM_QUIT) {
     if (window.IsQuiet()) {
-      if (GetMessageW(&message, nullptr, 0, 0) > 0) Dispatch(message, window.Window(), accelerators);
+      if (GetMessageW(&message, nullptr, 0, 0) > 0) Dispatch(message, window.Window(), keys);
     } else if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-      Dispatch(message, window.Window(), accelerators);
+      Dispatch(message, window.Window(), keys);
     } else {
       window.OnIdle();
       const DWORD wait = window.IsQuiet() ? 0 : FrameMilliseconds;
@@ -166,7 +152,7 @@ int RunWindow(HINSTANCE instance, int show) {
   worker->SetNotification(window.Window(), MainWindow::NotifyMessage);
   window.Bench().DevicesChanged();  // what was plugged in while something was being asked
   LogProgram(window.Bench());
-  const int result = Loop(window, LoadAcceleratorsW(instance, MAKEINTRESOURCEW(IDC_HALVEX)));
+  const int result = Loop(window, Keys(instance));
   worker->SetNotification(nullptr, 0);
   // A demo is ended in order; an upload is let through, so that no controller is left half written.
   if (window.Bench().IsDemoRunning()) EndDemo(*worker, clock);

@@ -13,7 +13,9 @@ namespace {
 
 using qor::win::WideFromUtf8;
 
-constexpr COLORREF WarningColour = RGB(0x9A, 0x60, 0x00), ErrorColour = RGB(0xC4, 0x2B, 0x1C);
+// On light lists, and on dark ones
+constexpr COLORREF WarningColours[] = {RGB(0x9A, 0x60, 0x00), RGB(0xFF, 0xC4, 0x5C)};
+constexpr COLORREF ErrorColours[] = {RGB(0xC4, 0x2B, 0x1C), RGB(0xFF, 0x94, 0x8A)};
 
 void SetCell(HWND list, int row, int column, const std::string& text) {
   std::wstring wide = WideFromUtf8(text);
@@ -105,6 +107,9 @@ LRESULT CheckList::OnNotify(NMHDR* header) {
     case LVN_ITEMCHANGED: OnItemChanged(*reinterpret_cast<NMLISTVIEW*>(header)); return 0;
     case LVN_GETINFOTIPW: ShowTip(*reinterpret_cast<NMLVGETINFOTIPW*>(header)); return 0;
     case NM_CUSTOMDRAW: return OnCustomDraw(*reinterpret_cast<NMLVCUSTOMDRAW*>(header));
+    case LVN_KEYDOWN:
+      if (onKey) onKey(reinterpret_cast<NMLVKEYDOWN*>(header)->wVKey);
+      return 0;
     case LVN_BEGINDRAG:
       if (!onMove) return 0;
       dragged_ = reinterpret_cast<NMLISTVIEW*>(header)->iItem;
@@ -147,8 +152,8 @@ LRESULT CheckList::OnCustomDraw(NMLVCUSTOMDRAW& draw) const {
   if (draw.iSubItem != 1 || row >= rows_.size() || HasHighContrast()) return CDRF_DODEFAULT;
   switch (rows_[row].tone) {
     case CheckRow::Tone::Usual: draw.clrText = GetSysColor(COLOR_GRAYTEXT); break;
-    case CheckRow::Tone::Warning: draw.clrText = WarningColour; break;
-    case CheckRow::Tone::Error: draw.clrText = ErrorColour; break;
+    case CheckRow::Tone::Warning: draw.clrText = WarningColours[IsDark(COLOR_WINDOW)]; break;
+    case CheckRow::Tone::Error: draw.clrText = ErrorColours[IsDark(COLOR_WINDOW)]; break;
   }
   return CDRF_NEWFONT;
 }

@@ -33,6 +33,8 @@ class CheckList {
   std::function<void(std::size_t row, bool isChecked)> onCheck;
   std::function<void(std::size_t row)> onSelect;
   std::function<void(std::size_t row)> onOpen;
+  /// A key was pressed in the list.
+  std::function<void(WPARAM key)> onKey;
   /// The user dragged a row to the place of another; without it rows stay where they are.
   std::function<void(std::size_t from, std::size_t to)> onMove;
 
@@ -49,6 +51,7 @@ class CheckList {
   void SetColumnWidths(const std::vector<CheckRow>& rows);
   void OnItemChanged(const NMLISTVIEW& change);
   LRESULT OnCustomDraw(NMLVCUSTOMDRAW& draw) const;
+  void DrawSelected(NMLVCUSTOMDRAW& draw) const;
   void ShowTip(NMLVGETINFOTIPW& tip) const;
   void DragTo(LPARAM position);
   void EndDrag(LPARAM position);

@@ -9,6 +9,10 @@ namespace {
 // Signs that nearly all fonts have: a triangle, a square, two bars
 constexpr const char *Play = "\xE2\x96\xBA", *Stop = "\xE2\x96\xA0", *Pause = "\xE2\x96\x8C\xE2\x96\x8C";
 
+bool IsPaused(const Workbench& workbench) {
+  return workbench.services.worker.Control().demoState == TCBase::JobControl::DemoPaused;
+}
+
 }  // namespace
 
 DemoPanel::DemoPanel(const PanelContext& context)
@@ -18,7 +22,7 @@ DemoPanel::DemoPanel(const PanelContext& context)
       stop_(MakeButton(context, command::StopDemo)),
       time_(MakeLabel(context)),
       status_(MakeLabel(context)),
-      hint_(MakeLabel(context)) {}
+      hint_(MakeControl(context, L"STATIC", SS_LEFT | SS_NOPREFIX)) {}
 
 void DemoPanel::Translate() {
   const auto translate = context_.workbench.services.texts.Translator();
@@ -30,28 +34,37 @@ void DemoPanel::Translate() {
 void DemoPanel::Refresh() {
   const Workbench& workbench = context_.workbench;
   const auto translate = workbench.services.texts.Translator();
-  TCBase::JobControl& control = workbench.services.worker.Control();
-  const std::int32_t second = workbench.IsDemoRunning() ? control.demoSecond.load() : -1;
-  ShowText(time_, second >= 0 ? TCBase::TimeOfDayText(second) : "");
+  const auto second = workbench.DemoSecond();
+  ShowText(time_, second ? TCBase::TimeOfDayText(*second) : "");
   ShowText(status_, workbench.IsDemoRunning()
                         ? workbench.Text({"Playing whole day in {1} seconds", {workbench.DemoSeconds()}})
                         : translate("No demo is playing"));
-  const bool isPaused = control.demoState == TCBase::JobControl::DemoPaused;
-  ShowText(pause_, isPaused ? Play : Pause);
+  ShowText(pause_, IsPaused(workbench) ? Play : Pause);
+}
+
+const char* DemoPanel::PauseTip() const {
+  return IsPaused(context_.workbench) ? "Resume demo" : "Pause demo";
 }
 
 void DemoPanel::ShowHint(const std::string& hint) {
   ShowText(hint_, hint);
 }
 
-void DemoPanel::LayOut(const Frame& row, const Frame& hint) {
+int DemoPanel::HintHeight(int width) const {
+  return TextHeight(hint_, context_.fonts.text.Get(), TextOf(hint_), width);
+}
+
+void DemoPanel::LayOutHint(const Frame& hint) {
+  Place(hint_, hint);
+}
+
+void DemoPanel::LayOut(const Frame& row) {
   int left = PlaceButtons(row, {play_, pause_, stop_}, context_.fonts.text.Get(), 32) + Scaled(play_, 6);
   const int time = Scaled(play_, 78);
   Place(time_, {left, row.top, time, row.height});
   left += time;
   const int drop = Scaled(play_, 4);
   Place(status_, {left, row.top + drop, row.Right() - left, row.height - drop});
-  Place(hint_, hint);
 }
 
 }  // namespace UX

@@ -13,8 +13,13 @@ class DemoPanel {
   void Translate();
   void Refresh();
   void ShowHint(const std::string& hint);
-  void LayOut(const Frame& row, const Frame& hint);
+  /// What the hint needs at that width.
+  int HintHeight(int width) const;
+  void LayOutHint(const Frame& hint);
+  void LayOut(const Frame& row);
   HWND PauseButton() const { return pause_; }
+  /// What the button does now, in English.
+  const char* PauseTip() const;
   HWND Time() const { return time_; }
 
  private:

@@ -3,6 +3,8 @@
 
 #include <richedit.h>
 
+#include <algorithm>
+
 #include "QorLib/qor_win_str_utils.h"
 
 namespace UX {
@@ -26,6 +28,13 @@ HWND MakeWindow(const PanelContext& context) {
 LogPane::LogPane(const PanelContext& context) : context_(context), window_(MakeWindow(context)) {
   SendMessageW(window_, EM_EXLIMITTEXT, 0, MostCharacters);
   SendMessageW(window_, EM_SETBKGNDCOLOR, 1, 0);  // the system's, also when that changes
+  KeepSelection(window_);
+}
+
+int LogPane::HeightFor(int most) const {
+  const int line = static_cast<int>(TextSize(window_, context_.fonts.log.Get(), "0").cy);
+  const int frame = 2 * GetSystemMetrics(SM_CYBORDER);
+  return frame + std::max(1, (most - frame) / line) * line;
 }
 
 bool LogPane::IsEndInSight() const {

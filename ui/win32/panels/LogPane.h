@@ -12,6 +12,8 @@ class LogPane {
   explicit LogPane(const PanelContext& context);
 
   HWND Window() const { return window_; }
+  /// The height up to that for whole lines.
+  int HeightFor(int most) const;
   /// Lines that each end in CR LF.
   void Append(const std::string& lines);
   void ShowMenu(POINT at);

@@ -45,6 +45,11 @@ ModePanel::ModePanel(const PanelContext& context)
     context_.workbench.ShowMode(from);
     MoveModeTo(context_.workbench, to);
   };
+  list_.onKey = [this](WPARAM key) {
+    if (key == VK_DELETE) context_.workbench.Run(command::DeleteMode);
+    if (key == VK_F2) context_.workbench.Run(command::RenameMode);
+  };
+  KeepSelection(description_);
   SetText(up_, "\xE2\x96\xB2");
   SetText(down_, "\xE2\x96\xBC");
 }

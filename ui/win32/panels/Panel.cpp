@@ -3,7 +3,19 @@
 
 #include <algorithm>
 
+#include <commctrl.h>  // after windows.h
+
 namespace UX {
+namespace {
+
+LRESULT CALLBACK KeepingSelection(HWND window, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                                  DWORD_PTR) {
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, KeepingSelection, 0);
+  const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+  return message == WM_GETDLGCODE ? result & ~LRESULT{DLGC_HASSETSEL} : result;
+}
+
+}  // namespace
 
 HWND MakeControl(const PanelContext& context, const wchar_t* windowClass, DWORD style, int id,
                  DWORD extendedStyle) {
@@ -18,6 +30,10 @@ HWND MakeLabel(const PanelContext& context) {
 
 HWND MakeButton(const PanelContext& context, int command, DWORD style) {
   return MakeControl(context, L"BUTTON", WS_TABSTOP | style, command);
+}
+
+void KeepSelection(HWND text) {
+  SetWindowSubclass(text, KeepingSelection, 0, 0);
 }
 
 void Place(HWND control, const Frame& area) {

@@ -49,6 +49,8 @@ HWND MakeControl(const PanelContext& context, const wchar_t* windowClass, DWORD 
 HWND MakeLabel(const PanelContext& context);
 /// A button that runs the command of its number.
 HWND MakeButton(const PanelContext& context, int command, DWORD style = BS_PUSHBUTTON);
+/// Makes Tab into a text of several lines select nothing of it: one key would replace all.
+void KeepSelection(HWND text);
 void Place(HWND control, const Frame& area);
 /// Sets the text only when it is another one: no flicker.
 void ShowText(HWND control, std::string_view text);

@@ -7,6 +7,7 @@
 #include <cmath>
 
 #include "QorLib/qor_win_str_utils.h"
+#include "model/Power.h"
 #include "ui/win32/WindowProcedure.h"
 
 namespace UX {
@@ -61,7 +62,7 @@ void PowerPanel::Refresh() {
   auto rows = rows_;
   for (std::size_t i = 0; i < rows.size(); ++i) {
     const TCBase::Program::ChannelInfo& info = document.Program().channelInfos[i];
-    const int power = TCBase::WholePercent(PowerOf(document.Mode().channels[i]));
+    const int power = TCBase::WholePercent(TCBase::PowerOf(document.Mode().channels[i]));
     rows[i] = {info.name, ColourOf(info.colour), workbench.IsDemoRunning() ? sent.values[i] : power,
                workbench.editor.SelectedChannel() == i};
   }
@@ -139,8 +140,8 @@ void PowerPanel::PaintRow(HDC context, std::size_t channel) const {
   const RECT end = {filled.right - 1, bar.top, filled.right, bar.bottom};
   FillRect(context, &end, GetSysColorBrush(COLOR_BTNTEXT));
   FrameRect(context, &bar, GetSysColorBrush(COLOR_3DSHADOW));
-  DrawLine(context, std::to_string(row.percent) + " %", {bar.right, area.top, area.right, area.bottom},
-           DT_RIGHT);
+  DrawLine(context, std::to_string(row.percent) + " %",
+           {bar.right, area.top, area.right - Scaled(window_, 4), area.bottom}, DT_RIGHT);
   if (row.isSelected && GetFocus() == window_) DrawFocusRect(context, &area);
 }
 
@@ -174,7 +175,7 @@ void PowerPanel::OnDrag(POINT at) {
   const auto channel = static_cast<std::size_t>(dragged_);
   const RECT bar = BarArea(channel);
   const auto width = static_cast<float>(std::max<LONG>(1, bar.right - bar.left));
-  edit_.Set(channel, std::round(static_cast<float>(at.x - bar.left) * 100 / width));
+  edit_.Set(channel, static_cast<int>(std::lround(static_cast<float>(at.x - bar.left) * 100 / width)));
 }
 
 bool PowerPanel::OnKey(WPARAM key) {
@@ -188,8 +189,8 @@ bool PowerPanel::OnKey(WPARAM key) {
     return true;
   }
   if ((key != VK_LEFT && key != VK_RIGHT) || !selected) return false;
-  const float power = PowerOf(workbench.document.Mode().channels[*selected]);
-  edit_.Set(*selected, std::round(power) + (key == VK_LEFT ? -1.0F : 1.0F));
+  const int power = TCBase::WholePercent(TCBase::PowerOf(workbench.document.Mode().channels[*selected]));
+  edit_.Set(*selected, power + (key == VK_LEFT ? -1 : 1));
   return true;
 }
 
