@@ -17,6 +17,10 @@ void Log::Message(const Sentence& sentence) {
   Write(Kind::Message, sentence.In(translate_));
 }
 
+void Log::Failure(const Sentence& sentence) {
+  Write(Kind::Failure, sentence.In(translate_));
+}
+
 void Log::Trace(std::string_view text) {
   if (!IsTracing()) return;
   const TimeOfDay time = timeOfDay_();

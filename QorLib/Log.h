@@ -23,7 +23,7 @@ struct TimeOfDay {
 /// controllers, which is kept only while tracing is switched on.
 class Log {
  public:
-  enum class Kind { Message, Trace, TraceDump };
+  enum class Kind { Message, Failure, Trace, TraceDump };
   struct Line {
     Kind kind;
     std::string text;  // without the line end; a dump stands as rows that end with a line feed each
@@ -45,6 +45,8 @@ class Log {
   /// Writes a message: `english` translated, then its placeholders replaced.
   void Message(std::string_view english, std::initializer_list<FormatArgument> arguments = {});
   void Message(const Sentence& sentence);
+  /// Writes a message that something went wrong.
+  void Failure(const Sentence& sentence);
   /// Writes a message that is no text of the program, such as the system's.
   void ForeignMessage(std::string text) { Write(Kind::Message, std::move(text)); }
 

@@ -130,7 +130,7 @@ Cost PlayDemo(const DeviceInfo& device, int seconds) {
   const DeviceOutcome outcome = DemoDevice(device, modes, {seconds, 0}, {{clock, log, network}, control});
   const double used = ProcessorSeconds() - before;
   if (!outcome.IsDone()) {
-    std::fprintf(stderr, "the demo failed: %s\n", outcome.detail.c_str());
+    std::fprintf(stderr, "the demo failed: %s\n", outcome.detail.In(qor::InEnglish).c_str());
     std::exit(1);
   }
   return {Lateness(network.gaps), used, network.gaps.size()};
@@ -189,7 +189,7 @@ bool MeasureUpload(const DeviceInfo& device) {
       UploadDevice(device, modes, {{clock, log, platform::SystemNetwork()}, control});
   const double took = clock.Seconds() - start;
   if (!outcome.IsDone()) {
-    std::fprintf(stderr, "the upload failed: %s\n", outcome.detail.c_str());
+    std::fprintf(stderr, "the upload failed: %s\n", outcome.detail.In(qor::InEnglish).c_str());
     std::exit(1);
   }
   return Row("upload of two modes, ms, against its waits", took * 1000, static_cast<double>(clock.asked),

@@ -56,10 +56,6 @@ DeviceInfo NetworkDeviceOf(std::string_view place) {
   return TCBase::NetworkDevice(std::string(identity), *address);
 }
 
-bool IsSame(const DeviceInfo& a, const DeviceInfo& b) {
-  return a.kind == b.kind && a.address.address == b.address.address;
-}
-
 }  // namespace
 
 void AddDevices(CLI::App& parser, std::vector<std::string>& devices) {
@@ -92,7 +88,8 @@ std::vector<DeviceInfo> DevicesOf(const std::vector<std::string>& arguments) {
   devices.reserve(arguments.size());
   for (const std::string& argument : arguments) {
     const DeviceInfo device = DeviceOf(argument);
-    if (std::ranges::any_of(devices, [&](const DeviceInfo& other) { return IsSame(device, other); })) {
+    if (std::ranges::any_of(devices,
+                            [&](const DeviceInfo& other) { return TCBase::IsSameDevice(device, other); })) {
       throw CommandError(WrongUsage, qor::Format("the device {1} is named twice", {argument}));
     }
     devices.push_back(device);

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <string_view>
 
-#include "QorLib/Format.h"
 #include "cli/DeviceArguments.h"
 #include "cli/LogPrinter.h"
 #include "cli/UdevRule.h"
@@ -13,26 +12,8 @@ namespace cli {
 namespace {
 
 using TCBase::DeviceOutcome;
-using Stage = TCBase::DeviceOutcome::Stage;
 
 constexpr std::uint32_t PollMilliseconds = 20;
-
-std::string_view StageText(Stage stage) {
-  switch (stage) {
-    case Stage::Done: return "done";
-    case Stage::NotReached: return "not reached";
-    case Stage::NotConnected: return "could not be opened";
-    case Stage::Failed: return "failed";  // the detail says what
-    case Stage::Incomplete: return "incomplete";
-    case Stage::Cancelled: return "stopped before the end";
-  }
-  return "";
-}
-
-std::string TextOf(const DeviceOutcome& outcome) {
-  if (outcome.stage == Stage::Failed) return outcome.detail;
-  return qor::Format(outcome.detail.empty() ? "{1}" : "{1}: {2}", {StageText(outcome.stage), outcome.detail});
-}
 
 /// How many columns a text takes: one for each character.
 std::size_t Columns(std::string_view utf8) {
@@ -40,18 +21,14 @@ std::size_t Columns(std::string_view utf8) {
       std::ranges::count_if(utf8, [](char byte) { return (byte & 0xC0) != 0x80; }));
 }
 
-void PrintTable(const std::vector<DeviceOutcome>& outcomes, LogPrinter& printer) {
+void PrintTable(const std::vector<DeviceOutcome>& outcomes, Invocation& invocation) {
   std::size_t width = 0;
   for (const DeviceOutcome& outcome : outcomes) width = std::max(width, Columns(ArgumentOf(outcome.device)));
   for (const DeviceOutcome& outcome : outcomes) {
     std::string line = ArgumentOf(outcome.device);
     line.append(width - Columns(line) + 2, ' ');
-    printer.PrintResult(line + TextOf(outcome));
+    invocation.printer.PrintResult(line + invocation.Text(SentenceOf(outcome)));
   }
-}
-
-bool IsStop(const DeviceOutcome& outcome) {
-  return outcome.stage == Stage::Cancelled || outcome.stage == Stage::NotReached;
 }
 
 struct JobEnd {
@@ -74,19 +51,20 @@ JobEnd WaitFor(TCBase::Worker& worker, const DeviceJob& job, Invocation& invocat
   return end;
 }
 
+/// The log has told already what went wrong.
 ExitStatus Report(const std::vector<DeviceOutcome>& outcomes, const JobEnd& end, Invocation& invocation) {
   bool hasFailed = false;
   bool isDenied = false;
+  bool needsRule = false;
   for (const DeviceOutcome& outcome : outcomes) {
-    if (outcome.IsDone() || (IsStop(outcome) && end.isStopped)) continue;
-    hasFailed |= !IsStop(outcome) || !end.isInterrupted;
+    if (outcome.IsDone() || (outcome.IsStop() && end.isStopped)) continue;
+    hasFailed |= !outcome.IsStop() || !end.isInterrupted;
     isDenied |= outcome.denial != TCBase::Denial::None;
-    const bool needsRule = outcome.denial == TCBase::Denial::NoPermission &&
-                           outcome.device.kind != TCBase::DeviceKind::TC421Network;
-    invocation.printer.Complain(qor::Format("{1}: {2}{3}", {ArgumentOf(outcome.device), TextOf(outcome),
-                                                            needsRule ? AccessAdvice() : std::string()}));
+    needsRule |= outcome.denial == TCBase::Denial::NoPermission &&
+                 outcome.device.kind != TCBase::DeviceKind::TC421Network;
   }
-  if (outcomes.size() > 1) PrintTable(outcomes, invocation.printer);
+  if (needsRule) invocation.printer.Complain(AccessAdvice());
+  if (outcomes.size() > 1) PrintTable(outcomes, invocation);
   if (hasFailed) return isDenied ? NoAccess : DeviceFailed;
   return end.isInterrupted ? Interrupted : Done;
 }
@@ -99,7 +77,10 @@ TCBase::DeviceContext ContextOf(Invocation& invocation) {
 }
 
 ExitStatus RunJob(const DeviceJob& job, Invocation& invocation) {
-  return RunJob(job, invocation, [](TCBase::Worker& worker) { return worker.Outcomes(); });
+  return RunJob(job, invocation, [](TCBase::Worker& worker) {
+    const std::vector<TCBase::JobOutcomes> ended = worker.TakeEndedJobs();
+    return ended.empty() ? std::vector<DeviceOutcome>() : ended.front().devices;
+  });
 }
 
 ExitStatus RunJob(const DeviceJob& job, Invocation& invocation,

@@ -20,8 +20,8 @@ struct DeviceJob {
   std::function<bool(TCBase::JobControl&)> steer = [](TCBase::JobControl&) { return false; };
 };
 
-/// Runs the job until its end, or until Ctrl+C has stopped it in order. Says how it went for each device that
-/// was not done, and for several devices in a table of all.
+/// Runs the job until its end, or until Ctrl+C has stopped it in order. The log says what went wrong
+/// with a device; for several devices a table says how it went for each.
 ExitStatus RunJob(const DeviceJob& job, Invocation& invocation);
 
 /// The same for a job that the worker has no outcomes of: those that `outcomes` gives at its end.

@@ -36,8 +36,8 @@ void FindOnUsb(Findings& findings, Invocation& invocation) {
     } else if (device->OpenFault().denial != TCBase::Denial::None) {
       findings.isUsbDenied = true;
       const bool needsRule = device->OpenFault().denial == TCBase::Denial::NoPermission;
-      invocation.printer.Complain(qor::Format(
-          "{1}: {2}{3}", {info.name, device->OpenFault().text, needsRule ? AccessAdvice() : std::string()}));
+      invocation.printer.Complain(info.name + ": " + invocation.Text(device->OpenFault().text));
+      if (needsRule) invocation.printer.Complain(AccessAdvice());
     }
   }
 }
@@ -59,8 +59,6 @@ void FindOnNetwork(Findings& findings, Invocation& invocation) {
   }
   if (const auto failure = worker.ScanFailure()) {
     findings.searchFailed = failure->denial != TCBase::Denial::None ? NoAccess : DeviceFailed;
-    invocation.printer.Complain(
-        qor::Format("the network could not be searched to the end: {1}", {failure->text}));
   }
 }
 

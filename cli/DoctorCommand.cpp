@@ -62,7 +62,8 @@ Finding OnUsb(TCBase::DeviceKind kind, const Computer& computer, Invocation& inv
   if (device->Open()) return {check, State::Ok, "plugged in, and may be opened", {}};
   const TCBase::OpenFailure& failure = device->OpenFault();
   if (failure.denial == Denial::None) return {check, State::Note, "not plugged in", {}};
-  Finding finding{check, State::Problem, "plugged in, but may not be opened: " + failure.text,
+  Finding finding{check, State::Problem,
+                  "plugged in, but may not be opened: " + invocation.Text(failure.text),
                   "end the other program that has it", NoAccess};
   if (failure.denial == Denial::NoPermission && computer.hasUdev) {
     finding.advice = "see to the udev rule (below), then plug the controller in again";
@@ -105,7 +106,7 @@ Finding Port(Invocation& invocation) {
   if (port.Open()) return {"port-5000", State::Ok, "free", {}};
   const TCBase::OpenFailure& failure = port.OpenFault();
   const bool isInUse = failure.denial == Denial::InUse;
-  return {"port-5000", State::Problem, failure.text,
+  return {"port-5000", State::Problem, invocation.Text(failure.text),
           isInUse
               ? "end the other program: one at a time can talk to TC421 controllers on the network"
               : "TC421 controllers on the network are out of reach until the system lets the port be taken",

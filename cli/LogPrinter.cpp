@@ -69,6 +69,7 @@ void LogPrinter::Print() {
     const std::string text = isDump ? line.text : Printable(line.text) + "\n";
     const bool isMessage = line.kind == qor::Log::Kind::Message;
     std::ostream& target = isMessage ? *messages_ : environment_.err;
+    if (line.kind == qor::Log::Kind::Failure) target << "halvex: ";
     if (!isMessage || !options_.quiet) target << text << std::flush;
     WriteToFile(text);
   }

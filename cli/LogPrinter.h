@@ -13,7 +13,8 @@ namespace cli {
 /// The text with control characters, which names from a file may hold, as dots: what a terminal may be shown.
 std::string Printable(std::string text);
 
-/// Prints the program's log: messages on standard output, the trace on standard error, both in the log file.
+/// Prints the program's log: messages on standard output, failures as complaints and the trace on standard
+/// error, all in the log file.
 /// It belongs to the main thread. Lines that come on it are printed at once; those of other threads wait for
 /// the next call of Print, so that a terminal that is held, or a full pipe, never keeps a job from its
 /// controller.

@@ -50,7 +50,7 @@ std::string InstallRuleCommand() {
 }
 
 std::string AccessAdvice() {
-  return "; on Linux, \"" + InstallRuleCommand() +
+  return "on Linux, \"" + InstallRuleCommand() +
          "\" gives you access once the controller is plugged in again (\"halvex doctor\" tells more)";
 }
 

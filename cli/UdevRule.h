@@ -9,7 +9,7 @@ namespace cli {
 /// the name of a group, its members wherever they are.
 std::string UdevRule(const std::string& group);
 
-/// What helps Linux users who may not open a controller on the USB, to follow a sentence that says so.
+/// What helps Linux users who may not open a controller on the USB.
 std::string AccessAdvice();
 
 /// The command that puts the rule in its place.

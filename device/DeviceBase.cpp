@@ -7,7 +7,7 @@ bool DeviceBase::OpenAlone(const std::string& lockName) {
   if (context_.locks != nullptr && !lockName.empty()) {
     lock_ = context_.locks->TryTake(lockName);
     if (lock_ == nullptr) {
-      SetOpenFailure({"in use by another program", Denial::InUse});
+      SetOpenFailure({{"in use by another program", {}}, Denial::InUse});
       return false;
     }
   }

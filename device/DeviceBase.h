@@ -28,7 +28,7 @@ enum class Denial { None, NoPermission, InUse };
 
 /// Why a device could not be opened.
 struct OpenFailure {
-  std::string text;  // the system's words, or plainer ones; empty when there are none
+  qor::Sentence text;  // empty when nothing is known
   Denial denial = Denial::None;
 };
 
@@ -72,7 +72,7 @@ class DeviceBase {
   /// and do not report it; this tells whether everything got through.
   int FailedTransactions() const { return failedTransactions_; }
   /// Why the last of them failed, in a few words; empty when there are none.
-  const std::string& LastFailure() const { return lastFailure_; }
+  const qor::Sentence& LastFailure() const { return lastFailure_; }
 
  protected:
   // The models' part of each operation
@@ -89,7 +89,7 @@ class DeviceBase {
   platform::Clock& Clock() { return context_.clock; }
   platform::Network& Network() { return context_.network; }
   void SetOpenFailure(OpenFailure failure) { openFault_ = std::move(failure); }
-  void SetLastFailure(std::string text) { lastFailure_ = std::move(text); }
+  void SetLastFailure(qor::Sentence why) { lastFailure_ = std::move(why); }
   /// Counts a transaction that failed; returns its result.
   bool Counted(bool succeeded);
 
@@ -98,7 +98,7 @@ class DeviceBase {
   std::unique_ptr<platform::DeviceLock> lock_;
   OpenFailure openFault_;
   int failedTransactions_ = 0;
-  std::string lastFailure_;
+  qor::Sentence lastFailure_;
 };
 
 }  // namespace TCBase

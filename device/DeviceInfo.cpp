@@ -35,6 +35,10 @@ std::string LockNameOf(const DeviceInfo& info) {
   return {};
 }
 
+bool IsSameDevice(const DeviceInfo& a, const DeviceInfo& b) {
+  return a.kind == b.kind && (a.kind != DeviceKind::TC421Network || a.address.address == b.address.address);
+}
+
 bool IsTC421(DeviceKind kind) {
   return kind == DeviceKind::TC421Usb || kind == DeviceKind::TC421Network;
 }

@@ -46,6 +46,10 @@ DeviceInfo NetworkDevice(std::string name, const platform::SocketAddress& addres
 /// to itself.
 std::string LockNameOf(const DeviceInfo& info);
 
+/// Whether the two are one device: of the same kind, and on the network at the same address. The port from
+/// which it happened to answer plays no part, nor does its name.
+bool IsSameDevice(const DeviceInfo& a, const DeviceInfo& b);
+
 /// Whether it is a TC421, over whatever it is reached.
 bool IsTC421(DeviceKind kind);
 

@@ -12,7 +12,8 @@ constexpr std::uint32_t PollMilliseconds = 20;
 
 bool UDPDevice::Open() {
   if (Network().IsOwn(info_.address)) {
-    SetOpenFailure({"that is this computer's own address"});  // where its packets would come back as replies
+    SetOpenFailure(
+        {{"that is this computer's own address", {}}});  // where its packets would come back as replies
     return false;
   }
   if (port_.Open()) return true;
@@ -22,7 +23,7 @@ bool UDPDevice::Open() {
 
 bool UDPDevice::Write(const std::string& image) {
   if (port_.SendTo(platform::IPv4Address(info_.address.address, ControllerPort), image)) return true;
-  SetLastFailure(port_.LastErrorText());
+  SetLastFailure(qor::Verbatim(port_.LastErrorText()));
   return false;
 }
 
@@ -53,7 +54,7 @@ bool UDPDevice::Transact(const PacketBase& packet, int expected) {
     std::string reply;
     if (Read(reply)) return Counted(CheckReply(reply, expected));
   }
-  SetLastFailure("no answer");
+  SetLastFailure({"no answer", {}});
   return Counted(false);
 }
 

@@ -44,7 +44,7 @@ bool USBDevice::Open() {
     handle_ = hid_open(id_.vendor, id_.product, nullptr);
     if (handle_ == nullptr) {
       const std::string text = LastErrorText(nullptr);
-      SetOpenFailure({text, DenialOf(platform::KindOfText(text))});
+      SetOpenFailure({qor::Verbatim(text), DenialOf(platform::KindOfText(text))});
       return false;
     }
   }
@@ -91,13 +91,14 @@ bool USBDevice::Transact(const PacketBase& packet, int expected) {
   std::string reply;
   if (!WritePacket(packet) || !Read(reply)) return Counted(false);
   if (CheckReply(reply, expected)) return true;
-  SetLastFailure(reply.empty() ? "no answer" : "an answer that makes no sense");
+  SetLastFailure(reply.empty() ? qor::Sentence{"no answer", {}}
+                               : qor::Sentence{"an answer that makes no sense", {}});
   return Counted(false);
 }
 
 void USBDevice::TraceError(const char* call) {
   const std::string text = LastErrorText(handle_);
-  SetLastFailure(text);
+  SetLastFailure(qor::Verbatim(text));
   Log().Trace(call + (" error: " + text));
 }
 

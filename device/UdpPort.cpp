@@ -21,11 +21,12 @@ bool UdpPort::Open() {
 
 bool UdpPort::Failed(std::string_view call) {
   const platform::SystemError error = socket_->LastError();
-  openFault_ = {ErrorLine(call, error),
+  const std::string line = ErrorLine(call, error);
+  openFault_ = {qor::Verbatim(line),
                 error.kind == platform::ErrorKind::AccessDenied ? Denial::NoPermission : Denial::None};
-  context_.log.Trace(openFault_.text);
+  context_.log.Trace(line);
   if (error.kind == platform::ErrorKind::AddressInUse) {
-    openFault_ = {qor::Format("UDP port {1} of this computer is in use by another program", {ControllerPort}),
+    openFault_ = {{"UDP port {1} of this computer is in use by another program", {ControllerPort}},
                   Denial::InUse};
   }
   return false;

@@ -139,7 +139,7 @@ void AskDemoSpeed(Workbench& workbench) {
 
 void ScanNetwork(Workbench& workbench) {
   workbench.services.worker.StartNetworkScan(workbench.window);
-  workbench.JobStarted(false);
+  workbench.JobStarted();
 }
 
 void SetUpWiFi(Workbench& workbench) {

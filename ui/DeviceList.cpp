@@ -4,16 +4,9 @@
 #include <algorithm>
 
 namespace UX {
-namespace {
 
 using TCBase::DeviceInfo;
 using TCBase::DeviceKind;
-
-bool IsSame(const DeviceInfo& a, const DeviceInfo& b) {
-  return a.kind == b.kind && (a.kind != DeviceKind::TC421Network || a.address == b.address);
-}
-
-}  // namespace
 
 void DeviceList::Update(const std::vector<DeviceKind>& usb, const std::vector<DeviceInfo>& network) {
   std::vector<DeviceInfo> now;
@@ -35,8 +28,8 @@ bool DeviceList::AddEmulator() {
 
 void DeviceList::Replace(std::vector<DeviceInfo> devices) {
   for (DeviceInfo& device : devices) {
-    const auto before =
-        std::ranges::find_if(devices_, [&device](const DeviceInfo& other) { return IsSame(device, other); });
+    const auto before = std::ranges::find_if(
+        devices_, [&device](const DeviceInfo& other) { return TCBase::IsSameDevice(device, other); });
     device.selected = before != devices_.end() && before->selected;
   }
   if (devices_.empty() && devices.size() == 1) devices[0].selected = true;
@@ -65,15 +58,16 @@ std::string DeviceList::PickedNames() const {
 void DeviceList::SetOutcomes(const std::vector<TCBase::DeviceOutcome>& outcomes) {
   for (const TCBase::DeviceOutcome& outcome : outcomes) {
     std::erase_if(outcomes_, [&outcome](const TCBase::DeviceOutcome& former) {
-      return IsSame(former.device, outcome.device);
+      return TCBase::IsSameDevice(former.device, outcome.device);
     });
     outcomes_.push_back(outcome);
   }
 }
 
 const TCBase::DeviceOutcome* DeviceList::LastOutcome(const DeviceInfo& device) const {
-  const auto found = std::ranges::find_if(
-      outcomes_, [&device](const TCBase::DeviceOutcome& outcome) { return IsSame(outcome.device, device); });
+  const auto found = std::ranges::find_if(outcomes_, [&device](const TCBase::DeviceOutcome& outcome) {
+    return TCBase::IsSameDevice(outcome.device, device);
+  });
   return found != outcomes_.end() ? &*found : nullptr;
 }
 

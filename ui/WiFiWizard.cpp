@@ -84,7 +84,7 @@ std::string OutcomeText(const DeviceOutcome& outcome, const qor::Translate& tran
               : translate(
                     "The controller has not taken the settings. Check that it is connected and switched on, "
                     "then send again.");
-  if (!outcome.detail.empty()) text += "\r\n(" + outcome.detail + ")";
+  if (outcome.detail) text += "\r\n(" + outcome.detail.In(translate) + ")";
   return text;
 }
 

@@ -147,8 +147,6 @@ void Workbench::DevicesChanged() {
 }
 
 void Workbench::ScanEnded() {
-  const auto failure = services.worker.ScanFailure();
-  if (failure && !failure->text.empty()) services.log.ForeignMessage(failure->text);
   DevicesChanged();
 }
 
@@ -199,21 +197,9 @@ std::int64_t Workbench::Milliseconds() const {
   return services.clock.Counter() / (services.clock.Frequency() / 1000);
 }
 
-/// While a job runs, of the devices that it is through with.
-void Workbench::TakeOutcomes(bool isRunning) {
-  std::vector<TCBase::DeviceOutcome> outcomes = services.worker.Outcomes();
-  if (isRunning) {
-    std::erase_if(outcomes, [](const TCBase::DeviceOutcome& outcome) {
-      return outcome.stage == TCBase::DeviceOutcome::Stage::NotReached;
-    });
-  }
-  devices.SetOutcomes(outcomes);
-  if (isRunning || !std::exchange(areOutcomesNew_, false)) return;
-  // "Connect error" alone would leave the user guessing.
-  for (const TCBase::DeviceOutcome& outcome : outcomes) {
-    if (outcome.stage == TCBase::DeviceOutcome::Stage::NotConnected && !outcome.detail.empty())
-      services.log.ForeignMessage(qor::Format("{1}: {2}", {outcome.device.name, outcome.detail}));
-  }
+void Workbench::TakeOutcomes() {
+  for (const TCBase::JobOutcomes& ended : services.worker.TakeEndedJobs()) devices.SetOutcomes(ended.devices);
+  if (const auto running = services.worker.RunningJob()) devices.SetOutcomes(running->devices);
 }
 
 bool Workbench::Tick() {
@@ -221,7 +207,7 @@ bool Workbench::Tick() {
   const bool isBusy = services.worker.IsBusy();
   const bool hasEnded = wasBusy_ && !isBusy;
   wasBusy_ = isBusy;
-  if (hasEnded || isBusy) TakeOutcomes(isBusy);
+  if (hasEnded || isBusy) TakeOutcomes();
   // A demo that is still connecting drops what is posted to it.
   if (isStopWanted_ && isBusy) services.worker.Control().Post(TCBase::JobControl::Stop);
   if (isDemoRunning_ && !isBusy) SetDemoRunning(false);

@@ -83,11 +83,8 @@ class Workbench {
   void DevicesChanged();
   /// The same for the search of the network, which may have failed.
   void ScanEnded();
-  /// To be called when a job was handed to the worker; whether it leaves outcomes.
-  void JobStarted(bool isForDevices = true) {
-    wasBusy_ = true;
-    areOutcomesNew_ |= isForDevices;
-  }
+  /// To be called when a job was handed to the worker.
+  void JobStarted() { wasBusy_ = true; }
 
   /// A double click on the chart: on the name of a channel it renames that; elsewhere it is two presses.
   void DoubleClick(Point point);
@@ -112,13 +109,12 @@ class Workbench {
 
  private:
   void SetDemoRunning(bool isRunning);
-  void TakeOutcomes(bool isRunning);
+  void TakeOutcomes();
 
   bool isDemoRunning_ = false;
   bool isStopWanted_ = false;
   std::optional<int> demoSecond_;
   bool wasBusy_ = false;
-  bool areOutcomesNew_ = false;  // and not logged yet
 };
 
 }  // namespace UX

@@ -108,13 +108,14 @@ DeviceOutcome DemoDevice(const DeviceInfo& info, const Program::ModeListView& mo
   const Mode& mode = modes.Current();
   device->DemoStart(mode.name);
   Playback playback(*device, mode, time, job);
+  job.working({"Playing", {}});
   log.Message("Playing whole day in {1} seconds", {time.seconds});
   const bool isWhole = playback.Play();
   device->DemoFinish();
   job.control.demoState = JobControl::NoDemo;
   job.control.demoSecond = JobControl::NoSecond;
   log.Message("Demo finished");
-  if (device->FailedTransactions() > 0) return {info, Stage::Incomplete, LostPacketsText(*device)};
+  if (device->FailedTransactions() > 0) return {info, Stage::Incomplete, LostPackets(*device)};
   return {info, isWhole ? Stage::Done : Stage::Cancelled, {}};
 }
 

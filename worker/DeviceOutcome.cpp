@@ -2,23 +2,57 @@
 #include "worker/DeviceOutcome.h"
 
 namespace TCBase {
+namespace {
+
+using Stage = DeviceOutcome::Stage;
+
+qor::Sentence StageSentence(Stage stage) {
+  switch (stage) {
+    case Stage::Waiting: return {"Waiting", {}};
+    case Stage::Connecting: return {"Connecting", {}};
+    case Stage::Working: return {};
+    case Stage::Done: return {"Done", {}};
+    case Stage::NotReached: return {"Not reached", {}};
+    case Stage::NotConnected: return {"Not connected", {}};
+    case Stage::Failed: return {"Failed", {}};
+    case Stage::Incomplete: return {"Incomplete", {}};
+    case Stage::Cancelled: return {"Stopped", {}};
+  }
+  return {};
+}
+
+}  // namespace
+
+qor::Sentence SentenceOf(const DeviceOutcome& outcome) {
+  qor::Sentence sentence = StageSentence(outcome.stage);
+  if (!sentence) return outcome.detail;
+  if (outcome.detail) sentence.reasons.push_back(outcome.detail);
+  return sentence;
+}
+
+void LogOutcome(const DeviceOutcome& outcome, qor::Log& log) {
+  if (outcome.IsDone()) return;
+  qor::Sentence line = qor::Verbatim(outcome.device.name);
+  line.reasons.push_back(SentenceOf(outcome));
+  outcome.IsStop() ? log.Message(line) : log.Failure(line);
+}
 
 std::optional<DeviceOutcome> Connect(DeviceBase& device, const DeviceInfo& info, qor::Log& log) {
   if (device.OpenAlone(LockNameOf(info))) return std::nullopt;
   log.Message("Connect error");
   const OpenFailure& failure = device.OpenFault();
-  return DeviceOutcome{info, DeviceOutcome::Stage::NotConnected, failure.text, failure.denial};
+  return DeviceOutcome{info, Stage::NotConnected, failure.text, failure.denial};
 }
 
-std::string WithReason(std::string text, const DeviceBase& device) {
-  if (!device.LastFailure().empty()) text += ": " + device.LastFailure();
-  return text;
+qor::Sentence WithReason(qor::Sentence sentence, const DeviceBase& device) {
+  if (device.LastFailure()) sentence.reasons.push_back(device.LastFailure());
+  return sentence;
 }
 
-std::string LostPacketsText(const DeviceBase& device) {
+qor::Sentence LostPackets(const DeviceBase& device) {
   const int count = device.FailedTransactions();
-  const char* words = count == 1 ? "{1} packet did not get through" : "{1} packets did not get through";
-  return WithReason(qor::Format(words, {count}), device);
+  if (count == 1) return WithReason({"a packet did not get through", {}}, device);
+  return WithReason({"{1} packets did not get through", {count}}, device);
 }
 
 }  // namespace TCBase

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
+
 #include "device/DeviceBase.h"
 #include "worker/JobControl.h"
 
@@ -10,6 +12,8 @@ namespace TCBase {
 struct JobContext {
   DeviceContext device;
   JobControl& control;
+  /// Told what the job is doing with the device now.
+  std::function<void(qor::Sentence)> working = [](const qor::Sentence&) {};
 };
 
 }  // namespace TCBase

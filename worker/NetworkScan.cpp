@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "worker/NetworkScan.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "device/TC421/Packets.h"
 #include "device/TC421/Reply.h"
 #include "device/UdpPort.h"
@@ -38,7 +41,7 @@ std::optional<OpenFailure> ScanNetwork(std::vector<DeviceInfo>& found, float tim
   std::string question;
   TC421::Packet_Find().Serialize(question);
   for (int attempt = 0; attempt < Attempts && found.empty(); ++attempt) {
-    if (!port.SendTo(Everybody, question)) return OpenFailure{port.LastErrorText()};
+    if (!port.SendTo(Everybody, question)) return OpenFailure{qor::Verbatim(port.LastErrorText())};
     const Stopwatch listening(context.clock);
     while (listening.Elapsed() < static_cast<double>(timeoutSeconds)) {
       ReceiveAnswer(port, question, found);
@@ -46,6 +49,11 @@ std::optional<OpenFailure> ScanNetwork(std::vector<DeviceInfo>& found, float tim
     }
   }
   return std::nullopt;
+}
+
+void SortByName(std::vector<DeviceInfo>& devices) {
+  std::ranges::stable_sort(
+      devices, {}, [](const DeviceInfo& device) { return std::pair(device.name, device.address.address); });
 }
 
 void NameAfterHost(DeviceInfo& device, const DeviceContext& context) {

@@ -16,6 +16,9 @@ namespace TCBase {
 std::optional<OpenFailure> ScanNetwork(std::vector<DeviceInfo>& found, float timeoutSeconds,
                                        const DeviceContext& context);
 
+/// The order of a list: by name, then by address, whoever answered first.
+void SortByName(std::vector<DeviceInfo>& devices);
+
 /// Names the device after its host where the network knows the host's name, within a second.
 void NameAfterHost(DeviceInfo& device, const DeviceContext& context);
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "worker/UploadJob.h"
 
-#include "QorLib/Format.h"
 #include "device/CreateDevice.h"
 #include "model/StepLimit.h"
 
@@ -23,11 +22,12 @@ ModesResult UploadModes(DeviceBase& device, const DeviceInfo& info, const Progra
   ModesResult result;
   for (std::size_t index = 0; index < modes.Size(); ++index) {
     const Mode& mode = modes[index];
+    job.working({"Mode {1} of {2}", {index + 1, modes.Size()}});
     const std::vector<ModeSample> samples = SamplesFor(info.kind, mode, log);
     log.Message("Uploading mode: {1}", {mode.name});
     if (!device.UploadMode(static_cast<int>(index), mode.name, samples)) {
       log.Message("Upload error");
-      result.refused += qor::Format(result.refused.empty() ? "'{1}'" : ", '{1}'", {mode.name});
+      result.refused += (result.refused.empty() ? "'" : ", '") + mode.name + "'";
     }
     job.device.clock.Sleep(ModePauseMilliseconds);
     if (job.control.TakeStop()) {
@@ -41,12 +41,12 @@ ModesResult UploadModes(DeviceBase& device, const DeviceInfo& info, const Progra
 
 DeviceOutcome OutcomeOf(const DeviceBase& device, const DeviceInfo& info, const ModesResult& modes) {
   const int lost = device.FailedTransactions();
-  const std::string lostText = lost > 0 ? LostPacketsText(device) : "";
   if (!modes.refused.empty()) {
-    return {info, Stage::Failed,
-            qor::Format("modes not taken: {1}{2}{3}", {modes.refused, lost > 0 ? "; " : "", lostText})};
+    qor::Sentence refused = {"modes not taken: {1}", {modes.refused}};
+    if (lost > 0) refused.reasons.push_back(LostPackets(device));
+    return {info, Stage::Failed, refused};
   }
-  if (lost > 0) return {info, Stage::Incomplete, lostText};
+  if (lost > 0) return {info, Stage::Incomplete, LostPackets(device)};
   return {info, modes.isCancelled ? Stage::Cancelled : Stage::Done, {}};
 }
 

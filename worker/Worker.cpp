@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "worker/Worker.h"
 
+#include <algorithm>
 #include <exception>
+#include <iterator>
+#include <utility>
 
 #include "platform/WindowMessage.h"
 #include "worker/NetworkScan.h"
@@ -10,6 +13,8 @@
 
 namespace TCBase {
 namespace {
+
+using Stage = DeviceOutcome::Stage;
 
 constexpr std::uint32_t PassPauseMilliseconds = 100;
 constexpr float ScanSeconds = 1.0F;
@@ -33,6 +38,17 @@ void Worker::Enqueue(std::function<void()> job) {
   ++unfinishedJobs_;
   const std::lock_guard lock(queueMutex_);
   jobs_.push_back(std::move(job));
+}
+
+void Worker::DropQueued() {
+  std::deque<std::function<void()>> dropped;
+  {
+    const std::lock_guard lock(queueMutex_);
+    jobs_.swap(dropped);
+  }
+  if (dropped.empty()) return;
+  unfinishedJobs_ -= static_cast<int>(dropped.size());
+  context_.log.Message("Dropped {1} job(s) that waited", {dropped.size()});
 }
 
 void Worker::StartUpload(std::vector<DeviceInfo> devices, Program::ModeListView modes) {
@@ -68,9 +84,19 @@ void Worker::SetNotification(void* window, std::uint32_t message) {
   notifyMessage_ = message;
 }
 
-std::vector<DeviceOutcome> Worker::Outcomes() {
+int Worker::WaitingJobs() {
+  const std::lock_guard lock(queueMutex_);
+  return static_cast<int>(jobs_.size());
+}
+
+std::optional<JobOutcomes> Worker::RunningJob() {
   const std::lock_guard lock(outcomesMutex_);
-  return outcomes_;
+  return runningJob_;
+}
+
+std::vector<JobOutcomes> Worker::TakeEndedJobs() {
+  const std::lock_guard lock(outcomesMutex_);
+  return std::exchange(endedJobs_, {});
 }
 
 std::vector<DeviceKind> Worker::UsbDevices() const {
@@ -112,7 +138,7 @@ void Worker::RunNextJob() {
   try {
     job();
   } catch (const std::exception& failed) {
-    context_.log.ForeignMessage(failed.what());  // the job's outcomes tell which devices were not reached
+    context_.log.Failure(qor::Verbatim(failed.what()));
   }
   --unfinishedJobs_;
 }
@@ -123,26 +149,54 @@ void Worker::StartForEach(std::vector<DeviceInfo> devices, DeviceJob job) {
 }
 
 void Worker::ForEachSelectedDevice(const std::vector<DeviceInfo>& devices, const DeviceJob& job) {
-  std::vector<DeviceOutcome> unreached;
-  for (const DeviceInfo& device : devices) {
-    if (device.selected) unreached.push_back({device, DeviceOutcome::Stage::NotReached, {}});
-  }
-  {
-    const std::lock_guard lock(outcomesMutex_);
-    outcomes_ = unreached;
-  }
-
+  std::vector<DeviceInfo> selected;
+  std::ranges::copy_if(devices, std::back_inserter(selected), &DeviceInfo::selected);
+  Begin(selected);
   control_.Take();  // a command that was meant for an earlier job
-  for (std::size_t i = 0; i < unreached.size(); ++i) {
-    const DeviceInfo& device = unreached[i].device;
+  for (std::size_t i = 0; i < selected.size(); ++i) {
+    const DeviceInfo& device = selected[i];
     context_.log.Message("Configuring device {1}", {device.name});
-    SetOutcome(i, job(device, {context_, control_}));
+    const DeviceOutcome outcome = Visit(i, device, job);
+    SetOutcome(i, outcome);
+    LogOutcome(outcome, context_.log);
     if (control_.TakeStop()) {
       context_.log.Message("Cancelled!");
-      return;
+      break;
     }
     context_.log.Message("Finished configuring device {1}", {device.name});
   }
+  End();
+}
+
+void Worker::Begin(const std::vector<DeviceInfo>& devices) {
+  const std::lock_guard lock(outcomesMutex_);
+  runningJob_ = JobOutcomes{++lastJob_, {}};
+  for (const DeviceInfo& device : devices) runningJob_->devices.push_back({device});
+}
+
+DeviceOutcome Worker::Visit(std::size_t index, const DeviceInfo& device, const DeviceJob& job) {
+  SetOutcome(index, {device, Stage::Connecting});
+  const auto working = [&](qor::Sentence what) {
+    SetOutcome(index, {device, Stage::Working, std::move(what)});
+  };
+  try {
+    return job(device, {context_, control_, working});
+  } catch (const std::exception& failed) {
+    return {device, Stage::Failed, qor::Verbatim(failed.what())};
+  }
+}
+
+/// What a stop kept from being visited was not reached.
+void Worker::End() {
+  JobOutcomes ended = *RunningJob();
+  for (DeviceOutcome& outcome : ended.devices) {
+    if (outcome.stage != Stage::Waiting) continue;
+    outcome.stage = Stage::NotReached;
+    LogOutcome(outcome, context_.log);
+  }
+  const std::lock_guard lock(outcomesMutex_);
+  runningJob_.reset();
+  endedJobs_.push_back(std::move(ended));
 }
 
 void Worker::NetworkScan(void* window, std::uint32_t message) {
@@ -150,7 +204,9 @@ void Worker::NetworkScan(void* window, std::uint32_t message) {
   std::vector<DeviceInfo> found;
   const std::optional<OpenFailure> failure = ScanNetwork(found, ScanSeconds, context_);
   context_.log.Message("Found {1} device(s)", {found.size()});
+  if (failure) context_.log.Failure({"The network could not be searched to the end", {}, {failure->text}});
   for (DeviceInfo& device : found) NameAfterHost(device, context_);
+  SortByName(found);
   {
     const std::lock_guard lock(networkMutex_);
     networkDevices_ = std::move(found);
@@ -159,9 +215,9 @@ void Worker::NetworkScan(void* window, std::uint32_t message) {
   platform::PostWindowMessage(window, message, 0, 0);
 }
 
-void Worker::SetOutcome(std::size_t index, DeviceOutcome outcome) {
+void Worker::SetOutcome(std::size_t index, const DeviceOutcome& outcome) {
   const std::lock_guard lock(outcomesMutex_);
-  outcomes_[index] = std::move(outcome);
+  runningJob_->devices[index] = outcome;
 }
 
 void Worker::ReportPresence(DeviceKind kind, bool isConnected) {

@@ -36,6 +36,8 @@ class Worker {
   void Stop();
 
   void Enqueue(std::function<void()> job);
+  /// Drops the jobs that wait, and says so in the log; the running one goes on.
+  void DropQueued();
 
   /// Uploads the modes to the selected devices in turn.
   void StartUpload(std::vector<DeviceInfo> devices, Program::ModeListView modes);
@@ -55,8 +57,13 @@ class Worker {
   JobControl& Control() { return control_; }
   /// Whether a job is queued or running.
   bool IsBusy() const { return unfinishedJobs_ > 0; }
-  /// How the last device job ended for each device that it was to visit.
-  std::vector<DeviceOutcome> Outcomes();
+  /// How many jobs wait for the running one to end.
+  int WaitingJobs();
+  /// The job that visits devices now, and how far it is with each; nothing while none does.
+  std::optional<JobOutcomes> RunningJob();
+  /// How the jobs ended that visited devices, oldest first, each given once. A job stands here before
+  /// `IsBusy` says that it is over.
+  std::vector<JobOutcomes> TakeEndedJobs();
   /// Which controllers the watch has seen on the USB.
   std::vector<DeviceKind> UsbDevices() const;
   /// What the last search of the network found, and what kept it from going through, if anything did.
@@ -70,8 +77,11 @@ class Worker {
   void RunNextJob();
   void StartForEach(std::vector<DeviceInfo> devices, DeviceJob job);
   void ForEachSelectedDevice(const std::vector<DeviceInfo>& devices, const DeviceJob& job);
+  void Begin(const std::vector<DeviceInfo>& devices);
+  DeviceOutcome Visit(std::size_t index, const DeviceInfo& device, const DeviceJob& job);
+  void End();
   void NetworkScan(void* window, std::uint32_t message);
-  void SetOutcome(std::size_t index, DeviceOutcome outcome);
+  void SetOutcome(std::size_t index, const DeviceOutcome& outcome);
   void ReportPresence(DeviceKind kind, bool isConnected);
 
   DeviceContext context_;
@@ -86,7 +96,9 @@ class Worker {
   std::atomic<std::uint32_t> notifyMessage_ = 0;  // 0: none yet
   JobControl control_;
   std::mutex outcomesMutex_;
-  std::vector<DeviceOutcome> outcomes_;
+  int lastJob_ = 0;  // its number
+  std::optional<JobOutcomes> runningJob_;
+  std::vector<JobOutcomes> endedJobs_;
   std::mutex networkMutex_;
   std::vector<DeviceInfo> networkDevices_;
   std::optional<OpenFailure> scanFailure_;

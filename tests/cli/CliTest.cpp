@@ -92,7 +92,7 @@ TEST_F(Cli, NeverCallsAFailedUploadDone) {
   const std::string path = NewProgram();
   EXPECT_EQ(Run({"upload", path, "--device", "tc420"}), cli::DeviceFailed);
   EXPECT_EQ(out, "Configuring device Orvanta 24\nConnect error\nFinished configuring device Orvanta 24\n");
-  EXPECT_EQ(err, "halvex: tc420: could not be opened: no such device\n");
+  EXPECT_EQ(err, "halvex: Orvanta 24: Not connected: no such device\n");
 
   hid.isDenied = true;
   EXPECT_EQ(Run({"upload", path, "--device", "tc420"}), cli::NoAccess);
@@ -100,9 +100,10 @@ TEST_F(Cli, NeverCallsAFailedUploadDone) {
   hid.plugged = TCBase::TC420UsbId;
   hid.unplugAfter = 3;
   EXPECT_EQ(Run({"upload", path, "--device", "tc420", "--device", "emulator"}), cli::DeviceFailed);
-  EXPECT_EQ(err,
-            "halvex: tc420: modes not taken: 'Normal', 'AlwaysOn'; 13 packets did not get through: "
-            "Ger\xC3\xA4t weg\n");
+  EXPECT_EQ(
+      err,
+      "halvex: Orvanta 24: Failed: modes not taken: 'Normal', 'AlwaysOn': 13 packets did not get through: "
+      "Ger\xC3\xA4t weg\n");
 }
 
 TEST_F(Cli, StopsAtAnInterruptAndSaysSo) {
@@ -118,8 +119,7 @@ TEST_F(Cli, StopsAtAnInterruptAndSaysSo) {
   EXPECT_EQ(
       out,
       "Configuring device TC420_Emulator\nUploading started\nUploading mode: Normal\nUploading finished\n"
-      "Cancelled!\n");
-  EXPECT_NE(err.find("emulator: stopped before the end"), std::string::npos) << err;
+      "TC420_Emulator: Stopped\nCancelled!\n");
 }
 
 TEST_F(Cli, ListsControllers) {

@@ -34,26 +34,25 @@ class Devices : public test::Cli {
 
 TEST_F(Devices, SayInATableHowItWentForEach) {
   EXPECT_EQ(Run({"clear", "--yes", "--device", "tc421@10.0.0.7,Reef", "--device", "emulator"}), cli::Done);
-  EXPECT_EQ(out.substr(out.find("tc421@")), "tc421@10.0.0.7,Reef  done\nemulator             done\n");
+  EXPECT_EQ(out.substr(out.find("tc421@")), "tc421@10.0.0.7,Reef  Done\nemulator             Done\n");
   EXPECT_EQ(
       Run({"sync-time", "--device", "tc421@10.0.0.8", "--device", "tc421@10.0.0.7", "--device", "tc420"}),
       cli::DeviceFailed);
   EXPECT_EQ(out.substr(out.find("tc421@")),
-            "tc421@10.0.0.8  the time did not get through: no answer\n"
-            "tc421@10.0.0.7  done\n"
-            "tc420           could not be opened: no such device\n");
+            "tc421@10.0.0.8  Failed: the time did not get through: no answer\n"
+            "tc421@10.0.0.7  Done\n"
+            "tc420           Not connected: no such device\n");
   EXPECT_EQ(LineCount(err), 2u) << err;
 
   network.isPortTaken = true;
   EXPECT_EQ(Run({"sync-time", "--device", "tc421@10.0.0.7"}), cli::NoAccess);
-  EXPECT_EQ(
-      err,
-      "halvex: tc421@10.0.0.7: could not be opened: UDP port 5000 of this computer is in use by another "
-      "program\n");
+  EXPECT_EQ(err,
+            "halvex: 10.0.0.7: Not connected: UDP port 5000 of this computer is in use by another "
+            "program\n");
   network.isPortTaken = false;
   network.failingCall = "sendto";
   EXPECT_EQ(Run({"clear", "--yes", "--device", "tc421@10.0.0.7"}), cli::DeviceFailed);
-  EXPECT_EQ(err, "halvex: tc421@10.0.0.7: the order to clear did not get through: no luck\n");
+  EXPECT_EQ(err, "halvex: 10.0.0.7: Failed: the order to clear did not get through: no luck\n");
   EXPECT_EQ(Run({"clear", "--yes", "--device", "tc421@10.0.0.1"}), cli::DeviceFailed);
   EXPECT_NE(err.find("this computer's own address"), std::string::npos) << err;
 }
@@ -118,7 +117,7 @@ TEST_F(Devices, AlwaysGetTheEndOfADemo) {
   const std::string sent = Sent();
   EXPECT_EQ(sent.substr(0, 2), "\x06\x01");
   EXPECT_EQ(sent.substr(sent.size() - 2), "\x03\x08");
-  EXPECT_NE(out.find("Demo finished\nCancelled!\n"), std::string::npos);
+  EXPECT_NE(out.find("Demo finished\n10.0.0.7: Stopped\nCancelled!\n"), std::string::npos);
 }
 
 TEST_F(Devices, PlayInTheTimeThatTheSettingsSay) {
@@ -153,7 +152,7 @@ TEST_F(Devices, ObeyTheKeysDuringADemo) {
   EXPECT_EQ(Run({"demo", path, "--device", "tc421@10.0.0.7", "--device", "emulator"}), cli::Done)
       << "to quit is no failure: " << err;
   EXPECT_EQ(Sent().substr(0, 2), "\x06\x01");
-  EXPECT_NE(out.find("emulator        not reached"), std::string::npos) << out;
+  EXPECT_NE(out.find("emulator        Not reached"), std::string::npos) << out;
 }
 
 TEST_F(Devices, JoinANetworkWithoutThePasswordOnTheCommandLine) {
@@ -185,7 +184,7 @@ TEST_F(Devices, AreOneProgramsAtATime) {
   hid.plugged = TCBase::TC420UsbId;
   locks.taken = {"tc420"};
   EXPECT_EQ(Run({"upload", path, "--device", "tc420"}), cli::NoAccess);
-  EXPECT_EQ(err, "halvex: tc420: could not be opened: in use by another program\n");
+  EXPECT_EQ(err, "halvex: Orvanta 24: Not connected: in use by another program\n");
   EXPECT_TRUE(hid.Reports().empty());
   EXPECT_EQ(Run({"devices"}), cli::Done) << "looking disturbs nobody";
   locks.taken = {"tc421@10.0.0.20"};

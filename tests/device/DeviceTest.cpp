@@ -49,6 +49,16 @@ TEST_F(CreateDevice, KnowsAllKinds) {
   EXPECT_TRUE(dynamic_cast<TC420::Mock*>(create(77).get()));
 }
 
+TEST(SameDevice, IsTheSameKindAtTheSameAddress) {
+  const auto at = [](const char* address, std::uint16_t port) {
+    return TCBase::NetworkDevice("Reef", platform::IPv4Address(platform::ParseIPv4(address)->address, port));
+  };
+  EXPECT_TRUE(TCBase::IsSameDevice(at("10.0.0.7", 5000), at("10.0.0.7", 1234)));
+  EXPECT_FALSE(TCBase::IsSameDevice(at("10.0.0.7", 5000), at("10.0.0.8", 5000)));
+  EXPECT_FALSE(
+      TCBase::IsSameDevice(at("10.0.0.7", 5000), TCBase::DeviceOfKind(TCBase::DeviceKind::TC421Usb)));
+}
+
 TEST_F(Emulator, RecordsWhatATC420WouldGet) {
   TC420::Mock device(context);
   const std::int64_t start = clock.Milliseconds();

@@ -99,7 +99,7 @@ TEST_F(UDPDevice, SaysWhyItCannotBeOpened) {
     network.failingCall = call;
     EXPECT_FALSE(device.Open());
     EXPECT_EQ(log.Texts(), Texts{"9:05:07:042 " + call + " error: no luck"});
-    EXPECT_EQ(device.OpenFault().text, call + " error: no luck");
+    EXPECT_EQ(device.OpenFault().text.In(qor::InEnglish), call + " error: no luck");
     EXPECT_EQ(device.OpenFault().denial, TCBase::Denial::None);
   }
   network.failingCall.clear();
@@ -107,6 +107,7 @@ TEST_F(UDPDevice, SaysWhyItCannotBeOpened) {
   ASSERT_TRUE(other.Open());
   EXPECT_FALSE(device.Open()) << "one at a time";
   EXPECT_EQ(log.Texts(), Texts{"9:05:07:042 bind error: Address already in use"});
-  EXPECT_EQ(device.OpenFault().text, "UDP port 5000 of this computer is in use by another program");
+  EXPECT_EQ(device.OpenFault().text.In(qor::InEnglish),
+            "UDP port 5000 of this computer is in use by another program");
   EXPECT_EQ(device.OpenFault().denial, TCBase::Denial::InUse);
 }

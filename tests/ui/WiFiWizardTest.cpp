@@ -97,7 +97,7 @@ TEST(WiFiWizard, SaysHowMuchRoomIsLeftAndWhyItStays) {
 TEST(WiFiWizard, SaysWhatCameOfItAndWhatToTry) {
   const auto text = [](Stage stage, const char* detail, bool isDenied) {
     const auto denial = isDenied ? TCBase::Denial::InUse : TCBase::Denial::None;
-    return UX::OutcomeText({{}, stage, detail, denial}, qor::InEnglish);
+    return UX::OutcomeText({{}, stage, qor::Verbatim(detail), denial}, qor::InEnglish);
   };
   EXPECT_EQ(text(Stage::Done, "", false).find("The controller has taken the settings"), 0U);
   EXPECT_EQ(text(Stage::NotConnected, "not plugged in", false),

@@ -316,21 +316,6 @@ TEST_F(Workbench, AsksAboutModesThatAreTooLongForATC420) {
   WaitForWorker();
 }
 
-TEST_F(Workbench, SaysWhoHasADevice) {
-  hid.plugged = TCBase::TC420UsbId;
-  locks.taken = {"tc420"};
-  bench.devices.Update({TCBase::DeviceKind::TC420}, {});
-  bench.Run(command::Upload);
-  WaitForWorker();
-  EXPECT_EQ(log.Texts(),
-            (Texts{"Configuring device Orvanta 24", "Connect error", "Finished configuring device Orvanta 24",
-                   "Orvanta 24: in use by another program"}));
-  bench.Run(command::ScanNetwork);
-  WaitForWorker();
-  EXPECT_EQ(log.Texts(), (Texts{"Searching for network devices...", "Found 0 device(s)"})) << "said once";
-  EXPECT_TRUE(hid.Reports().empty());
-}
-
 TEST_F(Workbench, ClearsDevicesOnlyWhenToldSo) {
   bench.Run(command::AddEmulator);
   bench.Run(32793);

@@ -71,13 +71,24 @@ TEST_F(NetworkScan, EndsWhereTheNetworkFails) {
     network.failingCall = call;
     EXPECT_EQ(Scan(), Texts{});
     ASSERT_TRUE(failure) << call;
-    EXPECT_NE(failure->text.find("no luck"), std::string::npos);
+    EXPECT_NE(failure->text.In(qor::InEnglish).find("no luck"), std::string::npos);
   }
   EXPECT_TRUE(network.sent.empty());
   network.failingCall.clear();
   network.isPortTaken = true;
   Scan();
   EXPECT_TRUE(failure && failure->denial == TCBase::Denial::InUse);
+}
+
+TEST_F(NetworkScan, ListsByNameThenAddress) {
+  std::vector<TCBase::DeviceInfo> found;
+  for (const auto& [name, address] :
+       {std::pair{"reef", "10.0.0.9"}, {"lagoon", "10.0.0.8"}, {"reef", "10.0.0.7"}}) {
+    found.push_back(TCBase::NetworkDevice(name, *platform::ParseIPv4(address)));
+  }
+  TCBase::SortByName(found);
+  EXPECT_EQ(found[0].name, "lagoon");
+  EXPECT_EQ(platform::AddressText(found[1].address), "10.0.0.7");
 }
 
 TEST_F(NetworkScan, NamesDevicesAfterTheirHosts) {

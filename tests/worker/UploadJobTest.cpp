@@ -63,7 +63,7 @@ TEST_F(UploadJob, TakesOnASilentControllerNothingBeyondItsWaits) {
 TEST_F(UploadJob, ReportsADeviceThatIsNotThere) {
   const TCBase::DeviceOutcome outcome = Upload(TCBase::DeviceKind::TC420);
   EXPECT_EQ(outcome.stage, Stage::NotConnected);
-  EXPECT_EQ(outcome.detail, "no such device");
+  EXPECT_EQ(outcome.detail.In(qor::InEnglish), "no such device");
   EXPECT_EQ(log.Texts(), Texts{"Connect error"});
 }
 
@@ -75,7 +75,7 @@ TEST_F(UploadJob, KeepsGoingAfterAModeIsRefused) {
       TCBase::Upload(device, TCBase::DeviceOfKind(TCBase::DeviceKind::Emulator),
                      TCBase::Program::ModeListView(program), job);
   EXPECT_EQ(outcome.stage, Stage::Failed);
-  EXPECT_EQ(outcome.detail, "modes not taken: ''");
+  EXPECT_EQ(outcome.detail.In(qor::InEnglish), "modes not taken: ''");
   EXPECT_EQ(log.Texts(), (Texts{"Uploading started", "Uploading mode: A", "Uploading mode: ", "Upload error",
                                 "Uploading mode: C", "Uploading finished"}));
   EXPECT_EQ(device.Written()[14][5], 2) << "the third mode keeps its bank";

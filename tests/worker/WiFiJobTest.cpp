@@ -50,18 +50,24 @@ TEST_F(WiFiJob, EndsAtTheFirstPacketThatIsNotTaken) {
     std::int32_t security;
     const char* sent;
     const char* line;
+    const char* outcome;
   };
-  for (const Case& c :
-       {Case{3, 0, "\3\3\3", "Error setting open WiFi"}, Case{1, 1, "\1\1\1", "Error setting WiFi SSID"},
-        Case{2, 2, "\1\2\2\2", "Error setting WiFi password"}}) {
+  for (const Case& c : {Case{3, 0, "\3\3\3", "Error setting open WiFi",
+                             "Reef: Failed: the network's name did not get through: no answer"},
+                        Case{1, 1, "\1\1\1", "Error setting WiFi SSID",
+                             "Reef: Failed: the network's name did not get through: no answer"},
+                        Case{2, 2, "\1\2\2\2", "Error setting WiFi password",
+                             "Reef: Failed: the password did not get through: no answer"}}) {
     ignored = c.unanswered;
     EXPECT_EQ(SetUp(c.security).stage, Stage::Failed);
     EXPECT_EQ(kinds, c.sent);
-    EXPECT_EQ(log.Texts(), (Texts{"Setting up WiFi", c.line}));
+    EXPECT_EQ(log.Texts(), (Texts{"Setting up WiFi", c.line, c.outcome}));
   }
   network.isPortTaken = true;
   EXPECT_EQ(SetUp(0).denial, TCBase::Denial::InUse);
-  EXPECT_EQ(log.Texts(), Texts{"Connect error"});
+  EXPECT_EQ(log.Texts(), (Texts{"Connect error",
+                                "Reef: Not connected: UDP port 5000 of this computer is in use "
+                                "by another program"}));
 }
 
 TEST(WiFiSettings, AreRefusedWhenTheyWouldNotArriveWhole) {

@@ -3,7 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
+#include <iterator>
 #include <stdexcept>
 #include <thread>
 
@@ -15,7 +17,6 @@
 #include "tests/support/VirtualClock.h"
 
 using Texts = std::vector<std::string>;
-using Stage = TCBase::DeviceOutcome::Stage;
 
 namespace {
 
@@ -23,6 +24,21 @@ class WorkerTest : public testing::Test {
  protected:
   static void WaitFor(TCBase::Worker& worker) {
     while (worker.IsBusy()) std::this_thread::yield();
+  }
+
+  static Texts TextsOf(const TCBase::JobOutcomes& job) {
+    Texts texts = {std::to_string(job.number)};
+    for (const TCBase::DeviceOutcome& outcome : job.devices) {
+      texts.push_back(outcome.device.name + ": " + TCBase::SentenceOf(outcome).In(qor::InEnglish));
+    }
+    return texts;
+  }
+  /// The ended jobs, each as its number and its devices.
+  static Texts Ended(TCBase::Worker& worker) {
+    Texts texts;
+    for (const TCBase::JobOutcomes& job : worker.TakeEndedJobs())
+      std::ranges::copy(TextsOf(job), std::back_inserter(texts));
+    return texts;
   }
 
   std::vector<TCBase::DeviceInfo> Emulators(int count) {
@@ -78,9 +94,7 @@ TEST_F(Worker, VisitsTheSelectedDevicesOnly) {
                                 "Uploading finished", "Finished configuring device E1",
                                 "Configuring device E3", "Uploading started", "Uploading mode: Normal",
                                 "Uploading finished", "Finished configuring device E3"}));
-  const std::vector<TCBase::DeviceOutcome> outcomes = worker.Outcomes();
-  ASSERT_EQ(outcomes.size(), 2u);
-  EXPECT_TRUE(outcomes[0].IsDone() && outcomes[1].IsDone());
+  EXPECT_EQ(Ended(worker), (Texts{"1", "E1: Done", "E3: Done"}));
 }
 
 TEST_F(Worker, GoesOnAfterADeviceThatFails) {
@@ -89,8 +103,8 @@ TEST_F(Worker, GoesOnAfterADeviceThatFails) {
   devices[0].kind = TCBase::DeviceKind::TC420;
   worker.StartUpload(devices, TCBase::Program::ModeListView(OneMode()));
   WaitFor(worker);
-  EXPECT_EQ(worker.Outcomes()[0].stage, Stage::NotConnected);
-  EXPECT_TRUE(worker.Outcomes()[1].IsDone());
+  EXPECT_EQ(Ended(worker), (Texts{"1", "E1: Not connected: no such device", "E2: Done"}));
+  EXPECT_EQ(log.Texts()[2], "E1: Not connected: no such device");
 }
 
 TEST_F(Worker, StopsBeforeTheNextDevice) {
@@ -99,10 +113,46 @@ TEST_F(Worker, StopsBeforeTheNextDevice) {
   worker.StartUpload(Emulators(3), TCBase::Program::ModeListView(OneMode()));
   WaitFor(worker);
   EXPECT_EQ(log.Texts(), (Texts{"Configuring device E1", "Uploading started", "Uploading mode: Normal",
-                                "Uploading finished", "Cancelled!"}));
-  EXPECT_EQ(worker.Outcomes()[0].stage, Stage::Done) << "its one mode was sent";
-  EXPECT_EQ(worker.Outcomes()[1].stage, Stage::NotReached);
-  EXPECT_EQ(worker.Outcomes()[2].stage, Stage::NotReached);
+                                "Uploading finished", "Cancelled!", "E2: Not reached", "E3: Not reached"}));
+  EXPECT_EQ(Ended(worker), (Texts{"1", "E1: Done", "E2: Not reached", "E3: Not reached"}))
+      << "the one mode of the first was sent";
+}
+
+TEST_F(Worker, KeepsTheOutcomesOfEachJobAndTellsHowFarItIs) {
+  TCBase::Worker worker(context, TCBase::Worker::UsbWatch::Off);
+  std::vector<Texts> seen;
+  bool isDropped = false;
+  const std::vector<std::string> telling = {"Configuring device E1", "Uploading mode: AlwaysOn",
+                                            "Configuring device E2"};
+  log.OnLine([&] {
+    for (const std::string& line : log.Texts()) {
+      if (std::ranges::count(telling, line) > 0) seen.push_back(TextsOf(worker.RunningJob().value()));
+      if (line == "Configuring device E2" && worker.WaitingJobs() == 2) worker.DropQueued();
+      isDropped |= line == "Dropped 2 job(s) that waited";
+    }
+  });
+  std::vector<TCBase::DeviceInfo> devices = Emulators(2);
+  devices[0].kind = TCBase::DeviceKind::TC421Usb;
+  worker.Enqueue([&] {
+    worker.StartUpload(devices, TCBase::Program::ModeListView(OneMode()));
+    worker.StartTimeSync(Emulators(1), {});
+  });
+  WaitFor(worker);
+  EXPECT_EQ(Ended(worker), (Texts{"1", "E1: Not connected: no such device", "E2: Done", "2", "E1: Done"}));
+  seen.clear();
+  worker.Enqueue([&] {
+    worker.StartUpload(Emulators(2), TCBase::Program::ModeListView(TCBase::NewProgram(qor::InEnglish)));
+    worker.StartTimeSync(Emulators(1), {});
+    worker.StartClearAll(Emulators(1));
+  });
+  WaitFor(worker);
+  EXPECT_EQ(seen, (std::vector<Texts>{{"3", "E1: Waiting", "E2: Waiting"},
+                                      {"3", "E1: Mode 2 of 2", "E2: Waiting"},
+                                      {"3", "E1: Done", "E2: Waiting"},
+                                      {"3", "E1: Done", "E2: Mode 2 of 2"}}));
+  EXPECT_TRUE(isDropped);
+  EXPECT_EQ(Ended(worker), (Texts{"3", "E1: Done", "E2: Done"}));
+  EXPECT_FALSE(worker.RunningJob());
 }
 
 TEST_F(Worker, DropsAStopThatWasMeantForNothing) {

@@ -121,10 +121,14 @@ UX::WiFiSearch SampleNetworks() {
 
 DeviceOutcome SampleOutcome(const std::string& outcome, const TCBase::DeviceInfo& device) {
   if (outcome == "failed") {
-    return {device, DeviceOutcome::Stage::Failed, "the password did not get through: no answer"};
+    return {
+        device, DeviceOutcome::Stage::Failed, {"the password did not get through", {}, {{"no answer", {}}}}};
   }
   if (outcome == "denied") {
-    return {device, DeviceOutcome::Stage::NotConnected, "port 5000 is in use by another program", true};
+    return {device,
+            DeviceOutcome::Stage::NotConnected,
+            {"port 5000 is in use by another program", {}},
+            TCBase::Denial::InUse};
   }
   return {device, DeviceOutcome::Stage::Done, {}};
 }

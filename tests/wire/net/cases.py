@@ -159,7 +159,7 @@ def upload_to_two(lab):
     run = lab.halvex('upload', lab.presets(), *TO_ONE, *TO_TWO)
     run.ended(0)
     run.log_has(*upload_log(ONE), *upload_log('reef'))
-    expect(outcomes(run) == {TO_ONE[1]: 'done', TO_TWO[1]: 'done'}, f'the table says {outcomes(run)}')
+    expect(outcomes(run) == {TO_ONE[1]: 'Done', TO_TWO[1]: 'Done'}, f'the table says {outcomes(run)}')
     one.heard_only(tc421.upload(ONE))
     two.heard_only(tc421.upload('reef'))
     for controller in one, two:
@@ -203,7 +203,7 @@ def upload_to_a_silent_one_first(lab):
     silent.heard_only(tc421.mode(0, ONE)[:1] * 3 + tc421.mode(1, ONE)[:1] * 3)
     good.heard_only(tc421.upload('reef'))
     said = outcomes(run)
-    expect(said.get(TO_TWO[1]) == 'done' and said.get(TO_ONE[1], 'done') != 'done', f'the table says {said}')
+    expect(said.get(TO_TWO[1]) == 'Done' and said.get(TO_ONE[1], 'Done') != 'Done', f'the table says {said}')
     expect(run.seconds < 20, f'two waits of 6 s took {run.seconds:.1f} s')
 
 

@@ -187,7 +187,7 @@ def devices(case):
 def interrupted_upload(case):
     case.arrived('tc420', frames.tc420_mode(0) + frames.TC420_CLOSE)
     case.log('upload', ['Configuring device Orvanta 24', 'Uploading started', 'Uploading mode: Normal',
-                        'Uploading finished', 'Cancelled!'])
+                        'Uploading finished', 'Orvanta 24: Stopped', 'Cancelled!'])
     case.status('upload', 130)
 
 
@@ -234,8 +234,9 @@ def both_models_in_one_call(case):
     case.log('list', ['tc420  Orvanta 24  USB', 'tc421  Orvanta 24 Wi-Fi  USB'])
     case.status('upload', 0)
     case.status('mute', 1)
-    for run, last in (('upload', 'done'), ('mute', "modes not taken: 'AlwaysOn'; 1 packet did not get through: no answer")):
-        wanted = ['tc420  done', 'tc421  ' + last]
+    for run, last in (('upload', 'Done'),
+                      ('mute', "Failed: modes not taken: 'AlwaysOn': a packet did not get through: no answer")):
+        wanted = ['tc420  Done', 'tc421  ' + last]
         if case.lines(run + '.out')[-2:] != wanted:
             raise Failure(f'the table of "{run}" is {case.lines(run + ".out")[-2:]} and not {wanted}')
 

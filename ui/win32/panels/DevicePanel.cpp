@@ -39,25 +39,17 @@ CheckRow DevicePanel::RowOf(const TCBase::DeviceInfo& device) const {
     case DeviceRoute::Emulator: row.info = context_.workbench.services.texts.Translator()("emulator"); break;
   }
   if (const TCBase::DeviceOutcome* outcome = context_.workbench.devices.LastOutcome(device)) {
-    const std::string result = ResultOf(*outcome);
-    row.info += "  " + result;
-    row.tip = device.name + ": " + (outcome->detail.empty() ? result : outcome->detail);
-    row.tone = outcome->IsDone() ? CheckRow::Tone::Usual : CheckRow::Tone::Error;
+    const auto translate = context_.workbench.services.texts.Translator();
+    qor::Sentence sentence = TCBase::SentenceOf(*outcome);
+    row.tip = device.name + ": " + sentence.In(translate);
+    sentence.reasons.clear();
+    row.info += "  " + sentence.In(translate);
+    using Stage = TCBase::DeviceOutcome::Stage;
+    const bool isFault = outcome->stage == Stage::NotConnected || outcome->stage == Stage::Failed ||
+                         outcome->stage == Stage::Incomplete;
+    row.tone = isFault ? CheckRow::Tone::Error : CheckRow::Tone::Usual;
   }
   return row;
-}
-
-std::string DevicePanel::ResultOf(const TCBase::DeviceOutcome& outcome) const {
-  const auto translate = context_.workbench.services.texts.Translator();
-  switch (outcome.stage) {
-    case TCBase::DeviceOutcome::Stage::Done: return translate("Done");
-    case TCBase::DeviceOutcome::Stage::NotReached:
-    case TCBase::DeviceOutcome::Stage::NotConnected: return translate("Not connected");
-    case TCBase::DeviceOutcome::Stage::Failed: return translate("Failed");
-    case TCBase::DeviceOutcome::Stage::Incomplete: return translate("Incomplete");
-    case TCBase::DeviceOutcome::Stage::Cancelled: return translate("Cancelled!");
-  }
-  return {};
 }
 
 int DevicePanel::LeastWidth() const {

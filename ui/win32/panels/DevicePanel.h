@@ -22,7 +22,6 @@ class DevicePanel {
 
  private:
   CheckRow RowOf(const TCBase::DeviceInfo& device) const;
-  std::string ResultOf(const TCBase::DeviceOutcome& outcome) const;
 
   const PanelContext& context_;
   HWND heading_;
