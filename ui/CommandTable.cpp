@@ -73,7 +73,7 @@ constexpr CommandRow Table[] = {
     Line(Menu::Device),
     Item(Menu::Device, command::ScanNetwork, "Scan WiFi devices", When::NoDemo, ScanNetwork),
     Line(Menu::Device),
-    Item(Menu::Device, 32911, "Setup TC421 WiFi", When::NoDemo, SetUpWiFi),
+    Item(Menu::Device, command::SetUpWiFi, "Setup TC421 WiFi", When::NoDemo, SetUpWiFi),
     Line(Menu::Device),
     Item(Menu::Device, command::AddEmulator, "Add emulator", When::Always, AddEmulator),
 
@@ -142,6 +142,7 @@ constexpr CommandRow Table[] = {
     Item(Menu::None, command::MoveModeUp, "Move up", When::NoDemo, MoveModeUp),
     Item(Menu::None, command::MoveModeDown, "Move down", When::NoDemo, MoveModeDown),
     Item(Menu::None, command::PauseDemo, "Pause demo", When::Demo, PauseDemo),
+    Item(Menu::None, command::CancelJob, "Cancel", When::NoDemo, CancelJob),
 };
 
 constexpr MenuTitle Bar[MenuBarLength] = {

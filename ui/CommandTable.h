@@ -88,6 +88,7 @@ inline constexpr int Upload = 32792;
 inline constexpr int PlayDemo = 32794;
 inline constexpr int StopDemo = 32795;
 inline constexpr int ScanNetwork = 32910;
+inline constexpr int SetUpWiFi = 32911;
 inline constexpr int AddEmulator = 32929;
 inline constexpr int Logging = 32774;
 inline constexpr int CopySteps = 32908;
@@ -108,6 +109,7 @@ inline constexpr int DeleteMode = 33003;
 inline constexpr int MoveModeUp = 33004;
 inline constexpr int MoveModeDown = 33005;
 inline constexpr int PauseDemo = 33006;
+inline constexpr int CancelJob = 33007;
 }  // namespace command
 
 }  // namespace UX

@@ -36,6 +36,8 @@ void PauseDemo(Workbench& workbench);
 void SetDemoSpeed(Workbench& workbench, int seconds);
 void AskDemoSpeed(Workbench& workbench);
 void ScanNetwork(Workbench& workbench);
+/// Stops the running job in order, and drops those that wait behind it.
+void CancelJob(Workbench& workbench);
 void SetUpWiFi(Workbench& workbench);
 void AddEmulator(Workbench& workbench);
 

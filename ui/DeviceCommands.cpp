@@ -11,6 +11,8 @@
 namespace UX {
 namespace {
 
+using JobKind = Workbench::JobKind;
+
 /// The picked devices; says so when there are none.
 std::vector<TCBase::DeviceInfo> PickedDevices(Workbench& workbench) {
   std::vector<TCBase::DeviceInfo> picked = workbench.devices.Picked();
@@ -19,6 +21,11 @@ std::vector<TCBase::DeviceInfo> PickedDevices(Workbench& workbench) {
                            workbench.Text({"Please select a device in the list first.", {}}));
   }
   return picked;
+}
+
+void StartTimeSync(Workbench& workbench, const std::vector<TCBase::DeviceInfo>& picked,
+                   const TCBase::SYSTEMTIME& time) {
+  workbench.StartJob(JobKind::Devices, [&](TCBase::Worker& worker) { worker.StartTimeSync(picked, time); });
 }
 
 bool IsTooLong(const TCBase::Mode& mode) {
@@ -58,8 +65,7 @@ bool MayUpload(Workbench& workbench, const std::vector<TCBase::DeviceInfo>& pick
 void SyncTime(Workbench& workbench) {
   const auto picked = PickedDevices(workbench);
   if (picked.empty()) return;
-  workbench.services.worker.StartTimeSync(picked, workbench.services.clock.LocalTime());
-  workbench.JobStarted();
+  StartTimeSync(workbench, picked, workbench.services.clock.LocalTime());
 }
 
 void SetTime(Workbench& workbench) {
@@ -67,8 +73,7 @@ void SetTime(Workbench& workbench) {
   if (picked.empty()) return;
   TCBase::SYSTEMTIME time = workbench.services.clock.LocalTime();
   if (!workbench.dialogs.EditDateTime(time)) return;
-  workbench.services.worker.StartTimeSync(picked, time);
-  workbench.JobStarted();
+  StartTimeSync(workbench, picked, time);
 }
 
 void UploadProgram(Workbench& workbench) {
@@ -82,9 +87,9 @@ void UploadProgram(Workbench& workbench) {
     return;
   }
   if (!MayUpload(workbench, picked, modes)) return;
-  workbench.services.worker.StartUpload(picked,
-                                        TCBase::Program::ModeListView(workbench.document.Program(), modes));
-  workbench.JobStarted();
+  workbench.StartJob(JobKind::Devices, [&](TCBase::Worker& worker) {
+    worker.StartUpload(picked, TCBase::Program::ModeListView(workbench.document.Program(), modes));
+  });
 }
 
 void ClearAll(Workbench& workbench) {
@@ -95,8 +100,7 @@ void ClearAll(Workbench& workbench) {
                                              {workbench.devices.PickedNames()}}),
                              false, Answer::No};
   if (workbench.dialogs.Ask(question) != Answer::Yes) return;
-  workbench.services.worker.StartClearAll(picked);
-  workbench.JobStarted();
+  workbench.StartJob(JobKind::Devices, [&](TCBase::Worker& worker) { worker.StartClearAll(picked); });
 }
 
 void PlayDemo(Workbench& workbench) {
@@ -138,12 +142,21 @@ void AskDemoSpeed(Workbench& workbench) {
 }
 
 void ScanNetwork(Workbench& workbench) {
-  workbench.services.worker.StartNetworkScan(workbench.window);
-  workbench.JobStarted();
+  workbench.StartJob(JobKind::Scan,
+                     [&](TCBase::Worker& worker) { worker.StartNetworkScan(workbench.window); });
+}
+
+void CancelJob(Workbench& workbench) {
+  workbench.CancelJobs();
 }
 
 void SetUpWiFi(Workbench& workbench) {
-  if (workbench.services.worker.IsBusy()) return;  // it may be talking to the very controller
+  if (workbench.services.worker.IsBusy()) {  // it may be talking to the very controller
+    workbench.dialogs.Tell(
+        workbench.Text({"Setup TC421 WiFi", {}}),
+        workbench.Text({"A job is still running. Set up the WiFi when it has ended.", {}}));
+    return;
+  }
   workbench.dialogs.RunWiFiWizard();
 }
 

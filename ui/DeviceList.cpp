@@ -7,6 +7,7 @@ namespace UX {
 
 using TCBase::DeviceInfo;
 using TCBase::DeviceKind;
+using TCBase::IsSameDevice;
 
 void DeviceList::Update(const std::vector<DeviceKind>& usb, const std::vector<DeviceInfo>& network) {
   std::vector<DeviceInfo> now;
@@ -29,7 +30,7 @@ bool DeviceList::AddEmulator() {
 void DeviceList::Replace(std::vector<DeviceInfo> devices) {
   for (DeviceInfo& device : devices) {
     const auto before = std::ranges::find_if(
-        devices_, [&device](const DeviceInfo& other) { return TCBase::IsSameDevice(device, other); });
+        devices_, [&device](const DeviceInfo& other) { return IsSameDevice(device, other); });
     device.selected = before != devices_.end() && before->selected;
   }
   if (devices_.empty() && devices.size() == 1) devices[0].selected = true;
@@ -55,18 +56,9 @@ std::string DeviceList::PickedNames() const {
   return names;
 }
 
-void DeviceList::SetOutcomes(const std::vector<TCBase::DeviceOutcome>& outcomes) {
-  for (const TCBase::DeviceOutcome& outcome : outcomes) {
-    std::erase_if(outcomes_, [&outcome](const TCBase::DeviceOutcome& former) {
-      return TCBase::IsSameDevice(former.device, outcome.device);
-    });
-    outcomes_.push_back(outcome);
-  }
-}
-
 const TCBase::DeviceOutcome* DeviceList::LastOutcome(const DeviceInfo& device) const {
   const auto found = std::ranges::find_if(outcomes_, [&device](const TCBase::DeviceOutcome& outcome) {
-    return TCBase::IsSameDevice(outcome.device, device);
+    return IsSameDevice(outcome.device, device);
   });
   return found != outcomes_.end() ? &*found : nullptr;
 }

@@ -27,8 +27,8 @@ class DeviceList {
   /// Their names, as a sentence lists them.
   std::string PickedNames() const;
 
-  /// How the last job ended; devices that it was not for keep what they had.
-  void SetOutcomes(const std::vector<TCBase::DeviceOutcome>& outcomes);
+  /// How far a job is with its devices, or how it ended. What former jobs left is gone then.
+  void Show(const std::vector<TCBase::DeviceOutcome>& job) { outcomes_ = job; }
   const TCBase::DeviceOutcome* LastOutcome(const TCBase::DeviceInfo& device) const;
 
  private:

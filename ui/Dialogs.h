@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -32,11 +33,15 @@ struct ValueRequest {
 
 struct ModeNameRequest {
   std::string title, name, description;
+  /// Why what was entered cannot be taken, or nothing; the dialog says it and stays. May be missing.
+  std::function<std::string(const ModeNameRequest&)> fault = {};
 };
 
 struct StepsRequest {
   std::string title;
   std::string text;  // steps, one a line
+  /// As in ModeNameRequest.
+  std::function<std::string(const StepsRequest&)> fault = {};
 };
 
 class Dialogs {

@@ -77,6 +77,10 @@ TCBase::Mode DarkMode() {
 
 bool AskModeName(Workbench& workbench, const char* title, TCBase::Mode& mode) {
   ModeNameRequest request{workbench.Text({title, {}}), mode.name, mode.description};
+  request.fault = [&workbench](const ModeNameRequest& typed) {
+    const bool isNamed = typed.name.find_first_not_of(' ') != std::string::npos;
+    return isNamed ? "" : workbench.Text({"A mode needs a name.", {}});
+  };
   if (!workbench.dialogs.EditModeName(request)) return false;
   mode.name = request.name;
   mode.description = request.description;

@@ -160,7 +160,7 @@ void ProgramInfo(Workbench& workbench) {
 }
 
 void Exit(Workbench& workbench) {
-  if (workbench.MayDropProgram()) workbench.view.Close();
+  workbench.End();
 }
 
 }  // namespace UX

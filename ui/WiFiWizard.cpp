@@ -14,7 +14,15 @@ using TCBase::DeviceOutcome;
 using TCBase::WiFiFault;
 using TCBase::WiFiSettings;
 
-constexpr std::int32_t Wpa2Security = 2;
+/// The number for a kind of security in the controller's packets.
+std::int32_t NumberOf(WiFiSecurity security) {
+  switch (security) {
+    case WiFiSecurity::Open: return WiFiSettings::Open;
+    case WiFiSecurity::Number1: return 1;
+    default: return 2;
+  }
+}
+
 // Room for what can be typed, so that no copy of a password is left behind where it grew.
 constexpr std::size_t PasswordRoom = 1024;
 
@@ -26,6 +34,19 @@ bool IsStronger(const WiFiNetwork& a, const WiFiNetwork& b) {
 bool Covers(const WiFiNetwork& offered, const WiFiNetwork& other) {
   return offered.name == other.name &&
          (offered.security == other.security || other.security == WiFiSecurity::Invalid);
+}
+
+std::string AdviceText(TCBase::Denial denial, const qor::Translate& translate) {
+  switch (denial) {
+    case TCBase::Denial::InUse:
+      return translate("Another program is using the controller or its port. Close it and send again.");
+    case TCBase::Denial::NoPermission:
+      return translate("The system does not let this program open the controller.");
+    case TCBase::Denial::None: break;
+  }
+  return translate(
+      "The controller has not confirmed the settings. Check that it is connected and switched on, then send "
+      "again.");
 }
 
 }  // namespace
@@ -61,6 +82,7 @@ std::string SecurityText(WiFiSecurity security, const qor::Translate& translate)
   switch (security) {
     case WiFiSecurity::Open: return translate("Open");
     case WiFiSecurity::WPA2: return "WPA2";
+    case WiFiSecurity::Number1: return translate("Protected, number 1");
     case WiFiSecurity::Invalid: break;
   }
   return translate("Invalid");
@@ -79,11 +101,7 @@ std::string OutcomeText(const DeviceOutcome& outcome, const qor::Translate& tran
   }
   std::string text;
   if (outcome.stage == DeviceOutcome::Stage::NotConnected) text = translate("Connect error") + ".\r\n";
-  text += outcome.denial != TCBase::Denial::None
-              ? translate("Another program is using the controller or its port. Close it and send again.")
-              : translate(
-                    "The controller has not taken the settings. Check that it is connected and switched on, "
-                    "then send again.");
+  text += AdviceText(outcome.denial, translate);
   if (outcome.detail) text += "\r\n(" + outcome.detail.In(translate) + ")";
   return text;
 }
@@ -110,10 +128,9 @@ void WiFiWizard::ChooseController(std::size_t index) {
 }
 
 void WiFiWizard::SetNetwork(std::string_view name, WiFiSecurity security) {
-  const bool isOpen = security == WiFiSecurity::Open;
   security_ = security;
   settings_.ssid = name;
-  settings_.security = isOpen ? WiFiSettings::Open : Wpa2Security;
+  settings_.security = NumberOf(security);
 }
 
 void WiFiWizard::SetPassword(std::string_view password) {
@@ -142,7 +159,12 @@ std::string WiFiWizard::Remark(const qor::Translate& translate) const {
     return qor::Format(translate("Too long for the controller: {1} of at most {2} bytes"), {bytes, most});
   }
   if (isName && security_ == WiFiSecurity::Invalid) {
-    return translate("The controller cannot join a network with this kind of security.");
+    return translate(
+        "It is not known whether the controller can join a network of this kind. Choose a security to try "
+        "it.");
+  }
+  if (isName && security_ == WiFiSecurity::Number1) {
+    return translate("What the controller makes of this number is not known.");
   }
   return qor::Format(translate("{1} of at most {2} bytes"), {bytes, most});
 }

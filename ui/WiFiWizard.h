@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,8 +14,9 @@ namespace UX {
 
 enum class WiFiPage { Controller, Network, Password, Send };
 
-/// How a network is protected, as far as a controller can join it.
-enum class WiFiSecurity { Open, WPA2, Invalid };
+/// How a network is protected, as a controller is told: open, or by one of two numbers, of which the second
+/// is WPA2. Invalid is a kind for which no number is known.
+enum class WiFiSecurity { Open, WPA2, Number1, Invalid };
 
 struct WiFiNetwork {
   std::string name;  // the bytes that the network sends, which need not be UTF-8; empty when it is hidden
@@ -65,6 +67,8 @@ class WiFiWizard {
   void ChooseController(std::size_t index);
 
   void SetNetwork(std::string_view name, WiFiSecurity security);
+  /// The number, 0 to 255, that goes along with the name of a protected network.
+  void SetEncryption(std::int32_t number) { settings_.encryption = std::clamp(number, 0, 255); }
   WiFiSecurity Security() const { return security_; }
   void SetPassword(std::string_view password);
   /// What is sent to the controller.

@@ -162,10 +162,10 @@ void Workbench::SetDemoSeconds(int seconds) {
 
 void Workbench::StartDemo(const std::vector<TCBase::DeviceInfo>& picked) {
   editor.FinishRun();
-  services.worker.StartDemo(picked,
-                            TCBase::Program::ModeListView(document.Program(), {document.CurrentMode()}),
-                            {DemoSeconds(), 0});
-  JobStarted();
+  StartJob(JobKind::Demo, [&](TCBase::Worker& worker) {
+    worker.StartDemo(picked, TCBase::Program::ModeListView(document.Program(), {document.CurrentMode()}),
+                     {DemoSeconds(), 0});
+  });
   SetDemoRunning(true);
 }
 
@@ -197,9 +197,39 @@ std::int64_t Workbench::Milliseconds() const {
   return services.clock.Counter() / (services.clock.Frequency() / 1000);
 }
 
+// Jobs
+
+void Workbench::StartJob(JobKind kind, const std::function<void(TCBase::Worker&)>& start) {
+  if (services.worker.IsBusy()) Say({"This job begins when the one before it has ended.", {}});
+  start(services.worker);
+  wasBusy_ = true;
+  isWorking_ = isWorking_ || kind == JobKind::Devices;
+  view.Refresh();
+}
+
+qor::Sentence Workbench::Activity() const {
+  using Stage = TCBase::DeviceOutcome::Stage;
+  if (endingWith_) return {"The window closes when the job has ended.", {}};
+  if (!runningJob_) return {};
+  for (const TCBase::DeviceOutcome& device : runningJob_->devices) {
+    if (device.stage != Stage::Connecting && device.stage != Stage::Working) continue;
+    qor::Sentence sentence = qor::Verbatim(device.device.name);
+    sentence.reasons.push_back(TCBase::SentenceOf(device));
+    return sentence;
+  }
+  return {};
+}
+
+void Workbench::CancelJobs() {
+  services.worker.DropQueued();
+  isStopWanted_ = true;
+  services.worker.Control().Post(TCBase::JobControl::Stop);
+}
+
 void Workbench::TakeOutcomes() {
-  for (const TCBase::JobOutcomes& ended : services.worker.TakeEndedJobs()) devices.SetOutcomes(ended.devices);
-  if (const auto running = services.worker.RunningJob()) devices.SetOutcomes(running->devices);
+  for (const TCBase::JobOutcomes& ended : services.worker.TakeEndedJobs()) devices.Show(ended.devices);
+  runningJob_ = services.worker.RunningJob();
+  if (runningJob_) devices.Show(runningJob_->devices);
 }
 
 bool Workbench::Tick() {
@@ -208,10 +238,41 @@ bool Workbench::Tick() {
   const bool hasEnded = wasBusy_ && !isBusy;
   wasBusy_ = isBusy;
   if (hasEnded || isBusy) TakeOutcomes();
-  // A demo that is still connecting drops what is posted to it.
-  if (isStopWanted_ && isBusy) services.worker.Control().Post(TCBase::JobControl::Stop);
+  if (!isBusy) isWorking_ = isStopWanted_ = false;
+  // A job that has not begun yet drops what is posted to it.
+  if (isStopWanted_) services.worker.Control().Post(TCBase::JobControl::Stop);
   if (isDemoRunning_ && !isBusy) SetDemoRunning(false);
-  return hasEnded;
+  if (endingWith_ && !isBusy) GoOnEnding();
+  return hasEnded || isBusy;
+}
+
+// The end
+
+void Workbench::End() {
+  if (!MayDropProgram()) return;
+  if (!services.worker.IsBusy()) return view.Close();
+  if (!MayWaitForJobs()) return;
+  endingWith_ = document.Program();
+  view.Refresh();
+}
+
+/// A demo is stopped without a question: nothing is lost by it.
+bool Workbench::MayWaitForJobs() {
+  if (!IsWorking()) {
+    CancelJobs();
+    return true;
+  }
+  const Answer answer = dialogs.Ask(
+      {Text({"A job is still running.", {}}),
+       Text({"Stop it now? With No the window closes as soon as the job has ended.", {}}), true, Answer::No});
+  if (answer == Answer::Yes) CancelJobs();
+  return answer != Answer::Cancel;
+}
+
+void Workbench::GoOnEnding() {
+  const bool isDecided = *endingWith_ == document.Program();
+  endingWith_.reset();
+  isDecided ? view.Close() : End();
 }
 
 }  // namespace UX

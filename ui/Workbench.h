@@ -83,8 +83,21 @@ class Workbench {
   void DevicesChanged();
   /// The same for the search of the network, which may have failed.
   void ScanEnded();
-  /// To be called when a job was handed to the worker.
-  void JobStarted() { wasBusy_ = true; }
+
+  // Jobs
+  enum class JobKind { Devices, Demo, Scan };
+  /// Has `start` hand a job to the worker; the log tells when others come first.
+  void StartJob(JobKind kind, const std::function<void(TCBase::Worker&)>& start);
+  /// Whether controllers are being worked on, other than by a demo.
+  bool IsWorking() const { return isWorking_; }
+  /// What is happening then, for one line; nothing when there is nothing to say.
+  qor::Sentence Activity() const;
+  /// Ends what the worker does in order, and drops what waits.
+  void CancelJobs();
+
+  /// Asks what to do with changes and with a job that runs, and closes the window: at once, or as soon as the
+  /// job has ended.
+  void End();
 
   /// A double click on the chart: on the name of a channel it renames that; elsewhere it is two presses.
   void DoubleClick(Point point);
@@ -110,11 +123,16 @@ class Workbench {
  private:
   void SetDemoRunning(bool isRunning);
   void TakeOutcomes();
+  bool MayWaitForJobs();
+  void GoOnEnding();
 
   bool isDemoRunning_ = false;
   bool isStopWanted_ = false;
   std::optional<int> demoSecond_;
   bool wasBusy_ = false;
+  bool isWorking_ = false;
+  std::optional<TCBase::JobOutcomes> runningJob_;
+  std::optional<TCBase::Program> endingWith_;  // the window closes when no job runs; what was asked about
 };
 
 }  // namespace UX

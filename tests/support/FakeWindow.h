@@ -38,12 +38,12 @@ class FakeDialogs : public UX::Dialogs {
   }
   bool EditModeName(UX::ModeNameRequest& request) override {
     seen.push_back(request.title + ": " + request.name);
-    return Type(request.name, request.description);
+    return Type(request.name, request.description) && IsTaken(request);
   }
   bool EditSteps(UX::StepsRequest& request) override {
     seen.push_back(request.title + ": " + request.text);
     std::string ignored;
-    return Type(request.text, ignored);
+    return Type(request.text, ignored) && IsTaken(request);
   }
   bool EditDateTime(platform::SYSTEMTIME& edited) override {
     if (time) edited = *time;
@@ -58,6 +58,12 @@ class FakeDialogs : public UX::Dialogs {
     first = *typed;
     second = typedSecond;
     return true;
+  }
+  template <typename Request>
+  bool IsTaken(const Request& request) {
+    const std::string fault = request.fault ? request.fault(request) : "";
+    if (!fault.empty()) seen.push_back(fault);
+    return fault.empty();
   }
 };
 

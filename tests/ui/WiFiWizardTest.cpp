@@ -84,7 +84,12 @@ TEST(WiFiWizard, SaysHowMuchRoomIsLeftAndWhyItStays) {
   wizard.SetNetwork(std::string(33, 'n'), WiFiSecurity::Open);
   EXPECT_EQ(Remark(wizard), "33 of at most 42 bytes") << "the packet for open networks has more room";
   wizard.SetNetwork("Office", WiFiSecurity::Invalid);
-  EXPECT_EQ(Remark(wizard), "The controller cannot join a network with this kind of security. (stays)");
+  EXPECT_EQ(Remark(wizard),
+            "It is not known whether the controller can join a network of this kind. Choose a "
+            "security to try it. (stays)");
+  wizard.SetNetwork("Office", WiFiSecurity::Number1);
+  EXPECT_EQ(wizard.Settings().security, 1);
+  EXPECT_TRUE(wizard.MayGoOn());
   wizard.SetNetwork("Reef", WiFiSecurity::WPA2);
   wizard.GoOn();
   EXPECT_EQ(Remark(wizard), "Nothing is entered yet. (stays)");
@@ -101,14 +106,14 @@ TEST(WiFiWizard, SaysWhatCameOfItAndWhatToTry) {
   };
   EXPECT_EQ(text(Stage::Done, "", false).find("The controller has taken the settings"), 0U);
   EXPECT_EQ(text(Stage::NotConnected, "not plugged in", false),
-            "Connect error.\r\nThe controller has not taken the settings. Check that it is connected and "
+            "Connect error.\r\nThe controller has not confirmed the settings. Check that it is connected and "
             "switched on, then send again.\r\n"
             "(not plugged in)");
   EXPECT_EQ(
       text(Stage::NotConnected, "", true),
       "Connect error.\r\nAnother program is using the controller or its port. Close it and send again.");
   EXPECT_EQ(text(Stage::Failed, "the password did not get through: no answer", false),
-            "The controller has not taken the settings. Check that it is connected and switched on, then "
+            "The controller has not confirmed the settings. Check that it is connected and switched on, then "
             "send again.\r\n"
             "(the password did not get through: no answer)");
 }

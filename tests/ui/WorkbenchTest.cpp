@@ -117,6 +117,7 @@ TEST_F(Workbench, OpensTheLastFileOrStartsAnew) {
   settings.Set("last_open_file", folder.File("a.xml"));
   bench.OpenLast();
   EXPECT_EQ(ModeNames(), Texts{"Normal"});
+  EXPECT_EQ(log.Texts(), Texts{"Loaded program file " + folder.File("a.xml")});
   settings.Set("last_open_file", folder.File("gone.xml"));
   bench.OpenLast();
   EXPECT_EQ(ModeNames().size(), 2u);
@@ -224,6 +225,40 @@ TEST_F(Workbench, KeepsTheListOfModes) {
   bench.Run(command::Undo);
   EXPECT_EQ(ModeNames(), (Texts{"Copy of it", "Normal", "AlwaysOn"}));
   EXPECT_EQ(bench.document.UploadedModes(), (std::vector<std::size_t>{0, 1}));
+}
+
+TEST_F(Workbench, KeepsTheSelectionWhereTheStepsAre) {
+  bench.editor.SelectChannel(0);
+  bench.Run(32907);  // another curve than the second channel's
+  SelectStep(1, 2);
+  bench.Run(32897);
+  EXPECT_EQ(bench.editor.SelectedStep(), (UX::StepPlace{0, 2}));
+  bench.Run(command::Undo);
+  EXPECT_EQ(bench.editor.SelectedStep(), (UX::StepPlace{1, 2}));
+  bench.editor.SelectChannel(1);
+  bench.Run(32897);
+  bench.Run(command::Undo);
+  EXPECT_EQ(bench.editor.SelectedChannel(), 1u) << "without a step, too";
+}
+
+TEST_F(Workbench, ClosesWhenTheRunningJobHasEnded) {
+  std::atomic<bool> mayEnd = false;
+  bench.StartJob(UX::Workbench::JobKind::Devices, [&](TCBase::Worker& busy) {
+    busy.Enqueue([&mayEnd] {
+      while (!mayEnd) std::this_thread::yield();
+    });
+  });
+  bench.Run(command::Exit);
+  EXPECT_TRUE(LastSeen().starts_with("A job is still running.")) << LastSeen();
+  EXPECT_FALSE(bench.Activity()) << "cancelled: it goes on as before";
+  dialogs.answer = UX::Answer::No;
+  bench.Run(command::Exit);
+  bench.Tick();
+  EXPECT_TRUE(bench.Activity());
+  EXPECT_FALSE(view.isClosed);
+  mayEnd = true;
+  WaitForWorker();
+  EXPECT_TRUE(view.isClosed);
 }
 
 TEST_F(Workbench, ScalesAChannelsPowerDownAndUpAgain) {

@@ -11,6 +11,7 @@
 #include "QorLib/qor_win_str_utils.h"
 #include "model/ModeSample.h"
 #include "platform/Folders.h"
+#include "platform/SystemError.h"
 #include "ui/win32/Keys.h"
 #include "ui/win32/MainWindow.h"
 
@@ -114,14 +115,6 @@ class Shown {
   std::atomic<MainWindow*>& shown_;
 };
 
-/// A demo that is still connecting drops what is posted to it: so again and again.
-void EndDemo(TCBase::Worker& worker, platform::Clock& clock) {
-  while (worker.IsBusy()) {
-    worker.Control().Post(TCBase::JobControl::Stop);
-    clock.Sleep(20);
-  }
-}
-
 /// The program between the start of the system's services and their end.
 int RunWindow(HINSTANCE instance, int show) {
   platform::Clock& clock = platform::SystemClock();
@@ -143,7 +136,14 @@ int RunWindow(HINSTANCE instance, int show) {
       TCBase::Worker::UsbWatch::On);
   const Arguments arguments = ReadArguments();
   MainWindow window(instance, {clock, log, settings, texts, *worker}, network, folder);
-  if (!window.Create(arguments.renderer)) return 0;
+  if (!window.Create(arguments.renderer)) {
+    const std::string text =
+        qor::Sentence{
+            "The window could not be made", {}, {qor::Verbatim(platform::ErrorOf(GetLastError()).text)}}
+            .In(texts.Translator());
+    MessageBoxW(nullptr, qor::win::WideFromUtf8(text).c_str(), L"Halvex", MB_OK | MB_ICONERROR);
+    return 0;
+  }
   const Shown logWindow(shown, window);
   window.Show(show);
   window.PostLog();
@@ -154,8 +154,6 @@ int RunWindow(HINSTANCE instance, int show) {
   LogProgram(window.Bench());
   const int result = Loop(window, Keys(instance));
   worker->SetNotification(nullptr, 0);
-  // A demo is ended in order; an upload is let through, so that no controller is left half written.
-  if (window.Bench().IsDemoRunning()) EndDemo(*worker, clock);
   worker->Stop();
   window.Flush();
   window.ReleaseRenderer();

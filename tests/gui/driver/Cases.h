@@ -25,5 +25,7 @@ void RunMonkey(unsigned seed, int seconds);
 /// Makes a window with something of everything in it, prints "shown WIDTHxHEIGHT+LEFT+TOP", and keeps it
 /// until the standard input ends. `arguments` are those of the program.
 void ShowSample(const std::string& arguments);
+/// The page of the Wi-Fi set-up on which the network is chosen.
+void ShowWiFiSample();
 
 }  // namespace gui

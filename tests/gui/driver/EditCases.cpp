@@ -16,14 +16,12 @@
 namespace gui {
 namespace {
 
-constexpr int SaveAsCommand = 32782;
-
 /// The steps of a channel of the first mode, after the program is saved: "08:00 0, 10:00 80, ...".
 std::string SavedSteps(const App& app, std::size_t channel) {
   const std::string path = app.FileIn("saved.xml");
   const bool isNew = BytesOf(path).empty();
   platform::RemoveFile(path);
-  app.Run(isNew ? SaveAsCommand : UX::command::Save);
+  app.Run(isNew ? UX::command::SaveAs : UX::command::Save);
   if (isNew) app.ChooseFile(path);
   Until("the program is saved", [&] { return !BytesOf(path).empty(); });
   TCBase::Program program;
@@ -56,6 +54,19 @@ std::string StepAt(const App& app, std::size_t channel, int minute, float percen
       TCBase::MakeStep(exact / 60, exact % 60, static_cast<float>(PercentAtPixel(app, channel, percent))));
 }
 
+/// Where a step comes to that was added at 15:00 and 70 %, by a pointer that goes from there to 16:00 and 20
+/// %.
+std::string MovedStep(const App& app, std::size_t channel) {
+  const UX::ChartGeometry chart = app.Geometry();
+  const auto x = [&](int minute) { return std::round(chart.XOf(minute * 60.0)); };
+  const auto y = [&](float percent) { return std::round(chart.YOf(channel, percent)); };
+  const int added = static_cast<int>(chart.SecondAt(x(900))) / 60 * 60;
+  const int minute =
+      static_cast<int>(std::round(added + chart.SecondAt(x(960)) - chart.SecondAt(x(900)))) / 60;
+  const float percent = chart.PercentAt(channel, y(20));
+  return TCBase::StepText(TCBase::MakeStep(minute / 60, minute % 60, percent));
+}
+
 void ExpectShown(const App& app, const char* steps) {
   Until(std::string("the first mode has ") + steps, [&] { return app.StepsShown() == steps; });
 }
@@ -71,7 +82,7 @@ void WorksByMouse() {
   const std::string added = StepAt(app, 1, 900, 70);
   app.AwaitLog("Added new step " + added + ". Current number of steps: 13");
   Drag(app.ChartPoint(1, 900, 70), app.ChartPoint(1, 960, 20));
-  const std::string moved = StepAt(app, 1, 960, 20);
+  const std::string moved = MovedStep(app, 1);
   app.AwaitLog("Step " + moved);
   ExpectEqual("the title", app.Title(), "Orvanta 24 - New program");
   ExpectEqual("channel 2", SavedSteps(app, 1),
@@ -140,10 +151,33 @@ void TypesADescription() {
   Key(VK_END);
   Key(VK_NEXT);
   Until("the text is typed", [=] { return TextOf(description) == "b j"; });
+  Key(VK_ESCAPE);
   ExpectEqual("the steps", app.StepsShown(), "12 steps");
   ExpectEqual("the view", ScrollOf(app.Control(UX::ScrollBarId)).position, 0);
   ExpectEqual("the view", ScrollOf(app.Control(UX::ScrollBarId)).page, 1380);
   Expect(!Contains(app.LogText(), "jump"), "J came to the chart");
+  app.Close();
+}
+
+/// The list of modes takes its own keys; the chart's step stays.
+void RenamesAndDeletesModes() {
+  App app("modes");
+  const HWND modes = app.Control(UX::ModeListId);
+  Click(app.ChartPoint(0, 600, 80));
+  ClickRow(modes, 0);
+  Key(VK_F2);
+  app.Dialog();
+  Type(L" ");
+  Key(VK_RETURN);
+  Until("it says that a name is missing", [&] { return app.Question() == "Rename: A mode needs a name."; });
+  app.Answer(IDOK);
+  Type(L"Reef");
+  Key(VK_RETURN);
+  Until("the mode has its name", [=] { return RowsOf(modes).front().name == "Reef"; });
+  ExpectEqual("the steps", app.StepsShown(), "12 steps");
+  ClickRow(modes, 0);
+  Key(VK_DELETE);
+  Until("the mode is gone", [=] { return RowsOf(modes).size() == 1; });
   app.Close();
 }
 
@@ -152,6 +186,7 @@ constexpr Case Cases[] = {
     {"edit.undo", UndoesAndRedoes},
     {"edit.keys", WorksByKeys},
     {"edit.description", TypesADescription},
+    {"edit.modes", RenamesAndDeletesModes},
 };
 
 }  // namespace

@@ -77,8 +77,13 @@ class ExpectedMenu {
       case Kind::Command:
         lines_.push_back(Line(depth, row.number,
                               Marks(!IsEnabled(row, conditions_), IsChecked(row.number, conditions_)),
-                              Text(row.text) + row.suffix));
+                              Text(row.text) + row.suffix + Key(row.number)));
     }
+  }
+
+  std::string Key(int command) {
+    const std::string key = UX::KeyText(command, texts_.Translator());
+    return key.empty() ? "" : "\t" + key;
   }
 
   TCBase::Localisation& texts_;

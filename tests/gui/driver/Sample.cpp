@@ -10,6 +10,18 @@
 #include "ui/CommandTable.h"
 
 namespace gui {
+namespace {
+
+/// Says where it is, and waits for the end of the input.
+void TellPlace(HWND window) {
+  RECT place{};
+  GetWindowRect(window, &place);
+  std::cout << "shown " << place.right - place.left << 'x' << place.bottom - place.top << '+' << place.left
+            << '+' << place.top << std::endl;
+  std::cin.ignore(std::numeric_limits<std::streamsize>::max());
+}
+
+}  // namespace
 
 void ShowSample(const std::string& arguments) {
   constexpr int Morning = 600, Afternoon = 870;
@@ -22,11 +34,18 @@ void ShowSample(const std::string& arguments) {
   Click(app.ChartPoint(0, Afternoon, 20));
   MoveMouse(app.ChartPoint(0, Morning, 80));
   Sleep(700);  // animations come to their ends
-  RECT place{};
-  GetWindowRect(app.Window(), &place);
-  std::cout << "shown " << place.right - place.left << 'x' << place.bottom - place.top << '+' << place.left
-            << '+' << place.top << std::endl;
-  std::cin.ignore(std::numeric_limits<std::streamsize>::max());
+  TellPlace(app.Window());
+}
+
+void ShowWiFiSample() {
+  constexpr int NextButton = 11;
+  App app({"sample", "", "", true});
+  app.Run(UX::command::SetUpWiFi);
+  const HWND dialog = app.Dialog();
+  SendMessageW(dialog, WM_COMMAND, NextButton, 0);
+  Type(L"Reef");
+  Sleep(300);
+  TellPlace(dialog);
 }
 
 }  // namespace gui

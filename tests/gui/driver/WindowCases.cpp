@@ -168,7 +168,13 @@ void LeavesTheReaderAlone() {
   SendMessageW(log, WM_VSCROLL, SB_BOTTOM, 0);
   app.Run(ProgramInfoCommand);
   app.Settle();
-  Expect(firstLine() > end, "the log does not follow");
+  const int followed = firstLine();
+  Expect(followed > end, "the log does not follow");
+  Key(VK_TAB, VK_SHIFT);  // into the log, in which that selects nothing
+  Key(VK_ESCAPE);
+  app.Run(ProgramInfoCommand);
+  app.Settle();
+  Expect(firstLine() > followed, "the log does not follow after Tab and Esc");
   app.Close();
 }
 

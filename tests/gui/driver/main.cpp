@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // gui_driver HALVEX_EXE [CASE...]           runs the cases whose names begin so, or all
 // gui_driver HALVEX_EXE show [ARGUMENTS]    opens a window to be looked at
+// gui_driver HALVEX_EXE show-wifi           and a page of the Wi-Fi set-up
 // Works in a new folder below the current one. The environment may have HALVEX_READONLY, a folder that nobody
 // can write to, and for the case "monkey" MONKEY_SECONDS and MONKEY_SEED.
 #include <algorithm>
@@ -86,8 +87,13 @@ int main(int count, char** arguments) {
   gui::TheRig() = {FullPath(arguments[1]), renderer != nullptr ? renderer : "gdi",
                    FullPath("gui-" + std::to_string(GetTickCount64()))};
   const std::vector<std::string> words(arguments + 2, arguments + count);
-  if (words.empty() || words.front() != "show") return RunCases(words);
   Tally tally;
-  tally.Count("show", [&words] { gui::ShowSample(words.size() > 1 ? words[1] : ""); });
+  if (!words.empty() && words.front() == "show") {
+    tally.Count("show", [&words] { gui::ShowSample(words.size() > 1 ? words[1] : ""); });
+  } else if (!words.empty() && words.front() == "show-wifi") {
+    tally.Count("show-wifi", gui::ShowWiFiSample);
+  } else {
+    return RunCases(words);
+  }
   return tally.failed;
 }

@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+#include "QorLib/qor_win_str_utils.h"
+
 namespace UX {
 namespace {
 
@@ -112,6 +114,14 @@ void DlgBase::OnButton(int id) {
 
 void DlgBase::Close(bool counts) {
   EndDialog(window_, counts ? IDOK : IDCANCEL);
+}
+
+bool DlgBase::Stays(const std::string& fault, HWND control) {
+  if (fault.empty()) return false;
+  MessageBoxW(window_, qor::win::WideFromUtf8(fault).c_str(), qor::win::WideFromUtf8(TextOf(window_)).c_str(),
+              MB_OK | MB_ICONWARNING);
+  Focus(control);
+  return true;
 }
 
 void DlgBase::Initialise() {

@@ -51,6 +51,9 @@ class DlgBase {
   void AddOkAndCancel(const qor::Translate& translate);
   void Focus(HWND control);
   void Close(bool counts);
+  /// Says why what was entered cannot be taken, if there is a reason, and goes back to the control where it
+  /// stands; whether there was one.
+  bool Stays(const std::string& fault, HWND control);
   /// Gives everything its place; needed anew when a button got another text. Returns the window's size.
   SIZE LayOut();
 

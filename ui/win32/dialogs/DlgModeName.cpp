@@ -23,6 +23,7 @@ void DlgModeName::OnButton(int id) {
     request_.name = TextOf(name_);
     // The edit has ends of lines of its own; an untouched text keeps those that it came with.
     if (SendMessageW(description_, EM_GETMODIFY, 0, 0) != 0) request_.description = TextOf(description_);
+    if (request_.fault && Stays(request_.fault(request_), name_)) return;
   }
   DlgBase::OnButton(id);
 }

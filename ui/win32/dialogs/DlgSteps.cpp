@@ -82,7 +82,10 @@ void DlgSteps::ShowCount() {
 }
 
 void DlgSteps::OnButton(int id) {
-  if (id == IDOK) request_.text = TextOf(text_);
+  if (id == IDOK) {
+    request_.text = TextOf(text_);
+    if (request_.fault && Stays(request_.fault(request_), text_)) return;
+  }
   DlgBase::OnButton(id);
 }
 

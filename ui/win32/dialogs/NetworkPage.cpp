@@ -3,13 +3,16 @@
 
 #include <commctrl.h>
 
+#include "QorLib/ParseInteger.h"
 #include "QorLib/qor_win_str_utils.h"
 
 namespace UX {
 namespace {
 
 // The order of the choices of security
-constexpr WiFiSecurity Securities[] = {WiFiSecurity::Open, WiFiSecurity::WPA2};
+constexpr WiFiSecurity Securities[] = {WiFiSecurity::Open, WiFiSecurity::WPA2, WiFiSecurity::Number1};
+
+constexpr int MostEncryptionDigits = 3;
 
 int ChoiceOf(WiFiSecurity security) {
   return security == WiFiSecurity::Invalid ? -1 : static_cast<int>(security);
@@ -42,12 +45,17 @@ void NetworkPage::BuildEntry(HWND dialog, StackLayout& rows, const qor::Translat
   const Cell name = LineEdit(dialog, {});
   const Cell securityLabel = Caption(dialog, translate("Security"));
   const Cell security = ComboBox(dialog, choices, static_cast<std::size_t>(ChoiceOf(wizard_.Security())));
+  const Cell encryptionLabel = Caption(dialog, translate("Encryption number"));
+  const Cell encryption = LineEdit(dialog, "0", ES_NUMBER);
   const Cell remark = Label(dialog, {}, RemarkLines);
   rows.Add({nameLabel, name});
   rows.Add({securityLabel, security});
+  rows.Add({encryptionLabel, encryption});
   rows.Add({remark});
   name_ = name.control;
   security_ = security.control;
+  encryption_ = encryption.control;
+  SendMessageW(encryption_, EM_SETLIMITTEXT, MostEncryptionDigits, 0);
   remark_ = remark.control;
 }
 
@@ -73,7 +81,8 @@ void NetworkPage::OnCommand(HWND control, int notification) {
   if (control == refresh_ && notification == BN_CLICKED) Refresh();
   const bool isName = control == name_ && notification == EN_CHANGE;
   const bool isSecurity = control == security_ && notification == CBN_SELCHANGE;
-  if ((isName || isSecurity) && !isTakingSelection_) TakeEntry();
+  const bool isEncryption = control == encryption_ && notification == EN_CHANGE;
+  if ((isName || isSecurity || isEncryption) && !isTakingSelection_) TakeEntry();
 }
 
 bool NetworkPage::OnNotify(const NMHDR& header) {
@@ -100,6 +109,8 @@ void NetworkPage::TakeSelection() {
 void NetworkPage::TakeEntry() {
   const int choice = ChosenOf(security_);
   wizard_.SetNetwork(EnteredName(), choice < 0 ? WiFiSecurity::Invalid : Securities[choice]);
+  wizard_.SetEncryption(qor::ParseInteger(TextOf(encryption_)));
+  EnableWindow(encryption_, wizard_.Settings().security != TCBase::WiFiSettings::Open);
   SetText(remark_, wizard_.Remark(translate_));
 }
 

@@ -35,6 +35,7 @@ class NetworkPage : public WizardPage {
   HWND refresh_ = nullptr;
   HWND name_ = nullptr;
   HWND security_ = nullptr;
+  HWND encryption_ = nullptr;
   HWND remark_ = nullptr;
 };
 

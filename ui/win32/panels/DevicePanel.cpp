@@ -9,7 +9,9 @@ DevicePanel::DevicePanel(const PanelContext& context)
       list_(context, DeviceListId),
       scan_(MakeButton(context, command::ScanNetwork)),
       addEmulator_(MakeButton(context, command::AddEmulator)),
+      activity_(MakeLabel(context)),
       upload_(MakeButton(context, command::Upload, BS_OWNERDRAW)) {
+  ShowWindow(activity_, SW_HIDE);
   list_.onCheck = [this](std::size_t row, bool isChecked) {
     context_.workbench.devices.Pick(row, isChecked);
     context_.workbench.view.Refresh();
@@ -22,13 +24,34 @@ void DevicePanel::Translate() {
   ShowText(scan_, translate("Scan"));
   ShowText(addEmulator_, translate("Add emulator"));
   ShowText(upload_, translate("Upload program"));
+  const HFONT font = context_.fonts.text.Get();
+  leastWidth_ = ButtonWidth(scan_, font, 36) + ButtonWidth(addEmulator_, font, 36) +
+                ButtonWidth(upload_, font, 36) + Scaled(scan_, 9);
+  if (isWorking_) ShowText(upload_, translate("Cancel"));
 }
 
 void DevicePanel::Refresh() {
+  const Workbench& workbench = context_.workbench;
+  if (isWorking_ != workbench.IsWorking()) ShowWorking(workbench.IsWorking());
+  ShowText(activity_, workbench.Text(workbench.Activity()));
   std::vector<CheckRow> rows;
-  for (const TCBase::DeviceInfo& device : context_.workbench.devices.Devices()) rows.push_back(RowOf(device));
+  for (const TCBase::DeviceInfo& device : workbench.devices.Devices()) rows.push_back(RowOf(device));
   const int selected = ListView_GetNextItem(list_.Window(), -1, LVNI_SELECTED);
   list_.Show(std::move(rows), selected);
+}
+
+void DevicePanel::ShowWorking(bool isWorking) {
+  isWorking_ = isWorking;
+  const HWND focused = GetFocus();
+  SetWindowLongPtrW(upload_, GWLP_ID, isWorking ? command::CancelJob : command::Upload);
+  Translate();
+  ShowWindow(activity_, isWorking ? SW_SHOW : SW_HIDE);
+  for (HWND button : {scan_, addEmulator_}) {
+    ShowWindow(button, isWorking ? SW_HIDE : SW_SHOW);
+    if (button == focused) SetFocus(upload_);
+  }
+  LayOutButtons();
+  InvalidateRect(upload_, nullptr, TRUE);
 }
 
 CheckRow DevicePanel::RowOf(const TCBase::DeviceInfo& device) const {
@@ -38,35 +61,40 @@ CheckRow DevicePanel::RowOf(const TCBase::DeviceInfo& device) const {
     case DeviceRoute::Network: row.info = platform::AddressText(device.address); break;
     case DeviceRoute::Emulator: row.info = context_.workbench.services.texts.Translator()("emulator"); break;
   }
-  if (const TCBase::DeviceOutcome* outcome = context_.workbench.devices.LastOutcome(device)) {
-    const auto translate = context_.workbench.services.texts.Translator();
-    qor::Sentence sentence = TCBase::SentenceOf(*outcome);
-    row.tip = device.name + ": " + sentence.In(translate);
-    sentence.reasons.clear();
-    row.info += "  " + sentence.In(translate);
-    using Stage = TCBase::DeviceOutcome::Stage;
-    const bool isFault = outcome->stage == Stage::NotConnected || outcome->stage == Stage::Failed ||
-                         outcome->stage == Stage::Incomplete;
-    row.tone = isFault ? CheckRow::Tone::Error : CheckRow::Tone::Usual;
-  }
+  const TCBase::DeviceOutcome* outcome = context_.workbench.devices.LastOutcome(device);
+  if (outcome != nullptr) AddOutcome(*outcome, row);
   return row;
 }
 
-int DevicePanel::LeastWidth() const {
-  const HFONT font = context_.fonts.text.Get();
-  return ButtonWidth(scan_, font, 36) + ButtonWidth(addEmulator_, font, 36) + ButtonWidth(upload_, font, 36) +
-         Scaled(scan_, 9);
+/// The stage in the list, and all that there is to say in its tip. What the user stopped is no fault, and a
+/// device that a stop kept from being visited has nothing to say.
+void DevicePanel::AddOutcome(const TCBase::DeviceOutcome& outcome, CheckRow& row) const {
+  using Stage = TCBase::DeviceOutcome::Stage;
+  if (outcome.stage == Stage::NotReached) return;
+  qor::Sentence sentence = TCBase::SentenceOf(outcome);
+  row.tip = row.name + ": " + context_.workbench.Text(sentence);
+  sentence.reasons.clear();
+  row.info += "  " + context_.workbench.Text(sentence);
+  const bool isFault = outcome.stage == Stage::NotConnected || outcome.stage == Stage::Failed ||
+                       outcome.stage == Stage::Incomplete;
+  if (isFault) row.tone = CheckRow::Tone::Error;
 }
 
 void DevicePanel::LayOut(const Frame& area) {
   const int line = Scaled(heading_, 18), button = Scaled(heading_, 24), gap = Scaled(heading_, 4);
   Place(heading_, {area.left, area.top, area.width, line});
-  const int row = area.Bottom() - button;
-  list_.Place({area.left, area.top + line, area.width, row - gap - area.top - line});
+  buttons_ = {area.left, area.Bottom() - button, area.width, button};
+  list_.Place({area.left, area.top + line, area.width, buttons_.top - gap - area.top - line});
+  LayOutButtons();
+}
+
+void DevicePanel::LayOutButtons() {
   const HFONT font = context_.fonts.text.Get();
-  PlaceButtons({area.left, row, area.width, button}, {scan_, addEmulator_}, font, 36);
-  const int width = ButtonWidth(upload_, font, 36);
-  Place(upload_, {area.Right() - width, row, width, button});
+  PlaceButtons(buttons_, {scan_, addEmulator_}, font, 36);
+  const int width = ButtonWidth(upload_, font, 36), drop = Scaled(activity_, 4);
+  Place(upload_, {buttons_.Right() - width, buttons_.top, width, buttons_.height});
+  Place(activity_,
+        {buttons_.left, buttons_.top + drop, buttons_.width - width - drop, buttons_.height - drop});
 }
 
 }  // namespace UX

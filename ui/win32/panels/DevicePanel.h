@@ -5,8 +5,9 @@
 
 namespace UX {
 
-/// The controllers, with a check mark for those that commands work on, how each is reached and how its last
-/// job ended.
+/// The controllers, with a check mark for those that commands work on, how each is reached and how far a job
+/// is with it, or how its last one ended. While controllers are worked on, the button for the upload cancels
+/// that, and what is happening stands in the place of the other buttons.
 class DevicePanel {
  public:
   explicit DevicePanel(const PanelContext& context);
@@ -16,17 +17,23 @@ class DevicePanel {
   /// From the heading to the buttons.
   void LayOut(const Frame& area);
   /// The width that the row of buttons needs.
-  int LeastWidth() const;
+  int LeastWidth() const { return leastWidth_; }
   CheckList& List() { return list_; }
   HWND ScanButton() const { return scan_; }
 
  private:
   CheckRow RowOf(const TCBase::DeviceInfo& device) const;
+  void AddOutcome(const TCBase::DeviceOutcome& outcome, CheckRow& row) const;
+  void ShowWorking(bool isWorking);
+  void LayOutButtons();
 
   const PanelContext& context_;
   HWND heading_;
   CheckList list_;
-  HWND scan_, addEmulator_, upload_;
+  HWND scan_, addEmulator_, activity_, upload_;
+  bool isWorking_ = false;
+  Frame buttons_;  // their row
+  int leastWidth_ = 0;
 };
 
 }  // namespace UX
