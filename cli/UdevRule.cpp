@@ -10,7 +10,6 @@
 #include "QorLib/Format.h"
 #include "cli/Commands.h"
 #include "device/DeviceInfo.h"
-#include "platform/Computer.h"
 
 namespace cli {
 namespace {
@@ -46,7 +45,7 @@ std::string CheckGroup(const std::string& name) {
 }  // namespace
 
 std::string InstallRuleCommand() {
-  return std::string("halvex udev-rule | sudo tee /etc/udev/rules.d/") + platform::UdevRuleName;
+  return std::string("halvex udev-rule | sudo tee /etc/udev/rules.d/") + UdevRuleName;
 }
 
 std::string AccessAdvice() {

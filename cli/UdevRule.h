@@ -5,6 +5,9 @@
 
 namespace cli {
 
+/// The name of the rule's file in udev's folders.
+inline constexpr const char* UdevRuleName = "71-halvex.rules";
+
 /// The udev rule (udev(7)) that lets users reach controllers over USB: whoever sits at the computer, or, with
 /// the name of a group, its members wherever they are.
 std::string UdevRule(const std::string& group);

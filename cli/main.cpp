@@ -6,6 +6,7 @@
 
 #include "cli/ExitStatus.h"
 #include "cli/Run.h"
+#include "cli/UdevRule.h"
 #include "platform/Console.h"
 #include "platform/Folders.h"
 #include "platform/SystemError.h"
@@ -18,7 +19,7 @@ int main(int argc, char** argv) {
                                platform::SystemClock(),
                                platform::SystemNetwork(),
                                platform::SystemDeviceLocks(),
-                               platform::LookAtComputer,
+                               [] { return platform::LookAtComputer(cli::UdevRuleName); },
                                platform::SettingsFolder(),
                                platform::WatchInterrupts,
                                platform::IsInterrupted,

@@ -21,11 +21,8 @@ struct Computer {
   bool isAdministrator = false;          // whether the user may open everything anyway
 };
 
-/// The name of the program's rule in udev's folders.
-inline constexpr const char* UdevRuleName = "71-halvex.rules";
-
-/// Looks at this computer; nothing is sent.
-Computer LookAtComputer();
+/// Looks at this computer; nothing is sent. `udevRule` is the name of the program's rule in udev's folders.
+Computer LookAtComputer(const std::string& udevRule);
 
 /// Whether it is a folder in which the user may make files.
 bool MayWriteInto(const std::string& folder);

@@ -32,10 +32,10 @@ std::vector<NetworkAdapter> Adapters() {
 }
 
 /// A rule in an earlier one of these folders takes the place of the same name in a later one (udev(7)).
-std::string UdevRule() {
+std::string PathOfRule(const std::string& name) {
   for (const char* folder : {"/etc/udev/rules.d/", "/run/udev/rules.d/", "/usr/local/lib/udev/rules.d/",
                              "/usr/lib/udev/rules.d/", "/lib/udev/rules.d/"}) {
-    std::string path = std::string(folder) + UdevRuleName;
+    std::string path = folder + name;
     if (access(path.c_str(), F_OK) == 0) return path;
   }
   return {};
@@ -49,8 +49,8 @@ std::string SystemName() {
 
 }  // namespace
 
-Computer LookAtComputer() {
-  return {SystemName(), Adapters(), true, UdevRule(), geteuid() == 0};
+Computer LookAtComputer(const std::string& udevRule) {
+  return {SystemName(), Adapters(), true, PathOfRule(udevRule), geteuid() == 0};
 }
 
 bool MayWriteInto(const std::string& folder) {

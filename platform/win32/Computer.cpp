@@ -55,7 +55,7 @@ std::string SystemName() {
 
 }  // namespace
 
-Computer LookAtComputer() {
+Computer LookAtComputer(const std::string&) {
   return {SystemName(), Adapters(), false, {}, false};
 }
 
