@@ -19,17 +19,47 @@ std::string AsXmlText(std::string_view text) {
   return written;
 }
 
+/// The document's bytes, which read back as it is.
+std::string Written(qor::xml::document& settings) {
+  const qor::xml::element root = settings.Root();
+  for (qor::xml::element child = root.FirstChild(); child; child = child.NextSibling()) {
+    if (child.Text().starts_with('<')) child.SetAnyText(child.Text());
+  }
+  return settings.Write();
+}
+
 }  // namespace
 
 Settings::Settings(const std::string& folder, qor::Log& log)
     : folder_(folder.empty() ? "." : folder), path_(platform::PathIn(folder_, FileName)), log_(log) {
+  ReadFile();
+}
+
+void Settings::ReadFile() {
   std::string bytes;
-  if (const platform::SystemError failed = platform::ReadWholeFile(path_, MaxBytes, bytes)) {
-    isFileBroken_ = failed.kind != platform::ErrorKind::NotFound;
-  } else {
-    isFileBroken_ = bytes.size() > MaxBytes || document_.Parse(std::move(bytes)).has_value();
-    if (isFileBroken_) document_.Parse("<config/>");
+  readFault_ = platform::ReadWholeFile(path_, MaxBytes, bytes);
+  if (readFault_.kind == platform::ErrorKind::NotFound) readFault_ = {};
+  if (readFault_ || bytes.empty()) return;
+  qor::xml::document file;
+  isFileBroken_ = bytes.size() > MaxBytes || file.Parse(std::move(bytes)).has_value();
+  if (!isFileBroken_) JoinFile(file);
+}
+
+/// Adds what has been set in this run to the file's settings.
+void Settings::JoinFile(qor::xml::document& file) {
+  qor::xml::element root = file.Root();
+  const qor::xml::element own = document_.Root();
+  for (qor::xml::element child = own.FirstChild(); child; child = child.NextSibling()) {
+    if (child.Text().empty()) continue;
+    const std::string_view id = child.Attribute("id");
+    qor::xml::element setting = id.empty() ? root.FindChild(child.Name()) : root.FindChild(child.Name(), id);
+    if (!setting) {
+      setting = root.CreateChild(child.Name());
+      if (!id.empty()) setting.SetAttribute("id", id);
+    }
+    setting.SetText(child.Text());
   }
+  document_.Parse(Written(file));
 }
 
 std::string Settings::Get(std::string_view key) {
@@ -68,12 +98,8 @@ void Settings::Set(std::string_view key, std::string_view id, std::string_view t
 void Settings::Change(qor::xml::element setting, const std::string& value) {
   if (setting.Text() == value) return;
   setting.SetText(value);
-  const qor::xml::element root = document_.Root();
-  for (qor::xml::element child = root.FirstChild(); child; child = child.NextSibling()) {
-    if (child.Text().starts_with('<')) child.SetAnyText(child.Text());
-  }
-
-  const std::string bytes = document_.Write();
+  if (readFault_) ReadFile();
+  const std::string bytes = Written(document_);
   const platform::SystemError failed = WriteFile(bytes);
   if (failed && !hasReported_) {
     log_.Message("Error creating file {1}, error: {2}", {path_, failed.text});
@@ -83,6 +109,7 @@ void Settings::Change(qor::xml::element setting, const std::string& value) {
 }
 
 platform::SystemError Settings::WriteFile(const std::string& bytes) {
+  if (readFault_) return readFault_;
   if (platform::SystemError failed = platform::CreateFolders(folder_)) return failed;
   if (isFileBroken_) {
     platform::SystemError failed = platform::RenameFile(path_, path_ + BrokenEnding);

@@ -24,13 +24,16 @@ class Settings {
  public:
   /// `folder` is in UTF-8 and without a separator at its end; empty for the current folder. It is created
   /// when the first value is written. A file that is missing or broken gives no settings; a broken one is
-  /// kept as TC420Config.xml.broken before a new one is written. The log is not owned.
+  /// kept as TC420Config.xml.broken before a new one is written. One that cannot be read is left alone, and
+  /// tried again before each write: its values then join those of this run. The log is not owned.
   Settings(const std::string& folder, qor::Log& log);
 
   /// Where they are kept.
   const std::string& Path() const { return path_; }
-  /// Whether there is a file that could not be read, or is no settings file.
+  /// Whether there is a file that is no settings file.
   bool IsFileBroken() const { return isFileBroken_; }
+  /// Why a file that is there could not be read; no error when it could.
+  const platform::SystemError& ReadFault() const { return readFault_; }
 
   /// The value; empty when it was never set.
   std::string Get(std::string_view key);
@@ -43,6 +46,8 @@ class Settings {
   void Set(std::string_view key, std::string_view id, std::string_view text);
 
  private:
+  void ReadFile();
+  void JoinFile(qor::xml::document& file);
   void Change(qor::xml::element setting, const std::string& value);
   platform::SystemError WriteFile(const std::string& bytes);
 
@@ -51,6 +56,7 @@ class Settings {
   qor::Log& log_;
   qor::xml::document document_{"config"};
   bool isFileBroken_ = false;
+  platform::SystemError readFault_;
   bool hasReported_ = false;
 };
 

@@ -91,6 +91,21 @@ TEST_F(SettingsTest, PutsABrokenFileAside) {
   EXPECT_EQ(test::Contents(Path() + ".broken"), "<config><locale>de</locale");
 }
 
+TEST_F(SettingsTest, TriesAFileAgainThatCouldNotBeRead) {
+  std::filesystem::create_directories(test::PathOf(Path()));  // cannot be read, as a file that is locked
+  Settings settings(folder.File("home"), log);
+  settings.Set(TCBase::SettingLogging, "on");
+  EXPECT_TRUE(std::filesystem::is_directory(test::PathOf(Path()))) << "left alone";
+  EXPECT_EQ(log.Texts().size(), 1u);
+  std::filesystem::remove(test::PathOf(Path()));
+  Store("<config><locale>de</locale><logging>off</logging><place id='main'>1</place></config>");
+  settings.Set("place", "main", "2");
+  EXPECT_EQ(Contents(),
+            "<config>\r\n  <locale>de</locale>\r\n  <logging>on</logging>\r\n  <place id='main'>2</place>\r\n"
+            "</config>\r\n");
+  EXPECT_FALSE(std::filesystem::exists(test::PathOf(Path() + ".broken")));
+}
+
 TEST_F(SettingsTest, ReportsOnceThatNothingCanBeKept) {
   test::Write(folder.File("home"), "a file where the folder should be");
   Settings settings(folder.File("home"), log);
