@@ -5,6 +5,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "QorLib/Sentence.h"
+
 namespace qor {
 
 /// Memory ran out.
@@ -25,6 +27,8 @@ class xsystem : public std::runtime_error {
   std::uint32_t Code() const { return code_; }
   /// The system's text alone, for messages of one line; never empty.
   const std::string& Description() const { return description_; }
+  /// The same as a reason.
+  Sentence Reason() const { return Verbatim(description_); }
 
  private:
   std::uint32_t code_;

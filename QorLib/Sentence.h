@@ -36,4 +36,9 @@ inline Sentence Verbatim(std::string text) {
   return {std::string(Sentence::AsItIs), {std::move(text)}};
 }
 
+/// A sentence about what has a name: "reef.xml: it is empty".
+inline Sentence About(std::string name, Sentence sentence) {
+  return {std::string(Sentence::AsItIs), {std::move(name)}, {std::move(sentence)}};
+}
+
 }  // namespace qor

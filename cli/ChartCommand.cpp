@@ -18,12 +18,14 @@ struct ChartOptions {
   int mode = 1;
 };
 
+constexpr std::string_view Ending = ".svg";
 constexpr float Width = 1024, Height = 640;
 
 void CheckPicture(const ChartOptions& options, const Invocation& invocation) {
   CheckIsNoLog(options.out, invocation);
   const std::string& out = options.out;
-  if (EndingOf(out) != ".svg") throw CommandError(WrongUsage, qor::Format("{1} does not end in .svg", {out}));
+  if (TCBase::EndingOf(out) != Ending)
+    throw CommandError(WrongUsage, {"{1} does not end in {2}", {out, Ending}});
   CheckIsAnother(options.path, out);
 }
 
@@ -36,8 +38,7 @@ ExitStatus RunChart(const ChartOptions& options, Invocation& invocation) {
   try {
     TCBase::ReplaceFileBytes(options.out, renderer.Picture());
   } catch (const qor::win::xsystem& failed) {
-    throw CommandError(FileFailed,
-                       qor::Format("{1} could not be written: {2}", {options.out, failed.Description()}));
+    throw CommandError(FileFailed, {"{1} could not be written", {options.out}, {failed.Reason()}});
   }
   return Done;
 }

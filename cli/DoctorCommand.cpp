@@ -33,18 +33,18 @@ struct Finding {
 
   std::string check;
   State state = State::Ok;
-  std::string text;
-  std::string advice;        // what to do; empty where nothing is to be done
-  ExitStatus status = Done;  // of a problem
-  bool needsRule = false;    // whether udev's rule would help
+  qor::Sentence text;
+  qor::Sentence advice = {};  // what to do; empty where nothing is to be done
+  ExitStatus status = Done;   // of a problem
+  bool needsRule = false;     // whether udev's rule would help
 };
 using Findings = std::vector<Finding>;
 using State = Finding::State;
 
 Finding Versions(const Computer& computer) {
-  const std::string version =
-      qor::Format("halvex {1}, hidapi {2}, {3}", {HALVEX_VERSION, hid_version_str(), computer.system});
-  return {"versions", State::Ok, version, {}};
+  return {"versions", State::Ok,
+          qor::Verbatim(qor::Format("halvex {1}, hidapi {2}, {3}",
+                                    {HALVEX_VERSION, hid_version_str(), computer.system}))};
 }
 
 // Controllers on the USB
@@ -55,18 +55,23 @@ Finding OnUsb(TCBase::DeviceKind kind, const Computer& computer, Invocation& inv
   const std::string check = ArgumentOf(info);
   const auto lock = invocation.environment.locks.TryTake(TCBase::LockNameOf(info));
   if (lock == nullptr) {
-    return {check, State::Problem, "in use by another program",
-            "wait until that has finished, or end it: it may be a demo in the window", NoAccess};
+    return {check,
+            State::Problem,
+            {"in use by another program", {}},
+            {"wait until that has finished, or end it: it may be a demo in the window", {}},
+            NoAccess};
   }
   const auto device = TCBase::CreateDevice(info, ContextOf(invocation));
-  if (device->Open()) return {check, State::Ok, "plugged in, and may be opened", {}};
+  if (device->Open()) return {check, State::Ok, {"plugged in, and may be opened", {}}};
   const TCBase::OpenFailure& failure = device->OpenFault();
-  if (failure.denial == Denial::None) return {check, State::Note, "not plugged in", {}};
-  Finding finding{check, State::Problem,
-                  "plugged in, but may not be opened: " + invocation.Text(failure.text),
-                  "end the other program that has it", NoAccess};
+  if (failure.denial == Denial::None) return {check, State::Note, {"not plugged in", {}}};
+  Finding finding{check,
+                  State::Problem,
+                  {"plugged in, but may not be opened", {}, {failure.text}},
+                  {"end the other program that has it", {}},
+                  NoAccess};
   if (failure.denial == Denial::NoPermission && computer.hasUdev) {
-    finding.advice = "see to the udev rule (below), then plug the controller in again";
+    finding.advice = {"see to the udev rule (below), then plug the controller in again", {}};
     finding.needsRule = true;
   }
   return finding;
@@ -76,23 +81,25 @@ Findings UsbFindings(const Computer& computer, Invocation& invocation) {
   Findings findings = {OnUsb(TCBase::DeviceKind::TC420, computer, invocation),
                        OnUsb(TCBase::DeviceKind::TC421Usb, computer, invocation)};
   if (std::ranges::all_of(findings, [](const Finding& finding) { return finding.state == State::Note; })) {
-    findings.back().advice =
+    findings.back().advice = {
         "plug a controller in; where one is, try another cable: some carry power only (\"halvex monitor\" "
-        "tells when it comes)";
+        "tells when it comes)",
+        {}};
   }
   if (!computer.hasUdev) return findings;
   const bool isNeeded = std::ranges::any_of(findings, &Finding::needsRule);
-  Finding rule{"udev-rule", State::Ok, computer.udevRule, {}};
+  Finding rule{"udev-rule", State::Ok, qor::Verbatim(computer.udevRule)};
   if (computer.udevRule.empty()) {
-    rule.text = computer.isAdministrator ? "not installed; you are root, who needs none"
-                                         : "not installed: controllers are for root only";
-    rule.advice = InstallRuleCommand();
+    rule.text = computer.isAdministrator ? qor::Sentence{"not installed; you are root, who needs none", {}}
+                                         : qor::Sentence{"not installed, controllers are for root only", {}};
+    rule.advice = qor::Verbatim(InstallRuleCommand());
     rule.state = isNeeded ? State::Problem : State::Note;
   } else if (isNeeded) {
     rule.state = State::Note;
-    rule.advice =
+    rule.advice = {
         "plug the controller in again; where nobody sits at the screen (over SSH), put the rule for a group "
-        "there: halvex udev-rule --group plugdev";
+        "there: halvex udev-rule --group plugdev",
+        {}};
   }
   findings.push_back(rule);
   return findings;
@@ -103,58 +110,74 @@ Findings UsbFindings(const Computer& computer, Invocation& invocation) {
 /// The port is taken and given back; nothing is sent.
 Finding Port(Invocation& invocation) {
   TCBase::UdpPort port(ContextOf(invocation));
-  if (port.Open()) return {"port-5000", State::Ok, "free", {}};
+  if (port.Open()) return {"port-5000", State::Ok, {"free", {}}};
   const TCBase::OpenFailure& failure = port.OpenFault();
   const bool isInUse = failure.denial == Denial::InUse;
-  return {"port-5000", State::Problem, invocation.Text(failure.text),
-          isInUse
-              ? "end the other program: one at a time can talk to TC421 controllers on the network"
-              : "TC421 controllers on the network are out of reach until the system lets the port be taken",
+  return {"port-5000", State::Problem, failure.text,
+          isInUse ? qor::Sentence{"end the other program, one at a time can talk to TC421 controllers on the "
+                                  "network",
+                                  {}}
+                  : qor::Sentence{"TC421 controllers on the network are out of reach until the system lets "
+                                  "the port be taken",
+                                  {}},
           failure.denial == Denial::None ? DeviceFailed : NoAccess};
 }
 
 Finding Network(const Computer& computer) {
   if (computer.adapters.empty()) {
-    return {"network", State::Note, "this computer is in no network",
-            "join the network of the controllers to reach a TC421 there"};
+    return {"network",
+            State::Note,
+            {"this computer is in no network", {}},
+            {"join the network of the controllers to reach a TC421 there", {}}};
   }
   std::string text;
   for (const platform::NetworkAdapter& adapter : computer.adapters) {
     text += (text.empty() ? "" : ", ") + Printable(adapter.name) + " " + adapter.address;
   }
-  return {"network", State::Ok, text, {}};
+  return {"network", State::Ok, qor::Verbatim(text)};
 }
 
 // Files
 
 Finding SettingsFolder(const std::string& folder) {
   const std::string check = "settings-folder";
-  const std::string advice = "name a folder of yours in the environment variable HALVEX_HOME";
-  if (folder.empty()) return {check, State::Problem, "there is none", advice, FileFailed};
-  if (platform::MayWriteInto(folder)) return {check, State::Ok, folder, {}};
+  const qor::Sentence advice = {"name a folder of yours in the environment variable {1}", {"HALVEX_HOME"}};
+  if (folder.empty()) return {check, State::Problem, {"there is none", {}}, advice, FileFailed};
+  if (platform::MayWriteInto(folder)) return {check, State::Ok, qor::Verbatim(folder)};
   if (!platform::IsThere(folder) && platform::MayWriteInto(platform::NearestFolder(folder)))
-    return {check, State::Ok, folder + " (made when it is needed)", {}};
-  return {check, State::Problem, folder + " may not be written to", "make it a folder of yours, or " + advice,
-          FileFailed};
+    return {check, State::Ok, {"{1} (made when it is needed)", {folder}}};
+  return {check, State::Problem, {"{1} may not be written to", {folder}}, advice, FileFailed};
 }
 
 Finding SettingsFile(const std::string& folder, Invocation& invocation) {
   const TCBase::Settings settings(folder, invocation.printer.Log());
-  if (!settings.IsFileBroken()) return {"settings", State::Ok, settings.Path(), {}};
-  return {"settings", State::Problem, settings.Path() + " is broken, and not used",
-          "mend or remove it; the window keeps it as TC420Config.xml.broken when it writes a new one",
-          FileFailed};
+  if (settings.ReadFault()) {
+    return {"settings",
+            State::Problem,
+            {"{1} could not be read", {settings.Path()}, {qor::Verbatim(settings.ReadFault().text)}},
+            {"see that you may read it, and that no other program holds it", {}},
+            FileFailed};
+  }
+  if (!settings.IsFileBroken()) return {"settings", State::Ok, qor::Verbatim(settings.Path())};
+  return {
+      "settings",
+      State::Problem,
+      {"{1} is broken, and not used", {settings.Path()}},
+      {"mend or remove it; the window keeps it as {1} when it writes a new one", {"TC420Config.xml.broken"}},
+      FileFailed};
 }
 
 Finding LogFile(const std::string& folder) {
   const std::string path = platform::PathIn(folder.empty() ? "." : folder, UX::LogFileName);
   std::string start;
   const platform::SystemError failed = platform::ReadWholeFile(path, 0, start);
-  if (!failed) return {"log", State::Ok, path, {}};
+  if (!failed) return {"log", State::Ok, qor::Verbatim(path)};
   if (failed.kind == platform::ErrorKind::NotFound)
-    return {"log", State::Ok, path + " (of the window, which has written none yet)", {}};
-  return {"log", State::Note, qor::Format("{1}: {2}", {path, failed.text}),
-          "the window writes no log until that is mended"};
+    return {"log", State::Ok, {"{1} (of the window, which has written none yet)", {path}}};
+  return {"log",
+          State::Note,
+          {"{1} could not be read", {path}, {qor::Verbatim(failed.text)}},
+          {"the window writes no log until that is mended", {}}};
 }
 
 Findings Examine(Invocation& invocation) {
@@ -181,7 +204,8 @@ std::string_view Name(State state) {
   return {};
 }
 
-void PrintLines(const Findings& findings, std::ostream& out) {
+void PrintLines(const Findings& findings, const Invocation& invocation) {
+  std::ostream& out = invocation.environment.out;
   const auto padded = [](std::string_view text, std::size_t width) {
     std::string cell(text);
     cell.resize(std::max(width, cell.size()), ' ');
@@ -190,19 +214,20 @@ void PrintLines(const Findings& findings, std::ostream& out) {
   constexpr std::size_t StateWidth = 9, CheckWidth = 17;
   for (const Finding& finding : findings) {
     out << padded(Name(finding.state), StateWidth) << padded(finding.check, CheckWidth)
-        << Printable(finding.text) << '\n';
-    if (!finding.advice.empty())
-      out << std::string(StateWidth + CheckWidth, ' ') << "-> " << finding.advice << '\n';
+        << Printable(invocation.Text(finding.text)) << '\n';
+    if (finding.advice) {
+      out << std::string(StateWidth + CheckWidth, ' ') << "-> " << invocation.Text(finding.advice) << '\n';
+    }
   }
 }
 
-Json JsonOf(const Findings& findings) {
+Json JsonOf(const Findings& findings, const Invocation& invocation) {
   Json answer = {{"version", HALVEX_VERSION}, {"findings", Json::array()}};
   for (const Finding& finding : findings) {
     answer["findings"].push_back({{"check", finding.check},
                                   {"state", Name(finding.state)},
-                                  {"text", finding.text},
-                                  {"advice", finding.advice}});
+                                  {"text", invocation.Text(finding.text)},
+                                  {"advice", invocation.Text(finding.advice)}});
   }
   return answer;
 }
@@ -210,8 +235,11 @@ Json JsonOf(const Findings& findings) {
 ExitStatus RunDoctor(bool asJson, Invocation& invocation) {
   invocation.printer.KeepStandardOutputFree();
   const Findings findings = Examine(invocation);
-  std::ostream& out = invocation.environment.out;
-  asJson ? Print(JsonOf(findings), out) : PrintLines(findings, out);
+  if (asJson) {
+    Print(JsonOf(findings, invocation), invocation.environment.out);
+  } else {
+    PrintLines(findings, invocation);
+  }
   const auto problem = std::ranges::find(findings, State::Problem, &Finding::state);
   return problem == findings.end() ? Done : problem->status;
 }

@@ -24,8 +24,8 @@ void AddEditOptions(CLI::App& parser, EditOptions& options) {
   AddModes(parser, options.modes);
 }
 
-/// Changes each mode by `edit`, logs what it says, and writes the program. Nothing is written when a mode is
-/// not changed.
+/// Changes each mode by `edit`, logs what it says, and writes the program. Nothing is written when an edit is
+/// refused.
 template <typename Edit>
 ExitStatus EditModes(const EditOptions& options, Invocation& invocation, Edit edit) {
   CheckOutput(options.in, options.out, invocation);
@@ -33,13 +33,7 @@ ExitStatus EditModes(const EditOptions& options, Invocation& invocation, Edit ed
   const std::vector<std::size_t> indices = ModeIndicesOf(program, options.modes, options.in);
   for (const std::size_t index : indices) {
     TCBase::Mode& mode = program.modes[index];
-    const TCBase::EditResult result = edit(mode);
-    if (!result.isChanged) {
-      throw CommandError(WrongUsage,
-                         qor::Format("mode {1}, '{2}': {3}; {4} was not written",
-                                     {index + 1, mode.name, invocation.Text(result.status), options.out}));
-    }
-    if (result.status) invocation.printer.Log().Message(result.status);
+    Report(edit(mode), index, mode, options.out, invocation);
   }
   Save(program, indices[0], options.out, invocation);
   return Done;
@@ -50,7 +44,8 @@ ExitStatus Optimise(const EditOptions& options, bool forTC421, Invocation& invoc
   const ExitStatus status = EditModes(options, invocation, [&](TCBase::Mode& mode) {
     if (forTC421) return TCBase::OptimiseForTC421(mode);
     if (TCBase::OptimiseMode(mode, log)) return TCBase::EditResult{true, {}};
-    return TCBase::EditResult{false, {"Unable to optimize mode {1}, please remove some steps.", {mode.name}}};
+    return TCBase::EditResult{
+        false, {"Unable to optimize mode {1}, please remove some steps.", {mode.name}}, true};
   });
   if (!forTC421) log.Message("Program optimized");
   return status;

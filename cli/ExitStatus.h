@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <stdexcept>
+#include <concepts>
+#include <exception>
 #include <string>
+#include <utility>
+
+#include "QorLib/Sentence.h"
 
 namespace cli {
 
@@ -19,14 +23,22 @@ enum ExitStatus {
 };
 
 /// Ends a command with a sentence for the user.
-class CommandError : public std::runtime_error {
+class CommandError : public std::exception {
  public:
-  CommandError(ExitStatus status, const std::string& sentence)
-      : std::runtime_error(sentence), status_(status) {}
+  CommandError(ExitStatus status, qor::Sentence sentence)
+      : status_(status), sentence_(std::move(sentence)), english_(sentence_.In(qor::InEnglish)) {}
+  /// For a text that has no translations.
+  template <std::convertible_to<std::string> Text>
+  CommandError(ExitStatus status, const Text& text) : CommandError(status, qor::Verbatim(text)) {}
+
   ExitStatus Status() const { return status_; }
+  const qor::Sentence& Sentence() const { return sentence_; }
+  const char* what() const noexcept override { return english_.c_str(); }
 
  private:
   ExitStatus status_;
+  qor::Sentence sentence_;
+  std::string english_;
 };
 
 }  // namespace cli

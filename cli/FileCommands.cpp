@@ -17,8 +17,8 @@ struct ConvertOptions {
 };
 
 ExitStatus RunConvert(const ConvertOptions& options, Invocation& invocation) {
-  if (!KindOf(options.in)) {
-    throw CommandError(WrongUsage, qor::Format("{1} does not end in .xml, .tmf or .lmf", {options.in}));
+  if (TCBase::FormatOf(options.in) == nullptr) {
+    throw CommandError(WrongUsage, {"{1} does not end in {2}", {options.in, KnownEndings(true)}});
   }
   CheckOutput(options.in, options.out, invocation);
   TCBase::Program program = Load(options.in, invocation);
@@ -36,9 +36,10 @@ Runner DefineNew(CLI::App& parser) {
   const auto path = std::make_shared<std::string>();
   parser.add_option("FILE", *path, "The program file to write")->required()->type_name("")->check(CheckPath);
   return [path](Invocation& invocation) {
-    if (KindOf(*path).isSingleMode) {
+    const TCBase::FileFormat* format = TCBase::FormatOf(*path);
+    if (format != nullptr && format->IsOfOneMode()) {
       throw CommandError(WrongUsage,
-                         *path + " is the name of a file of one mode; a new program has two: use .xml");
+                         {"{1} is the name of a file of one mode; a new program has two: use .xml", {*path}});
     }
     Save(TCBase::NewProgram(invocation.texts.Translator()), 0, *path, invocation);
     return Done;

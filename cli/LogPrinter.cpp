@@ -36,23 +36,24 @@ std::string Printable(std::string text) {
 LogPrinter::LogPrinter(Environment& environment, const CommonOptions& options, qor::Translate translate)
     : environment_(environment),
       options_(options),
+      translate_(std::move(translate)),
       messages_(&environment.out),
       log_([&clock = environment.clock] { return TimeOfDayOf(clock); }) {
-  if (!options_.logFile.empty()) OpenFile(translate);
-  log_.SetTranslation(std::move(translate));
+  if (!options_.logFile.empty()) OpenFile();
+  log_.SetTranslation(translate_);
   log_.SetTracing(options_.trace);
   log_.OnLine([this] {
     if (std::this_thread::get_id() == thread_) Print();
   });
 }
 
-void LogPrinter::OpenFile(const qor::Translate& translate) {
+void LogPrinter::OpenFile() {
   const std::string& path = options_.logFile;
   errno = 0;
   file_.open(std::filesystem::path(std::u8string(path.begin(), path.end())), std::ios::app);
   if (!file_) {
-    throw CommandError(FileFailed, qor::Format(translate("Error creating file {1}, error: {2}"),
-                                               {path, platform::RuntimeErrorText(errno)}));
+    throw CommandError(FileFailed,
+                       {"Error creating file {1}, error: {2}", {path, platform::RuntimeErrorText(errno)}});
   }
 }
 
@@ -99,21 +100,23 @@ void LogPrinter::DrawProgress() {
   if (!progress_.empty()) environment_.err << progress_ << std::flush;
 }
 
-void LogPrinter::Complain(const std::string& sentence) {
+void LogPrinter::Complain(const qor::Sentence& sentence) {
   Print();
-  const std::string line = Printable(sentence) + "\n";
+  const std::string line = Printable(sentence.In(translate_)) + "\n";
   HideProgress();
   environment_.err << "halvex: " << line << std::flush;
   DrawProgress();
   WriteToFile(line);
 }
 
-void LogPrinter::WarnOfEach(const std::vector<std::string>& sentences) {
+void LogPrinter::Warn(const qor::Sentence& sentence) {
+  Complain({"warning", {}, {sentence}});
+}
+
+void LogPrinter::WarnOfEach(const std::vector<qor::Sentence>& sentences) {
   constexpr std::size_t MostNamed = 5;
-  for (std::size_t i = 0; i < sentences.size() && i < MostNamed; ++i) Complain("warning: " + sentences[i]);
-  if (sentences.size() > MostNamed) {
-    Complain(qor::Format("warning: {1} more like these", {sentences.size() - MostNamed}));
-  }
+  for (std::size_t i = 0; i < sentences.size() && i < MostNamed; ++i) Warn(sentences[i]);
+  if (sentences.size() > MostNamed) Warn({"{1} more like these", {sentences.size() - MostNamed}});
 }
 
 void LogPrinter::WriteToFile(const std::string& text) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <concepts>
 #include <fstream>
 #include <thread>
 #include <vector>
@@ -33,9 +34,16 @@ class LogPrinter {
   /// Prints a line of the command's result on standard output, in the log file as well.
   void PrintResult(const std::string& text);
   /// Prints a complaint on standard error, in the log file as well.
-  void Complain(const std::string& sentence);
-  /// Complains of the first few of many things of a kind, and says how many there are.
-  void WarnOfEach(const std::vector<std::string>& sentences);
+  void Complain(const qor::Sentence& sentence);
+  /// For a text that has no translations.
+  template <std::convertible_to<std::string> Text>
+  void Complain(const Text& text) {
+    Complain(qor::Verbatim(text));
+  }
+  /// Complains of what does not stand in the way.
+  void Warn(const qor::Sentence& sentence);
+  /// The same of the first few of many things of a kind; says how many more there are.
+  void WarnOfEach(const std::vector<qor::Sentence>& sentences);
   /// Shows a line of fewer than 80 characters on standard error, which is a terminal, in the place of the one
   /// before; what is printed meanwhile comes above it. An empty one takes it away.
   void ShowProgress(const std::string& line);
@@ -44,10 +52,11 @@ class LogPrinter {
   void HideProgress();
   void DrawProgress();
   void WriteToFile(const std::string& text);
-  void OpenFile(const qor::Translate& translate);
+  void OpenFile();
 
   Environment& environment_;
   CommonOptions options_;
+  qor::Translate translate_;
   std::thread::id thread_ = std::this_thread::get_id();
   std::ofstream file_;
   bool isFileBegun_ = false;

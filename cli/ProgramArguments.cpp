@@ -29,8 +29,8 @@ constexpr int MostModes = 999999999;
 std::size_t ModeIndexOf(const TCBase::Program& program, int number, const std::string& path) {
   const std::size_t count = program.modes.size();
   if (number < 1 || static_cast<std::size_t>(number) > count) {
-    throw CommandError(WrongUsage, qor::Format("there is no mode {1} in {2}; its modes are 1 to {3}",
-                                               {number, path, count}));
+    throw CommandError(WrongUsage,
+                       {"there is no mode {1} in {2}; its modes are 1 to {3}", {number, path, count}});
   }
   return static_cast<std::size_t>(number) - 1;
 }
@@ -42,7 +42,7 @@ std::vector<std::size_t> ModeIndicesOf(const TCBase::Program& program, const std
   for (const int number : numbers) {
     const std::size_t index = ModeIndexOf(program, number, path);
     if (std::ranges::find(indices, index) != indices.end()) {
-      throw CommandError(WrongUsage, qor::Format("the mode {1} is named twice", {number}));
+      throw CommandError(WrongUsage, {"the mode {1} is named twice", {number}});
     }
     indices.push_back(index);
   }
@@ -56,9 +56,19 @@ void WarnOfLongModes(const TCBase::Program::ModeListView& modes, LogPrinter& pri
   for (const TCBase::Mode& mode : modes) {
     const int steps = TCBase::StepCount(mode);
     if (steps <= TCBase::MaxModeSteps) continue;
-    printer.Complain(qor::Format("warning: the mode '{1}' has {2} steps; a controller takes at most {3}",
-                                 {mode.name, steps, TCBase::MaxModeSteps}));
+    printer.Warn({"the mode '{1}' has {2} steps; a controller takes at most {3}",
+                  {mode.name, steps, TCBase::MaxModeSteps}});
   }
+}
+
+void Report(const TCBase::EditResult& result, std::size_t index, const TCBase::Mode& mode,
+            const std::string& out, Invocation& invocation) {
+  if (result.isRefused) {
+    throw CommandError(
+        WrongUsage,
+        {"{1} was not written", {out}, {{"mode {1}, '{2}'", {index + 1, mode.name}}, result.status}});
+  }
+  if (result.status) invocation.printer.Log().Message(result.status);
 }
 
 int SecondOf(std::string_view time) {
@@ -79,8 +89,7 @@ int SecondOf(std::string_view time) {
     ++parts;
   }
   if (parts < 2 || !rest.empty()) {
-    throw CommandError(WrongUsage,
-                       qor::Format("'{1}' is no time of day; give it as HH:MM or HH:MM:SS", {time}));
+    throw CommandError(WrongUsage, {"'{1}' is no time of day; give it as HH:MM or HH:MM:SS", {time}});
   }
   return parts == 2 ? second * 60 : second;
 }
@@ -106,7 +115,7 @@ void AddFile(CLI::App& parser, std::string& path) {
 }
 
 CLI::Option* AddOutput(CLI::App& parser, std::string& path) {
-  return parser.add_option("-o", path, "The file to write, another than FILE")
+  return parser.add_option("-o", path, "The file to write, which may be FILE itself")
       ->type_name("OUT")
       ->check(CheckPath);
 }

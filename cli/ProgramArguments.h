@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "cli/LogPrinter.h"
+#include "model/Editing.h"
 #include "model/Program.h"
 
 /// What the arguments of many commands have in common. All functions complain by CommandError.
@@ -21,6 +22,10 @@ std::vector<std::size_t> ModeIndicesOf(const TCBase::Program& program, const std
 
 /// Names the modes that have more steps than controllers take.
 void WarnOfLongModes(const TCBase::Program::ModeListView& modes, LogPrinter& printer);
+
+/// Logs what an edit of the mode at `index` says. Throws where it was refused: `out` is not to be written.
+void Report(const TCBase::EditResult& result, std::size_t index, const TCBase::Mode& mode,
+            const std::string& out, Invocation& invocation);
 
 /// The second of the day that "HH:MM" or "HH:MM:SS" names.
 int SecondOf(std::string_view time);

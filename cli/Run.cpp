@@ -46,8 +46,8 @@ void Define(CLI::App& parser, CommonOptions& options, Runner& chosen) {
   }
 }
 
-int Complain(Environment& environment, const std::string& sentence, ExitStatus status) {
-  environment.err << "halvex: " << sentence << std::endl;
+int Complain(Environment& environment, const std::string& text, ExitStatus status) {
+  environment.err << "halvex: " << text << std::endl;
   return status;
 }
 
@@ -77,12 +77,11 @@ void ChooseLanguage(const std::string& asked, const std::string& settingsFolder,
   if (texts.CurrentLanguage() == asked) return;
   std::string known(TCBase::EnglishId);
   for (const TCBase::StringTable::Language& language : texts.Languages()) known += ", " + language.id;
-  throw CommandError(WrongUsage,
-                     qor::Format("there is no language '{1}'; languages are {2}", {asked, known}));
+  throw CommandError(WrongUsage, {"there is no language '{1}'; languages are {2}", {asked, known}});
 }
 
-ExitStatus RunCommand(const Runner& chosen, const CommonOptions& options, Environment& environment) {
-  TCBase::Localisation texts;
+ExitStatus RunCommand(const Runner& chosen, const CommonOptions& options, TCBase::Localisation& texts,
+                      Environment& environment) {
   ChooseLanguage(options.language, environment.settingsFolder, texts);
   LogPrinter printer(environment, options, texts.Translator());
   Invocation invocation{environment, texts, printer, options.logFile};
@@ -91,7 +90,7 @@ ExitStatus RunCommand(const Runner& chosen, const CommonOptions& options, Enviro
     printer.Print();
     return status;
   } catch (const CommandError& failed) {
-    printer.Complain(failed.what());
+    printer.Complain(failed.Sentence());
     return failed.Status();
   }
 }
@@ -115,14 +114,15 @@ int Run(const std::vector<std::string>& arguments, Environment& environment) {
   } catch (const CLI::ParseError& failed) {
     return Complain(environment, std::string(failed.what()) + " (see halvex --help)", WrongUsage);
   }
+  TCBase::Localisation texts;
   try {
-    return RunCommand(chosen, options, environment);
+    return RunCommand(chosen, options, texts, environment);
   } catch (const CommandError& failed) {
-    return Complain(environment, failed.what(), failed.Status());
-  } catch (const qor::xout_of_memory& failed) {
-    return Complain(environment, failed.what(), FileFailed);
+    return Complain(environment, failed.Sentence().In(texts.Translator()), failed.Status());
+  } catch (const qor::xout_of_memory&) {
+    return Complain(environment, std::string(texts.Translate("Out of memory.")), FileFailed);
   } catch (const std::bad_alloc&) {
-    return Complain(environment, qor::xout_of_memory().what(), FileFailed);
+    return Complain(environment, std::string(texts.Translate("Out of memory.")), FileFailed);
   } catch (const std::exception& failed) {
     return Complain(environment, failed.what(), DeviceFailed);
   }

@@ -17,6 +17,7 @@
 namespace cli {
 namespace {
 
+constexpr const char* StandardInput = "-";
 constexpr std::size_t MaxTextBytes = std::size_t{1} << 20;
 
 struct StepsOptions {
@@ -26,13 +27,9 @@ struct StepsOptions {
   std::string set, add;  // paths of texts; "-" is standard input
 };
 
-std::string ShownName(const std::string& path) {
-  return path == "-" ? "standard input" : path;
-}
-
-std::string ReadText(const std::string& path, Environment& environment) {
+std::string ReadText(const std::string& path, const std::string& name, Environment& environment) {
   std::string text;
-  if (path == "-") {
+  if (path == StandardInput) {
     text.resize(MaxTextBytes + 1);
     environment.in.read(text.data(), static_cast<std::streamsize>(text.size()));
     text.resize(static_cast<std::size_t>(environment.in.gcount()));
@@ -40,53 +37,56 @@ std::string ReadText(const std::string& path, Environment& environment) {
     try {
       text = TCBase::ReadFileBytes(path, MaxTextBytes);
     } catch (const qor::win::xsystem& failed) {
-      throw CommandError(FileFailed, qor::Format("{1} could not be read: {2}", {path, failed.Description()}));
+      throw CommandError(FileFailed, {"{1} could not be read", {name}, {failed.Reason()}});
     }
   }
-  if (text.size() > MaxTextBytes) throw CommandError(FileFailed, ShownName(path) + " is larger than 1 MiB");
+  if (text.size() > MaxTextBytes) {
+    throw CommandError(FileFailed, {"{1} is larger than {2} MiB", {name, MaxTextBytes >> 20}});
+  }
   if (qor::win::FindBrokenUtf8(text) != std::string::npos || text.find('\0') != std::string::npos) {
-    throw CommandError(FileFailed, ShownName(path) + " is no UTF-8 text; save it as such");
+    throw CommandError(FileFailed, {"{1} is no UTF-8 text; save it as such", {name}});
   }
   return text;
 }
 
-/// Complains of lines by their numbers.
-void WarnOfLines(const std::vector<std::size_t>& lines, const std::string& name, const char* what,
-                 LogPrinter& printer) {
-  std::vector<std::string> sentences;
-  sentences.reserve(lines.size());
-  for (const std::size_t line : lines)
-    sentences.push_back(qor::Format("{1}, line {2} {3}", {name, line, what}));
-  printer.WarnOfEach(sentences);
-}
-
-/// Reads the steps of a text, of which there must be `fewest`; complains of lines that are none or look odd.
-std::vector<TCBase::Step> ReadSteps(const std::string& path, std::size_t fewest, Invocation& invocation) {
-  const std::string name = ShownName(path);
-  std::vector<TCBase::Step> steps;
-  TCBase::OddLines odd;
-  TCBase::ParseStepsText(ReadText(path, invocation.environment), steps, &odd);
-  WarnOfLines(odd.skipped, name, "is no step and was left out", invocation.printer);
-  WarnOfLines(odd.withoutNumber, name, "lacks a number, which was taken as 0", invocation.printer);
-  if (steps.size() < fewest) {
-    throw CommandError(FileFailed, qor::Format("{1} holds {2} steps where at least {3} are needed; a line is "
-                                               "'hh:mm value' or 'hh:mm value J'",
-                                               {name, steps.size(), fewest}));
+/// The steps of a text; complains of lines that are none or look odd.
+std::vector<TCBase::Step> ReadSteps(const std::string& path, Invocation& invocation) {
+  LogPrinter& printer = invocation.printer;
+  const std::string name = path == StandardInput ? invocation.Text({"standard input", {}}) : path;
+  const TCBase::StepsReading reading = TCBase::ReadStepsText(ReadText(path, name, invocation.environment));
+  std::vector<qor::Sentence> remarks;
+  for (const qor::Sentence& remark : reading.remarks) remarks.push_back(qor::About(name, remark));
+  printer.WarnOfEach(remarks);
+  if (reading.steps.empty()) {
+    throw CommandError(FileFailed,
+                       {"{1} holds no steps; a line is 'hh:mm value' or 'hh:mm value J'", {name}});
   }
-  invocation.printer.Log().Message("Text contains {1} steps", {steps.size()});
-  return steps;
+  printer.Log().Message("Text contains {1} steps", {reading.steps.size()});
+  return reading.steps;
 }
 
 void CheckOptions(const StepsOptions& options, const Invocation& invocation) {
   const bool isEdit = !options.set.empty() || !options.add.empty();
-  if (isEdit && options.out.empty())
-    throw CommandError(WrongUsage, "--set and --add need -o OUT, the file to write");
-  if (!isEdit && !options.out.empty()) throw CommandError(WrongUsage, "-o goes with --set or --add");
+  if (isEdit && options.out.empty()) {
+    throw CommandError(WrongUsage, {"--set and --add need -o OUT, the file to write", {}});
+  }
+  if (!isEdit && !options.out.empty()) throw CommandError(WrongUsage, {"-o goes with --set or --add", {}});
   if (!isEdit) return;
   CheckOutput(options.path, options.out, invocation);
-  if (const std::string& text = options.set.empty() ? options.add : options.set; text != "-") {
-    CheckOutput(text, options.out, invocation);
+  const std::string& text = options.set.empty() ? options.add : options.set;
+  if (text != StandardInput) CheckIsAnother(text, options.out);
+}
+
+/// Replaces or adds the steps that the text holds.
+TCBase::EditResult Edit(const StepsOptions& options, TCBase::Mode& mode, std::size_t channel,
+                        Invocation& invocation) {
+  if (!options.set.empty()) return TCBase::ReplaceSteps(mode, channel, ReadSteps(options.set, invocation));
+  std::vector<TCBase::Step> added;
+  TCBase::EditResult result = TCBase::AddSteps(mode, channel, ReadSteps(options.add, invocation), added);
+  for (const TCBase::Step& step : added) {
+    invocation.printer.Log().Message("Added new step {1}.", {TCBase::StepText(step)});
   }
+  return result;
 }
 
 ExitStatus RunSteps(const StepsOptions& options, Invocation& invocation) {
@@ -94,28 +94,14 @@ ExitStatus RunSteps(const StepsOptions& options, Invocation& invocation) {
   TCBase::Program program = Load(options.path, invocation);
   const std::size_t index = ModeIndexOf(program, options.mode, options.path);
   TCBase::Mode& mode = program.modes[index];
-  TCBase::Channel& channel = mode.channels[static_cast<std::size_t>(options.channel) - 1];
+  const std::size_t channel = static_cast<std::size_t>(options.channel) - 1;
   if (options.out.empty()) {
-    for (const TCBase::Step& step : channel.steps)
+    for (const TCBase::Step& step : mode.channels[channel].steps)
       invocation.environment.out << TCBase::StepText(step) << '\n';
     return Done;
   }
-  if (!options.set.empty()) {
-    TCBase::ReplaceSteps(channel, ReadSteps(options.set, TCBase::MinChannelSteps, invocation));
-    if (channel.steps.size() < TCBase::MinChannelSteps) {
-      throw CommandError(FileFailed,
-                         options.set + ": all steps are at the same minute; at least 2 are needed");
-    }
-  } else {
-    const std::vector<TCBase::Step> steps = ReadSteps(options.add, 1, invocation);
-    TCBase::InsertSteps(channel, steps);
-    TCBase::Channel added;  // one a minute, as they came into the channel
-    TCBase::InsertSteps(added, steps);
-    for (const TCBase::Step& step : added.steps) {
-      invocation.printer.Log().Message("Added new step {1}.", {TCBase::StepText(step)});
-    }
-  }
-  WarnOfLongModes(TCBase::Program::ModeListView(program), invocation.printer);
+  Report(Edit(options, mode, channel, invocation), index, mode, options.out, invocation);
+  WarnOfLongModes(TCBase::Program::ModeListView(program, {index}), invocation.printer);
   Save(program, index, options.out, invocation);
   return Done;
 }

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 // translation
+#include <algorithm>
 #include <memory>
 
-#include "QorLib/Format.h"
 #include "cli/Commands.h"
 #include "cli/LogPrinter.h"
 #include "cli/ProgramArguments.h"
@@ -13,28 +13,32 @@ namespace {
 
 ExitStatus Export(const std::string& path, Invocation& invocation) {
   const TCBase::ExportResult result = invocation.texts.Export(path);
-  if (!result.isExported)
-    throw CommandError(FileFailed, invocation.Text(result.message) + " " + result.reason);
+  if (!result.isExported) throw CommandError(FileFailed, result.message);
   invocation.printer.Log().Message(result.message);
   return Done;
 }
 
+/// Complains of each line of a text that a box could show.
+void ComplainOfLines(std::string text, LogPrinter& printer) {
+  constexpr std::string_view LineEnd = "\r\n";
+  while (!text.empty()) {
+    const std::size_t end = std::min(text.find(LineEnd), text.size());
+    if (end > 0) printer.Complain(text.substr(0, end));
+    text.erase(0, end + LineEnd.size());
+  }
+}
+
 ExitStatus Test(const std::string& path, Invocation& invocation) {
   const TCBase::TranslationTest result = invocation.texts.Test(path);
-  if (result.isLoaded) {
-    std::vector<std::string> warnings;
-    warnings.reserve(result.notFound.size());
-    for (const std::string& text : result.notFound) {
-      warnings.push_back(qor::Format("{1}: the program has no text '{2}'", {path, text}));
-    }
-    invocation.printer.WarnOfEach(warnings);
-    invocation.printer.Log().Message(result.message);
-    return Done;
+  for (const qor::Sentence& remark : result.remarks) {
+    invocation.printer.Complain(qor::About(path, remark));
   }
-  invocation.printer.Complain(path + ": " + invocation.Text(result.caption));
-  for (const std::string& fault : result.faults)
-    invocation.printer.Complain(qor::Format("{1}: {2}", {path, fault}));
-  return FileFailed;
+  if (!result.isWhole) {
+    ComplainOfLines(invocation.Text(result.message), invocation.printer);
+    return FileFailed;
+  }
+  invocation.printer.Log().Message(result.message);
+  return Done;
 }
 
 }  // namespace

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
-
 #include "QorLib/Sentence.h"
 
 namespace TCBase {
@@ -11,7 +9,6 @@ namespace TCBase {
 struct ImportResult {
   bool isImported = false;
   qor::Sentence message;  // why not, or what was left out; empty when all went well
-  std::string detail;     // more about the message, in English; may be empty
 };
 
 }  // namespace TCBase

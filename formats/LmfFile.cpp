@@ -23,8 +23,9 @@ int SwapNibbles(int byte) {
 ImportResult ImportLMF(std::string_view bytes, Mode& mode) {
   if (bytes.size() != FileSize) {
     return {false,
-            {"Invalid file format", {}},
-            qor::Format("an LMF file has {1} bytes, this one has {2}", {FileSize, bytes.size()})};
+            {"Invalid file format",
+             {},
+             {{"an LMF file has {1} bytes, this one has {2}", {FileSize, bytes.size()}}}}};
   }
   for (std::size_t slot = 0; slot < SlotCount; ++slot) {
     for (std::size_t i = 0; i < ChannelCount; ++i) {
@@ -38,7 +39,7 @@ ImportResult ImportLMF(std::string_view bytes, Mode& mode) {
   Mode resampled = ResampleAt30Minutes(mode);
   RemoveRedundantSteps(resampled);
   mode.channels = std::move(resampled.channels);
-  return {true, {}, {}};
+  return {true, {}};
 }
 
 std::string ExportLMF(const Mode& mode) {

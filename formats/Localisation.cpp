@@ -3,7 +3,6 @@
 
 #include "QorLib/Exceptions.h"
 #include "formats/FileBytes.h"
-#include "formats/Settings.h"
 #include "platform/Resources.h"
 
 namespace TCBase {
@@ -11,18 +10,13 @@ namespace {
 
 constexpr std::size_t MaxFileBytes = std::size_t{4} << 20;  // of a translator's file
 
-std::string Joined(const std::vector<std::string>& lines) {
-  std::string text;
-  for (const std::string& line : lines) text += (text.empty() ? "" : "\r\n") + line;
-  return text;
+/// For a file of which nothing was loaded.
+TranslationTest Refused(qor::Sentence message) {
+  return {false, false, {"Invalid Translation File", {}}, std::move(message), {}};
 }
 
-TranslationTest Refusal(std::vector<std::string> faults) {
-  const qor::Sentence message = {
-      "Error loading the XML translation file!\r\n{1}\r\n\r\nThis is most probably caused by invalid XML.\r\n"
-      "Please try to open your XML file in your web browser to see the parsing error location.",
-      {Joined(faults)}};
-  return {false, message, {"Invalid Translation File", {}}, std::move(faults), {}};
+TranslationTest Unread(const std::string& path, qor::Sentence reason) {
+  return Refused({"{1} could not be read", {path}, {std::move(reason)}});
 }
 
 }  // namespace
@@ -73,29 +67,47 @@ ExportResult Localisation::Export(const std::string& path) {
       table = table_.Write(current_);
     }
     ReplaceFileBytes(path, table);
-    return {true, {"Localization file {1} exported successfully!", {path}}, {}};
+    return {true, {"Localization file {1} exported successfully!", {path}}};
   } catch (const qor::win::xsystem& failed) {
-    return {false, {"Error exporting localization file {1}!", {path}}, failed.Description()};
+    return {false, {"Error exporting localization file {1}!", {path}, {failed.Reason()}}};
   }
 }
 
 TranslationTest Localisation::Test(const std::string& path) {
+  std::string bytes;
   try {
-    std::string bytes = ReadFileBytes(path, MaxFileBytes);
-    if (bytes.size() > MaxFileBytes) return Refusal({"the file is larger than 4 MiB"});
-    const std::lock_guard lock(mutex_);
-    std::vector<std::string> faults = table_.Merge(std::move(bytes));
-    if (!faults.empty()) return Refusal(std::move(faults));
-    return {true, {"Translation file {1} loaded successfully!", {path}}, {}, {}, table_.NotFound()};
+    bytes = ReadFileBytes(path, MaxFileBytes);
   } catch (const qor::win::xsystem& failed) {
-    return Refusal({failed.Description()});
+    return Unread(path, failed.Reason());
   }
-}
-
-void ChooseLanguage(std::string_view id, Localisation& texts, Settings& settings, qor::Log& log) {
-  const std::vector<qor::Sentence> report = texts.SetLanguage(id);
-  settings.Set(SettingLocale, texts.CurrentLanguage());
-  for (const qor::Sentence& sentence : report) log.Message(sentence);
+  if (bytes.size() > MaxFileBytes) {
+    return Unread(path, {"the file is larger than {1} MiB", {MaxFileBytes >> 20}});
+  }
+  const std::lock_guard lock(mutex_);
+  StringTable::MergeResult merged = table_.Merge(std::move(bytes));
+  if (!merged.isXml) {
+    const auto translate = [this](std::string_view text) {
+      return std::string(table_.Translate(text, current_));
+    };
+    return Refused(
+        {"Error loading the XML translation file!\r\n{1}\r\n\r\nThis is most probably caused by invalid "
+         "XML.\r\n"
+         "Please try to open your XML file in your web browser to see the parsing error location.",
+         {merged.failure.In(translate)}});
+  }
+  if (merged.failure) return Refused({"{1} is no file of translations", {path}, {std::move(merged.failure)}});
+  if (!merged.isWhole) {
+    return {true,
+            false,
+            {"Invalid Translation File", {}},
+            {"Translation file {1} loaded in part, without what is faulty", {path}},
+            std::move(merged.remarks)};
+  }
+  return {true,
+          true,
+          {"Test localization XML", {}},
+          {"Translation file {1} loaded successfully!", {path}},
+          std::move(merged.remarks)};
 }
 
 }  // namespace TCBase

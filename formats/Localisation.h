@@ -7,29 +7,27 @@
 #include <string_view>
 #include <vector>
 
-#include "QorLib/Log.h"
+#include "QorLib/Sentence.h"
+#include "QorLib/Translate.h"
 #include "formats/StringTable.h"
 
 namespace TCBase {
-
-class Settings;
 
 inline constexpr std::string_view EnglishId = "en";
 
 /// What came of a translator's file.
 struct TranslationTest {
-  bool isLoaded = false;
-  qor::Sentence message;
-  qor::Sentence caption;              // of a message box, when it was not loaded
-  std::vector<std::string> faults;    // why not, line by line; stands in the message as well
-  std::vector<std::string> notFound;  // texts that the table lacks, of this file and those before it
+  bool isLoaded = false;               // and in use; at least in part
+  bool isWhole = false;                // all of its texts that the program has
+  qor::Sentence caption;               // of a message box about it
+  qor::Sentence message;               // what came of it, and why
+  std::vector<qor::Sentence> remarks;  // on its lines
 };
 
 /// What came of writing the table for translators.
 struct ExportResult {
   bool isExported = false;
-  qor::Sentence message;
-  std::string reason;  // why not, in the system's words
+  qor::Sentence message;  // with the reason why not
 };
 
 /// The user's language: each English text leads to its translation. Safe to use from several threads; a
@@ -61,7 +59,7 @@ class Localisation {
   /// Writes the table for translators into the current language, safely.
   ExportResult Export(const std::string& path);
 
-  /// Merges a translator's file into the table. A file that cannot be read, or with faults, changes nothing.
+  /// Merges a translator's file into the table, but for its faults, of which the remarks tell.
   TranslationTest Test(const std::string& path);
 
  private:
@@ -69,8 +67,5 @@ class Localisation {
   StringTable table_;
   std::optional<std::size_t> current_;  // none is English
 };
-
-/// Makes a language current as the user's choice: it is kept in the settings, and the log says so.
-void ChooseLanguage(std::string_view id, Localisation& texts, Settings& settings, qor::Log& log);
 
 }  // namespace TCBase

@@ -111,15 +111,15 @@ class ProgramReader {
   std::optional<qor::xml::error> Failure(const element& root, const qor::xml::document& source) const {
     if (!program_.modes.empty()) return std::nullopt;
     if (firstDropped_) return firstDropped_;
-    return qor::xml::error{source.PlaceOf(root), "there is no mode in the file"};
+    return qor::xml::error{source.PlaceOf(root), {"there is no mode in the file", {}}};
   }
 
   Program Take() { return std::move(program_); }
 
  private:
   static qor::xml::error DropMessage(const element& mode, const qor::xml::document& source) {
-    return {source.PlaceOf(mode), qor::Format("there is no mode with {1} channels; the one here has {2}",
-                                              {ChannelCount, mode.ChildCount()})};
+    return {source.PlaceOf(mode),
+            {"there is no mode with {1} channels; the one here has {2}", {ChannelCount, mode.ChildCount()}}};
   }
 
   void ReadChannelInfos(const element& list) {
@@ -161,16 +161,17 @@ void SaveProgram(const Program& program, const std::string& path) {
   ReplaceFileBytes(path, WriteProgram(program));
 }
 
-std::optional<std::string> LoadProgram(const std::string& path, Program& program) {
+qor::Sentence LoadProgram(const std::string& path, Program& program) {
+  static constexpr const char* OutOfMemory = "Out of memory.";
   try {
     const auto failed = ReadProgram(ReadFileBytes(path, qor::xml::reader::MaxBytes), program);
-    return failed ? std::optional(failed->Text()) : std::nullopt;
+    return failed ? failed->Told() : qor::Sentence();
   } catch (const qor::win::xsystem& failed) {
-    return failed.Description();
-  } catch (const qor::xout_of_memory& failed) {
-    return failed.what();
+    return failed.Reason();
+  } catch (const qor::xout_of_memory&) {
+    return {OutOfMemory, {}};
   } catch (const std::bad_alloc&) {
-    return qor::xout_of_memory().what();
+    return {OutOfMemory, {}};
   }
 }
 

@@ -20,8 +20,8 @@ std::optional<qor::xml::error> ReadProgram(std::string bytes, Program& program);
 /// Writes the file safely; throws qor::win::xsystem and leaves the old file whole when that fails.
 void SaveProgram(const Program& program, const std::string& path);
 
-/// Reads the file into the program. On failure returns why, as a sentence without the path, and leaves the
-/// program untouched; never throws.
-std::optional<std::string> LoadProgram(const std::string& path, Program& program);
+/// Reads the file into the program. On failure returns why, without the path, and leaves the program
+/// untouched; never throws.
+qor::Sentence LoadProgram(const std::string& path, Program& program);
 
 }  // namespace TCBase

@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "QorLib/Sentence.h"
 #include "model/Step.h"
 
 /// A channel's steps as people type them: a line "hh:mm value" for each, and "J" behind it for a jump.
@@ -18,14 +18,16 @@ std::string StepText(const Step& step);
 void WriteStepLine(const Step& step, std::string& text);
 std::string WriteStepsText(const std::vector<Step>& steps);
 
-/// Lines of a text that its writer may have meant otherwise, by their numbers from 1.
-struct OddLines {
-  std::vector<std::size_t> skipped;        // no steps, and not blank
-  std::vector<std::size_t> withoutNumber;  // steps of which a field has no digits and counts as 0
+/// What a text of steps holds.
+struct StepsReading {
+  std::vector<Step> steps;             // in the order of the lines, clamped and without ids
+  std::vector<qor::Sentence> remarks;  // on lines that give no step, or another than stands there
 };
 
-/// Reads the steps of a text in the order of its lines, clamped and without ids. Lines end at CR, LF or both;
-/// fields at blanks, tabs and colons. Lines that are no step are passed over.
-void ParseStepsText(std::string_view text, std::vector<Step>& steps, OddLines* odd = nullptr);
+/// Reads a text of any length. Lines end at CR, LF or both; fields at blanks, tabs and colons.
+StepsReading ReadStepsText(std::string_view text);
+
+/// Why the text cannot be edited in a dialog; nothing when it can.
+qor::Sentence RefusalToEdit(std::string_view text);
 
 }  // namespace TCBase

@@ -13,6 +13,8 @@ namespace {
 using qor::xml::element;
 
 constexpr std::string_view UntranslatedMark = "translate";
+constexpr const char* UnknownLanguage = "the program has no language '{1}'";
+constexpr const char* Misplaced = "a translation belongs into an element of its language, such as <de>";
 
 /// How often each placeholder stands in a text.
 std::map<std::size_t, int> PlaceholdersOf(std::string_view text) {
@@ -43,23 +45,20 @@ std::string WithBlanks(std::string_view text) {
   return result;
 }
 
-/// What a translation does wrong with the placeholders of the English text; empty when it is right or when
+/// What a translation does wrong with the placeholders of the English text; nothing when it is right or when
 /// there is no translation.
-std::string PlaceholderFault(std::string_view english, std::string_view translation) {
+qor::Sentence PlaceholderFault(std::string_view english, std::string_view translation) {
   if (translation.empty()) return {};
   const std::map<std::size_t, int> expected = PlaceholdersOf(english);
   const std::map<std::size_t, int> found = PlaceholdersOf(translation);
   for (const auto& [number, count] : expected) {
-    if (!found.contains(number)) return qor::Format("the text lacks the placeholder {{1}}", {number});
+    if (!found.contains(number)) return {"the text lacks the placeholder {{1}}", {number}};
     if (found.at(number) != count) {
-      return qor::Format("the placeholder {{1}} must stand in the text as often as in the English one",
-                         {number});
+      return {"the placeholder {{1}} must stand in the text as often as in the English one", {number}};
     }
   }
   for (const auto& [number, count] : found) {
-    if (!expected.contains(number)) {
-      return qor::Format("there is no placeholder {{1}} in the English text", {number});
-    }
+    if (!expected.contains(number)) return {"there is no placeholder {{1}} in the English text", {number}};
   }
   return {};
 }
@@ -96,23 +95,38 @@ std::string Decoded(std::string_view raw) {
 
 }  // namespace
 
-/// Collects what is wrong with a file.
-class StringTable::Faults {
+/// Collects what there is to say of a file.
+class StringTable::Remarks {
  public:
-  explicit Faults(const qor::xml::document& file) : file_(file) {}
+  explicit Remarks(const qor::xml::document& file) : file_(file) {}
 
-  void Add(const element& where, const std::string& reason) {
-    if (!AreMany()) texts_.push_back(qor::xml::error{file_.PlaceOf(where), reason}.Text());
+  /// On something that was left out.
+  void AddFault(const element& where, qor::Sentence fault) {
+    result.isWhole = false;
+    Add(where, std::move(fault));
   }
-  bool AreNone() const { return texts_.empty(); }
-  bool AreMany() const { return texts_.size() == Most; }
-  std::vector<std::string> Take() { return std::move(texts_); }
+  void Add(const element& where, qor::Sentence remark) {
+    if (result.remarks.size() < Most) {
+      result.remarks.push_back(At(where, std::move(remark)));
+    } else {
+      ++moreCount_;
+    }
+  }
+  qor::Sentence At(const element& where, qor::Sentence remark) const {
+    return qor::xml::error{file_.PlaceOf(where), std::move(remark)}.Told();
+  }
+  MergeResult Take() {
+    if (moreCount_ > 0) result.remarks.push_back({"{1} more like these", {moreCount_}});
+    return std::move(result);
+  }
+
+  MergeResult result;
 
  private:
   static constexpr std::size_t Most = 20;
 
   const qor::xml::document& file_;
-  std::vector<std::string> texts_;
+  std::size_t moreCount_ = 0;
 };
 
 std::optional<std::size_t> StringTable::EntryList::Find(std::string_view id) const {
@@ -171,7 +185,9 @@ void StringTable::AddEntries(std::string_view written) {
 StringTable::Entry& StringTable::Parsed(Entry& entry) {
   entry.texts.resize(languages_.size());
   if (entry.unparsed.empty()) return entry;
-  if (!parsed_.Parse(std::string(std::exchange(entry.unparsed, {})))) MergeTexts(parsed_.Root(), entry);
+  if (!parsed_.Parse(std::string(std::exchange(entry.unparsed, {})))) {
+    ForEachChild(parsed_.Root(), [&](const element& text) { MergeText(text, entry); });
+  }
   return entry;
 }
 
@@ -180,6 +196,7 @@ std::string_view StringTable::Text(std::size_t entry, std::size_t language) {
 }
 
 std::string_view StringTable::Translate(std::string_view english, std::optional<std::size_t> language) {
+  if (english.empty()) return english;
   EntryList* list = &entries_;
   std::optional<std::size_t> known = entries_.Find(english);
   if (!known) {
@@ -200,56 +217,58 @@ std::optional<std::size_t> StringTable::LanguageIndex(std::string_view id) const
 
 // Merging
 
-std::vector<std::string> StringTable::Merge(std::string xml) {
+StringTable::MergeResult StringTable::Merge(std::string xml) {
   qor::xml::document file;
-  if (const auto failed = file.Parse(std::move(xml))) return {failed->Text()};
-  Faults faults(file);
+  if (const auto failed = file.Parse(std::move(xml))) return {failed->Told(), false, {}, false};
+  Remarks remarks(file);
   const element root = file.Root();
   const element strings = root.FindChild("strings");
-  const element languages = root.FindChild("languages");
   if (root.Name() != "localisation" || !strings) {
-    faults.Add(root, "<localisation> with <strings> was expected here, as an exported file has them");
-    return faults.Take();
+    return {remarks.At(root,
+                       {"<localisation> with <strings> was expected here, as an exported file has them", {}}),
+            true,
+            {},
+            false};
   }
-  ForEachChild(languages, [&](const element& child) { CheckLanguage(child, faults); });
-  ForEachChild(strings, [&](const element& child) { CheckEntry(child, faults); });
-  if (!faults.AreNone()) return faults.Take();
-
-  ForEachChild(languages, [this](const element& child) { MergeLanguage(child); });
-  ForEachChild(strings,
-               [this](const element& child) { MergeTexts(child, EntryToMerge(child.Attribute("id"))); });
-  return {};
+  ForEachChild(root.FindChild("languages"), [&](const element& child) { MergeLanguage(child, remarks); });
+  for (const element& list : {strings, root.FindChild("not_found")}) {
+    ForEachChild(list, [&](const element& child) { MergeEntry(child, remarks); });
+  }
+  return remarks.Take();
 }
 
-void StringTable::CheckLanguage(const element& source, Faults& faults) const {
+void StringTable::MergeLanguage(const element& source, Remarks& remarks) {
   const std::string_view id = source.Attribute("id");
-  if (!LanguageIndex(id)) faults.Add(source, qor::Format("the program has no language '{1}'", {id}));
+  const std::optional<std::size_t> index = LanguageIndex(id);
+  if (!index) return remarks.AddFault(source, {UnknownLanguage, {id}});
+  Language& language = languages_[*index];
+  if (!source.Attribute("name").empty()) language.name = source.Attribute("name");
+  if (!source.Attribute("author").empty()) language.author = source.Attribute("author");
 }
 
-void StringTable::CheckEntry(const element& source, Faults& faults) const {
-  if (faults.AreMany()) return;
+void StringTable::MergeEntry(const element& source, Remarks& remarks) {
   const std::string_view id = source.Attribute("id");
   if (source.Name() != "string" || id.empty()) {
-    faults.Add(source, "<string id='…'> with an English text was expected here");
-    return;
+    return remarks.AddFault(source, {"<string id='…'> with an English text was expected here", {}});
   }
-  constexpr const char* Misplaced = "a translation belongs into an element of its language, such as <de>";
-  if (!source.Text().empty()) faults.Add(source, Misplaced);
+  Entry& entry = EntryToMerge(id);
+  if (notFound_.Find(entry.id)) remarks.Add(source, {"the program has no text '{1}'", {id}});
+  if (!source.Text().empty()) remarks.AddFault(source, {Misplaced, {}});
   ForEachChild(source, [&](const element& text) {
-    if (text.Name() == UntranslatedMark) {
-      if (!text.Text().empty()) faults.Add(text, Misplaced);
-    } else if (!LanguageIndex(text.Name())) {
-      faults.Add(text, qor::Format("the program has no language '{1}'", {text.Name()}));
-    } else if (const std::string fault = PlaceholderFault(id, text.Text()); !fault.empty()) {
-      faults.Add(text, fault);
+    if (qor::Sentence fault = FaultOf(text, entry.id)) {
+      remarks.AddFault(text, std::move(fault));
+    } else {
+      MergeText(text, entry);
     }
   });
 }
 
-void StringTable::MergeLanguage(const element& source) {
-  Language& language = languages_[*LanguageIndex(source.Attribute("id"))];
-  if (!source.Attribute("name").empty()) language.name = source.Attribute("name");
-  if (!source.Attribute("author").empty()) language.author = source.Attribute("author");
+/// Why a text of a translator's file is left out.
+qor::Sentence StringTable::FaultOf(const element& text, std::string_view english) const {
+  if (text.Name() == UntranslatedMark)
+    return text.Text().empty() ? qor::Sentence() : qor::Sentence{Misplaced, {}};
+  if (!LanguageIndex(text.Name())) return {UnknownLanguage, {text.Name()}};
+  return PlaceholderFault(english, text.Text());
 }
 
 StringTable::Entry& StringTable::EntryToMerge(std::string_view id) {
@@ -261,11 +280,9 @@ StringTable::Entry& StringTable::EntryToMerge(std::string_view id) {
   return Parsed(notFound_.Add(Keep(id)));
 }
 
-void StringTable::MergeTexts(const element& source, Entry& entry) {
-  ForEachChild(source, [&](const element& text) {
-    const std::optional<std::size_t> language = LanguageIndex(text.Name());
-    if (language && !text.Text().empty()) entry.texts[*language] = Keep(WithCrLf(text.Text()));
-  });
+void StringTable::MergeText(const element& text, Entry& entry) {
+  const std::optional<std::size_t> language = LanguageIndex(text.Name());
+  if (language && !text.Text().empty()) entry.texts[*language] = Keep(WithCrLf(text.Text()));
 }
 
 // Writing

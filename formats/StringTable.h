@@ -9,6 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "QorLib/Sentence.h"
 #include "QorLib/xml/document.h"
 
 namespace TCBase {
@@ -39,7 +40,7 @@ class StringTable {
 
   /// A table as `Write` gives it for texts that do not begin like a CDATA section. The bytes are not copied
   /// and must outlive the table. Its entries are found by their tags and parsed when they are first asked
-  /// for: a program needs few of them in its first moments.
+  /// for: a program needs few of them in its first moments. An empty text is none.
   explicit StringTable(std::string_view written);
   /// Appends the entries of another table in the same form and the same languages, which has none of this
   /// one's. The bytes must outlive this table, too.
@@ -61,15 +62,17 @@ class StringTable {
   /// The remembered texts, in the order of their first time.
   std::vector<std::string> Missing() const { return missing_.Ids(); }
 
+  /// What came of merging a file.
+  struct MergeResult {
+    qor::Sentence failure;               // why nothing was merged
+    bool isXml = true;                   // false: that is why
+    std::vector<qor::Sentence> remarks;  // on lines of the file, in their order
+    bool isWhole = true;                 // false: there are remarks on texts that were left out
+  };
   /// Merges a translator's file: texts that are not empty take the places of those with the same ids. Entries
-  /// that the table lacks are kept apart. Line breaks of ids may have lost their CR on the way.
-  ///
-  /// What is wrong with the file, line by line, or nothing: it is no XML or no table, it names a language
-  /// that the table lacks, or a text lacks one of its placeholders or has one too many. Nothing is merged
-  /// then.
-  std::vector<std::string> Merge(std::string xml);
-  /// The English texts of the entries that were kept apart.
-  std::vector<std::string> NotFound() const { return notFound_.Ids(); }
+  /// that the table lacks are kept apart. Line breaks of ids may have lost their CR on the way. Left out is
+  /// what belongs to a language that the table lacks, or lacks a placeholder, or has one too many.
+  MergeResult Merge(std::string xml);
 
   /// The table for translators into one language, or (none) into all. An entry that lacks a translation
   /// begins with an empty element "translate" and has an empty one for each missing language. Behind the
@@ -77,7 +80,7 @@ class StringTable {
   std::string Write(std::optional<std::size_t> language);
 
  private:
-  class Faults;
+  class Remarks;
 
   struct Entry {
     std::string_view id;
@@ -97,11 +100,11 @@ class StringTable {
 
   void AddEntries(std::string_view written);
   Entry& Parsed(Entry& entry);
-  void CheckLanguage(const qor::xml::element& source, Faults& faults) const;
-  void CheckEntry(const qor::xml::element& source, Faults& faults) const;
+  void MergeLanguage(const qor::xml::element& source, Remarks& remarks);
+  void MergeEntry(const qor::xml::element& source, Remarks& remarks);
   Entry& EntryToMerge(std::string_view id);
-  void MergeTexts(const qor::xml::element& source, Entry& entry);
-  void MergeLanguage(const qor::xml::element& source);
+  qor::Sentence FaultOf(const qor::xml::element& text, std::string_view english) const;
+  void MergeText(const qor::xml::element& text, Entry& entry);
   void WriteEntry(const Entry& entry, std::optional<std::size_t> language, qor::xml::element list) const;
   std::string_view Keep(std::string_view text) { return kept_.emplace_back(text); }
 

@@ -2,6 +2,7 @@
 #include "model/Editing.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "model/ModeSample.h"
@@ -22,6 +23,19 @@ EditResult Unchanged(std::string english, std::vector<qor::FormatArgument> argum
   return {false, {std::move(english), std::move(arguments)}};
 }
 
+EditResult Refused(std::string english, std::vector<qor::FormatArgument> arguments = {}) {
+  return {false, {std::move(english), std::move(arguments)}, true};
+}
+
+EditResult RefusedAtLimit() {
+  return Refused("Unable to add new step. Maximum number of {1} steps for the current mode reached",
+                 {MaxModeSteps});
+}
+
+EditResult RefusedAtFewest() {
+  return Refused("Unable to delete step. Minimum 2 steps per channel is required.");
+}
+
 std::vector<Step> WithNewIds(std::vector<Step> steps) {
   for (Step& step : steps) step.id = NextStepId();
   return steps;
@@ -31,6 +45,23 @@ std::vector<Step> WithNewIds(std::vector<Step> steps) {
 void PutInOrder(Channel& channel) {
   channel.Sort();
   channel.RemoveDuplicateTimes();
+}
+
+/// Puts the steps, in order, in the place of the channel's, unless there come to be too many. Those that stay
+/// keep their ids.
+EditResult Put(Mode& mode, std::size_t channel, Channel edited) {
+  const std::vector<Step>& before = mode.channels[channel].steps;
+  for (Step& step : edited.steps) {
+    const auto kept = std::ranges::find(before, step);
+    step.id = kept != before.end() ? kept->id : NextStepId();
+  }
+  Mode changed = mode;
+  changed.channels[channel] = std::move(edited);
+  const int count = StepCount(changed);
+  if (count > MaxModeSteps && count > StepCount(mode)) return RefusedAtLimit();
+  const bool isChanged = changed != mode;
+  mode = std::move(changed);
+  return {isChanged, {}};
 }
 
 Step StepAtMinute(std::int64_t minute, float value, bool jump) {
@@ -67,19 +98,19 @@ bool SwapSteps(Mode& mode, std::size_t& channel, std::ptrdiff_t offset) {
 }  // namespace
 
 EditResult AddStepToAllChannels(Mode& mode, std::int64_t second) {
-  if (StepCount(mode) >= MaxModeSteps) {
-    return Unchanged("Unable to add new step. Maximum number of {1} steps for the current mode reached",
-                     {MaxModeSteps});
-  }
+  if (StepCount(mode) >= MaxModeSteps) return RefusedAtLimit();
   const ModeSample sample = SampleAt(mode, second);
   const std::int64_t minute = std::int64_t{sample.hour} * 60 + sample.minute;
+  const Mode before = mode;
   for (std::size_t i = 0; i < ChannelCount; ++i) {
     Channel& channel = mode.channels[i];
     channel.steps.push_back(StepAtMinute(minute, static_cast<float>(sample.values[i]), false));
     PutInOrder(channel);
   }
+  const std::string time = MinuteText(minute % MinutesPerDay);
+  if (mode == before) return Unchanged("All channels have a step at {1} already, nothing was added.", {time});
   return Changed("Added step at {1} to all channels. Current number of steps is {2}.",
-                 {MinuteText(minute % MinutesPerDay), StepCount(mode)});
+                 {time, StepCount(mode)});
 }
 
 EditResult AddEndpointStep(Mode& mode, Endpoint endpoint) {
@@ -100,9 +131,7 @@ EditResult DeleteStep(Mode& mode, std::size_t channel, std::size_t step) {
   if (channel >= ChannelCount) return {};
   std::vector<Step>& steps = mode.channels[channel].steps;
   if (step >= steps.size()) return {};
-  if (steps.size() <= MinChannelSteps) {
-    return Unchanged("Unable to delete step. Minimum 2 steps per channel is required.");
-  }
+  if (steps.size() <= MinChannelSteps) return RefusedAtFewest();
   steps.erase(steps.begin() + static_cast<std::ptrdiff_t>(step));
   return Changed("Step deleted. Current number of steps: {1}", {StepCount(mode)});
 }
@@ -142,21 +171,34 @@ EditResult ClearSteps(Mode& mode, std::size_t channel) {
   return Changed("Cleared all steps");
 }
 
-void InsertSteps(Channel& channel, const std::vector<Step>& steps) {
-  std::vector<Step> added = WithNewIds(steps);
+EditResult AddSteps(Mode& mode, std::size_t channel, const std::vector<Step>& steps,
+                    std::vector<Step>& added) {
+  added.clear();
+  if (channel >= ChannelCount) return {};
+  const std::vector<Step> before = mode.channels[channel].steps;
   // The first of a minute stays: the last of the new steps, then the old one.
-  std::reverse(added.begin(), added.end());
-  channel.steps.insert(channel.steps.begin(), added.begin(), added.end());
-  PutInOrder(channel);
+  Channel edited{{steps.rbegin(), steps.rend()}};
+  edited.steps.insert(edited.steps.end(), before.begin(), before.end());
+  PutInOrder(edited);
+  const EditResult result = Put(mode, channel, std::move(edited));
+  if (result.isRefused) return result;
+  if (!result.isChanged) return Unchanged("The channel has these steps already, nothing was added.");
+  std::ranges::copy_if(mode.channels[channel].steps, std::back_inserter(added), [&before](const Step& step) {
+    return std::ranges::find(before, step) == before.end();
+  });
+  return result;
+}
+
+EditResult ReplaceSteps(Mode& mode, std::size_t channel, const std::vector<Step>& steps) {
+  if (channel >= ChannelCount) return {};
+  Channel edited{steps};
+  PutInOrder(edited);
+  if (edited.steps.size() < MinChannelSteps) return RefusedAtFewest();
+  return Put(mode, channel, std::move(edited));
 }
 
 void RenewIds(Channel& channel) {
   channel.steps = WithNewIds(std::move(channel.steps));
-}
-
-void ReplaceSteps(Channel& channel, const std::vector<Step>& steps) {
-  channel.steps = WithNewIds(steps);
-  PutInOrder(channel);
 }
 
 }  // namespace TCBase

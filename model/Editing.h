@@ -14,12 +14,14 @@ namespace TCBase {
 
 struct EditResult {
   bool isChanged = false;
-  qor::Sentence status;  // for the status line; empty where a command has nothing to say
+  qor::Sentence status;    // for the status line; empty where a command has nothing to say
+  bool isRefused = false;  // a limit stands in the way; the status says which
 };
 
 /// Puts a fading step into each channel at that second of the day (0 to 86399), at the value that the channel
 /// has there, so that a fading light stays as it is; where a jump is being held, the light fades from here
-/// on. A step that is there already stays. Refused from 48 steps on.
+/// on. A step that is there already stays; where all channels have one, nothing changes. Refused from 48
+/// steps on.
 EditResult AddStepToAllChannels(Mode& mode, std::int64_t second);
 
 enum class Endpoint { Start, End };  // 00:00 and 23:59
@@ -51,14 +53,17 @@ EditResult MoveStepsDown(Mode& mode, std::size_t& channel);
 /// Leaves the channel dark: 08:00 and 22:00 at 0 %.
 EditResult ClearSteps(Mode& mode, std::size_t channel);
 
-/// Puts the steps, under new ids, into the channel; at a minute that holds one already the new one takes its
-/// place, and of several new ones the last.
-void InsertSteps(Channel& channel, const std::vector<Step>& steps);
+/// Puts the steps into the channel; at a minute that holds one already the new one takes its place, and of
+/// several new ones the last. `added` gets those that were not there, by time. Refused where the mode would
+/// come to have more than 48 steps.
+EditResult AddSteps(Mode& mode, std::size_t channel, const std::vector<Step>& steps,
+                    std::vector<Step>& added);
+
+/// Puts the steps in the place of the channel's: sorted, the first of each minute. Steps that were there,
+/// equal in all, keep their ids. Refused for fewer than 2 steps, and as AddSteps is.
+EditResult ReplaceSteps(Mode& mode, std::size_t channel, const std::vector<Step>& steps);
 
 /// Gives the channel's steps new ids: they are copies of others.
 void RenewIds(Channel& channel);
-
-/// Puts the steps, under new ids, in the place of the channel's: sorted, the first of each minute.
-void ReplaceSteps(Channel& channel, const std::vector<Step>& steps);
 
 }  // namespace TCBase

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "QorLib/Exceptions.h"
+#include "formats/FileFormats.h"
 #include "formats/ProgramFile.h"
 #include "model/Presets.h"
 
@@ -84,24 +84,21 @@ void Document::New(const qor::Translate& translate) {
   path_.clear();
 }
 
-std::optional<std::string> Document::Load(const std::string& path) {
+qor::Sentence Document::Load(const std::string& path) {
   TCBase::Program program;
-  if (auto reason = TCBase::LoadProgram(path, program)) return reason;
+  const TCBase::ImportResult result = TCBase::ReadWholeProgram(path, program);
+  if (!result.isImported) return result.message;
   Show(Editable(std::move(program)));
   saved_ = content_.program;
   path_ = path;
-  return std::nullopt;
+  return {};
 }
 
-std::optional<std::string> Document::Save(const std::string& path) {
-  try {
-    TCBase::SaveProgram(content_.program, path);
-  } catch (const qor::win::xsystem& failed) {
-    return failed.Description();
-  }
+qor::Sentence Document::Save(const std::string& path) {
+  if (qor::Sentence failure = TCBase::WriteWholeProgram(content_.program, path)) return failure;
   saved_ = content_.program;
   path_ = path;
-  return std::nullopt;
+  return {};
 }
 
 void Document::Recover(TCBase::Program program, const std::string& path) {

@@ -57,10 +57,10 @@ class Document {
   bool IsModified() const { return content_.program != saved_; }
 
   void New(const qor::Translate& translate);
-  /// Why the file could not be loaded, as a sentence without the path; the document is as it was then.
-  std::optional<std::string> Load(const std::string& path);
-  /// Why the file could not be written; path and "modified" are as they were then.
-  std::optional<std::string> Save(const std::string& path);
+  /// Why the file could not be loaded, or nothing; the document is as it was then.
+  qor::Sentence Load(const std::string& path);
+  /// Why the file could not be written, or nothing; path and "modified" are as they were then.
+  qor::Sentence Save(const std::string& path);
   /// Takes over what a crash left behind, as changes that nobody saved to `path`.
   void Recover(TCBase::Program program, const std::string& path);
 

@@ -14,7 +14,6 @@ namespace {
 using TCBase::EditResult;
 
 constexpr std::size_t MostNameCharacters = 20;
-constexpr std::size_t MostStepsText = 2048;  // that the dialog takes
 
 /// Puts back what undo or redo gave; the selected step stays selected where it is still there.
 void Show(Workbench& workbench, std::optional<Snapshot> content) {
@@ -41,31 +40,12 @@ EditResult Refused(const char* english, std::vector<qor::FormatArgument> argumen
   return {false, {english, std::move(arguments)}};
 }
 
-/// Puts the channel in the place of the current mode's, unless that breaks a limit.
-EditResult Replace(Workbench& workbench, std::size_t number, TCBase::Channel channel) {
-  TCBase::Mode edited = workbench.document.Mode();
-  const int before = TCBase::StepCount(edited);
-  edited.channels[number] = std::move(channel);
-  if (edited.channels[number].steps.size() < TCBase::MinChannelSteps) {
-    return Refused("Unable to delete step. Minimum 2 steps per channel is required.");
-  }
-  const int count = TCBase::StepCount(edited);
-  if (count > TCBase::MaxModeSteps && count > before) {
-    return Refused("Unable to add new step. Maximum number of {1} steps for the current mode reached",
-                   {TCBase::MaxModeSteps});
-  }
-  workbench.document.Mode() = std::move(edited);
-  return {true, {}};
-}
-
 /// The steps that the user types; nothing when cancelled.
 std::optional<std::vector<TCBase::Step>> AskSteps(Workbench& workbench, const char* title,
                                                   const std::string& text) {
   StepsRequest request{workbench.Text({title, {}}), text};
   if (!workbench.dialogs.EditSteps(request)) return std::nullopt;
-  std::vector<TCBase::Step> steps;
-  TCBase::ParseStepsText(request.text, steps);
-  return steps;
+  return TCBase::ReadStepsText(request.text).steps;
 }
 
 /// A dark mode, for a new one to begin with.
@@ -145,19 +125,11 @@ void AddStepsByText(Workbench& workbench) {
   if (!workbench.editor.SelectedChannel()) return;
   const auto steps = AskSteps(workbench, "Manual steps add...", "");
   if (!steps || steps->empty()) return;
-  bool isChanged = false;
-  EditChannel(workbench, [&](const TCBase::Mode& mode, std::size_t number) {
-    TCBase::Channel channel = mode.channels[number];
-    TCBase::InsertSteps(channel, *steps);
-    EditResult result = Replace(workbench, number, std::move(channel));
-    isChanged = result.isChanged;
-    return result;
+  std::vector<TCBase::Step> added;
+  EditChannel(workbench, [&](TCBase::Mode& mode, std::size_t channel) {
+    return TCBase::AddSteps(mode, channel, *steps, added);
   });
-  if (!isChanged) return;
-  TCBase::Channel added;  // one a minute, as they came into the channel
-  TCBase::InsertSteps(added, *steps);
-  for (const TCBase::Step& step : added.steps)
-    workbench.Say({"Added new step {1}.", {TCBase::StepText(step)}});
+  for (const TCBase::Step& step : added) workbench.Say({"Added new step {1}.", {TCBase::StepText(step)}});
 }
 
 void EditStepsByText(Workbench& workbench) {
@@ -166,17 +138,14 @@ void EditStepsByText(Workbench& workbench) {
   workbench.editor.FinishRun();
   const auto& before = workbench.document.Mode().channels[*selected].steps;
   const std::string text = TCBase::WriteStepsText(before);
-  if (text.size() > MostStepsText) {  // the dialog would cut it
-    workbench.dialogs.Tell(workbench.Text({"Manual steps edit...", {}}),
-                           workbench.Text({"More than {1} steps", {TCBase::MaxModeSteps}}));
+  if (const qor::Sentence refusal = TCBase::RefusalToEdit(text)) {  // the dialog would cut it
+    workbench.dialogs.Tell(workbench.Text({"Manual steps edit...", {}}), workbench.Text(refusal));
     return;
   }
   const auto steps = AskSteps(workbench, "Manual steps edit...", text);
   if (!steps || TCBase::WriteStepsText(*steps) == text) return;  // else fractions of percents would go
-  EditChannel(workbench, [&](const TCBase::Mode&, std::size_t number) {
-    TCBase::Channel channel;
-    TCBase::ReplaceSteps(channel, *steps);
-    return Replace(workbench, number, std::move(channel));
+  EditChannel(workbench, [&](TCBase::Mode& mode, std::size_t channel) {
+    return TCBase::ReplaceSteps(mode, channel, *steps);
   });
 }
 

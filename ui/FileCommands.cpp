@@ -1,14 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The commands of the menu "File"
-#include <algorithm>
-
-#include "QorLib/Exceptions.h"
-#include "QorLib/qor_win_str_utils.h"
-#include "QorLib/xml/reader.h"
-#include "formats/FileBytes.h"
-#include "formats/LmfFile.h"
-#include "formats/RawFile.h"
-#include "formats/TmfFile.h"
+#include "formats/FileFormats.h"
 #include "model/ModeSample.h"
 #include "model/TimeText.h"
 #include "ui/Commands.h"
@@ -17,72 +9,48 @@
 namespace UX {
 namespace {
 
-/// The file's name without folder and ending.
-std::string BareName(const std::string& path) {
-  const std::string file = path.substr(path.find_last_of("/\\") + 1);  // npos + 1 is 0
-  const std::string name = file.substr(0, file.rfind('.'));
-  return qor::win::WellFormedUtf8(name.empty() ? file : name);
-}
-
 /// A name for a file to be written: that of the mode, without what no file's name can hold.
-std::string FileNameFor(const TCBase::Mode& mode, const char* ending) {
+std::string FileNameFor(const TCBase::Mode& mode, std::string_view ending) {
   std::string name = mode.name;
   for (char& c : name) {
     if (static_cast<unsigned char>(c) < ' ' ||
         std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos)
       c = '_';
   }
-  return name + ending;
+  return name.append(ending);
 }
 
-using ImportFunction = TCBase::ImportResult (*)(std::string_view bytes, TCBase::Mode& mode);
-using ExportFunction = std::string (*)(const TCBase::Mode& mode);
-
-/// A file becomes a mode of its own, behind the others.
-void Import(Workbench& workbench, const std::string& path, ImportFunction import) {
-  TCBase::Mode mode{BareName(path), "", {}};
-  TCBase::ImportResult result;
-  try {
-    result = import(TCBase::ReadFileBytes(path, qor::xml::reader::MaxBytes), mode);
-  } catch (const qor::win::xsystem& failed) {
-    return workbench.TellFailure({"Error loading program {1}", {path}}, failed.Description());
-  }
-  const std::string message =
-      workbench.Text(result.message) + (result.detail.empty() ? "" : ": " + result.detail);
-  if (!result.isImported) return workbench.TellFailure({"Error loading program {1}", {path}}, message);
-  workbench.editor.Reset();
+/// A file becomes a mode of its own, behind the others. While a demo plays, its mode stays in sight.
+void Import(Workbench& workbench, const TCBase::FileFormat& format, const std::string& path) {
+  TCBase::Mode mode;
+  const TCBase::ImportResult result = TCBase::ReadMode(format, path, mode);
+  if (!result.isImported) return workbench.TellFailure(result.message);
+  const std::size_t shown = workbench.document.CurrentMode();
+  if (!workbench.IsDemoRunning()) workbench.editor.Reset();
   workbench.Edit([&] {
     workbench.document.InsertMode(workbench.document.Program().modes.size(), std::move(mode));
+    if (workbench.IsDemoRunning()) workbench.document.SetCurrentMode(shown);
     return TCBase::EditResult{true, {"Loaded program file {1}", {path}}};
   });
-  if (!message.empty()) workbench.services.log.ForeignMessage(message);
+  if (result.message) workbench.Say(result.message);
 }
 
-void AskAndImport(Workbench& workbench, FileKind kind, ImportFunction import) {
-  if (const auto path = workbench.dialogs.PathToOpen(kind)) Import(workbench, *path, import);
+void AskAndImport(Workbench& workbench, FileKind kind, const char* ending) {
+  if (const auto path = workbench.dialogs.PathToOpen(kind))
+    Import(workbench, *TCBase::FormatOf(ending), *path);
 }
 
-/// Whether the path ends in that ending, which is in lower case.
-bool HasEnding(const std::string& path, std::string_view ending) {
-  if (path.size() < ending.size()) return false;
-  return std::ranges::equal(
-      std::string_view(path).substr(path.size() - ending.size()), ending, {},
-      [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-}
-
-void Export(Workbench& workbench, FileKind kind, const char* ending, ExportFunction exported) {
+void Export(Workbench& workbench, FileKind kind, const char* ending) {
   workbench.editor.FinishRun();
+  const TCBase::FileFormat& format = *TCBase::FormatOf(ending);
   const TCBase::Mode& mode = workbench.document.Mode();
+  if (const qor::Sentence refusal = TCBase::RefusalOf(format, mode)) return workbench.TellFailure(refusal);
   const auto path = workbench.dialogs.PathToSave(kind, FileNameFor(mode, ending));
   if (!path) return;
-  try {
-    TCBase::ReplaceFileBytes(*path, exported(mode));
-    workbench.Say({"Saved program {1}", {*path}});
-  } catch (const qor::win::xsystem& failed) {
-    const qor::Sentence sentence = {"Error creating file {1}, error: {2}", {*path, failed.Description()}};
-    workbench.Say(sentence);
-    workbench.dialogs.Tell(BareName(*path), workbench.Text(sentence));
-  }
+  if (const qor::Sentence failure = TCBase::WriteMode(format, mode, *path))
+    return workbench.TellFailure(failure);
+  workbench.Say({"Saved program {1}", {*path}});
+  for (const qor::Sentence& loss : TCBase::LossesOf(format, mode)) workbench.Say(loss);
 }
 
 /// "08:00  20 40J 0 0 0": the values that an upload sends, and where they are held.
@@ -112,9 +80,9 @@ void LoadProgram(Workbench& workbench) {
 }
 
 void OpenFile(Workbench& workbench, const std::string& path) {
-  if (workbench.IsDemoRunning()) return;
-  if (HasEnding(path, ".tmf")) return Import(workbench, path, TCBase::ImportTMF);
-  if (HasEnding(path, ".lmf")) return Import(workbench, path, TCBase::ImportLMF);
+  const TCBase::FileFormat* format = TCBase::FormatOf(path);
+  if (format != nullptr && format->IsOfOneMode()) return Import(workbench, *format, path);
+  if (workbench.IsDemoRunning()) return workbench.Say({"A program cannot be opened while a demo plays.", {}});
   workbench.Open(path);
 }
 
@@ -130,23 +98,23 @@ void SaveProgramAs(Workbench& workbench) {
 }
 
 void ImportTMF(Workbench& workbench) {
-  AskAndImport(workbench, FileKind::TMF, TCBase::ImportTMF);
+  AskAndImport(workbench, FileKind::TMF, ".tmf");
 }
 
 void ExportTMF(Workbench& workbench) {
-  Export(workbench, FileKind::TMF, ".tmf", TCBase::ExportTMF);
+  Export(workbench, FileKind::TMF, ".tmf");
 }
 
 void ImportLMF(Workbench& workbench) {
-  AskAndImport(workbench, FileKind::LMF, TCBase::ImportLMF);
+  AskAndImport(workbench, FileKind::LMF, ".lmf");
 }
 
 void ExportLMF(Workbench& workbench) {
-  Export(workbench, FileKind::LMF, ".lmf", TCBase::ExportLMF);
+  Export(workbench, FileKind::LMF, ".lmf");
 }
 
 void ExportRAW(Workbench& workbench) {
-  Export(workbench, FileKind::RAW, ".raw", TCBase::ExportRAW);
+  Export(workbench, FileKind::RAW, ".raw");
 }
 
 void ProgramInfo(Workbench& workbench) {

@@ -27,7 +27,9 @@ void ChooseEnglish(Workbench& workbench) {
 }
 
 void ChooseLanguage(Workbench& workbench, std::string_view id) {
-  TCBase::ChooseLanguage(id, workbench.services.texts, workbench.services.settings, workbench.services.log);
+  const std::vector<qor::Sentence> report = workbench.services.texts.SetLanguage(id);
+  workbench.services.settings.Set(TCBase::SettingLocale, workbench.services.texts.CurrentLanguage());
+  for (const qor::Sentence& sentence : report) workbench.Say(sentence);
   workbench.view.Retranslate();
 }
 
@@ -55,23 +57,22 @@ void ExportTranslation(Workbench& workbench) {
   const auto path = workbench.dialogs.PathToSave(FileKind::Translation, name);
   if (!path) return;
   const TCBase::ExportResult result = workbench.services.texts.Export(*path);
+  if (!result.isExported) return workbench.TellFailure(result.message);
   workbench.Say(result.message);
-  if (!result.isExported) {
-    workbench.dialogs.Tell(workbench.Text({"Export localization XML", {}}),
-                           workbench.Text(result.message) + "\n\n" + result.reason);
-  }
 }
 
 void TestTranslation(Workbench& workbench) {
   const auto path = workbench.dialogs.PathToOpen(FileKind::Translation);
   if (!path) return;
   const TCBase::TranslationTest result = workbench.services.texts.Test(*path);
-  if (!result.isLoaded) {
-    workbench.dialogs.Tell(workbench.Text(result.caption), workbench.Text(result.message));
-    return;
+  if (result.isLoaded) {
+    workbench.Say(result.message);
+    workbench.view.Retranslate();
   }
-  workbench.Say(result.message);
-  workbench.view.Retranslate();
+  if (result.isWhole && result.remarks.empty()) return;
+  std::string text = workbench.Text(result.message) + (result.remarks.empty() ? "" : "\n");
+  for (const qor::Sentence& remark : result.remarks) text += "\n" + workbench.Text(remark);
+  workbench.dialogs.Tell(workbench.Text(result.caption), text);
 }
 
 void About(Workbench& workbench) {

@@ -26,9 +26,11 @@ std::string Workbench::Text(const qor::Sentence& sentence) const {
   return sentence.In(services.texts.Translator());
 }
 
-void Workbench::TellFailure(const qor::Sentence& what, const std::string& reason) {
-  Say(what);
-  dialogs.Tell(document.Title(services.texts.Translator()), Text(what) + "\n\n" + reason);
+void Workbench::TellFailure(const qor::Sentence& failure) {
+  Say(failure);
+  std::string text = Text({failure.english, failure.arguments});
+  for (const qor::Sentence& reason : failure.reasons) text += "\n\n" + Text(reason);
+  dialogs.Tell(document.Title(services.texts.Translator()), text);
 }
 
 bool Workbench::Run(int number) {
@@ -95,10 +97,7 @@ void Workbench::Open(const std::string& path) {
 }
 
 void Workbench::Load(const std::string& path) {
-  if (const auto reason = document.Load(path)) {
-    TellFailure({"Error loading program {1}", {path}}, *reason);
-    return;
-  }
+  if (const qor::Sentence failure = document.Load(path)) return TellFailure(failure);
   editor.Reset();
   history.Clear();
   services.settings.Set(TCBase::SettingLastOpenFile, path);
@@ -131,8 +130,8 @@ void Workbench::Recover(TCBase::Program program, const std::string& path) {
 
 bool Workbench::SaveTo(const std::string& path) {
   editor.FinishRun();
-  if (const auto reason = document.Save(path)) {
-    TellFailure({"Error saving program {1}", {path}}, *reason);
+  if (const qor::Sentence failure = document.Save(path)) {
+    TellFailure(failure);
     return false;
   }
   services.settings.Set(TCBase::SettingLastOpenFile, path);

@@ -49,7 +49,7 @@ class Workbench {
   void Say(const qor::Sentence& sentence) const { services.log.Message(sentence); }
 
   /// Says in log and box that something failed, and why.
-  void TellFailure(const qor::Sentence& what, const std::string& reason);
+  void TellFailure(const qor::Sentence& failure);
 
   /// Runs a command by its number, as a menu, a key or a button asks for it. One that its rule forbids now
   /// does nothing. Whether there is such a command.

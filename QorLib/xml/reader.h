@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "QorLib/Sentence.h"
 #include "QorLib/xml/observer.h"
 
 namespace qor::xml {
@@ -23,10 +24,12 @@ place PlaceAt(std::string_view text, std::size_t offset);
 /// Why a text could not be read.
 struct error {
   place where;
-  std::string reason;
+  Sentence reason;
 
   /// "line 3, column 14: …"
-  std::string Text() const;
+  Sentence Told() const;
+  /// The same in English.
+  std::string Text() const { return Told().In(InEnglish); }
 };
 
 /// Reads UTF-8 text as XML 1.0 (W3C, fifth edition) and reports it to an observer. Understood are elements,
@@ -50,7 +53,7 @@ class reader {
   void ReadDocument();
   void SkipMisc(bool allowDoctype);
   void SkipDoctype();
-  void SkipThrough(std::string_view terminator, const char* what);
+  void SkipThrough(std::string_view terminator, const char* fault);
   void ReadContent();
   void ReadStartTag();
   void ReadAttributes();
@@ -59,7 +62,7 @@ class reader {
   void ReadUnusualEndTag();
   void ReadCData();
   void ReadText();
-  std::string_view ReadName(const char* at, const char* what) const;
+  std::string_view ReadName(const char* at, const char* fault) const;
   std::string_view Decode(std::string_view raw);
   const char* DecodeReference(const char* ampersand, const char* rawEnd);
   char32_t CharacterReference(std::string_view digits, const char* ampersand) const;
@@ -68,9 +71,9 @@ class reader {
   [[noreturn]] void RefuseSecond(std::string_view name) const;
   bool StartsWith(std::string_view word) const;
   bool SkipBlanks();
-  [[noreturn]] void Fail(const char* where, std::string reason) const;
+  [[noreturn]] void Fail(const char* where, Sentence reason) const;
   [[noreturn]] void FailAtEnd() const;
-  [[noreturn]] void FailForName(const char* where, const char* what) const;
+  [[noreturn]] void FailForName(const char* where, const char* fault) const;
 
   std::string_view text_;
   observer& target_;

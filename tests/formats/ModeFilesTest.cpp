@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "formats/FileFormats.h"
 #include "formats/LmfFile.h"
 #include "formats/RawFile.h"
 #include "formats/TmfFile.h"
@@ -22,8 +23,7 @@ std::string Zeros(std::size_t count) {
 }
 
 std::string Message(const ImportResult& result) {
-  return (result.isImported ? "" : "- ") + result.message.In(qor::InEnglish) +
-         (result.detail.empty() ? "" : ": " + result.detail);
+  return (result.isImported ? "" : "- ") + result.message.In(qor::InEnglish);
 }
 
 /// A TMF record: hour and minute, then five values and five jumps.
@@ -145,6 +145,20 @@ TEST(LmfFile, CarriesHalfHoursAndNothingElse) {
     RemoveRedundantSteps(expected);
     ASSERT_EQ(read.channels, expected.channels) << i;
   }
+}
+
+TEST(FileFormats, SayWhatTheyDoNotCarry) {
+  Mode mode;
+  mode.name = "m";
+  const FileFormat& tmf = *FormatOf("a/b.TMF");
+  EXPECT_EQ(RefusalOf(tmf, mode).In(qor::InEnglish), "Unable to save mode m as TMF, it has no steps.");
+  EXPECT_FALSE(RefusalOf(*FormatOf(".lmf"), mode));
+  for (int i = 0; i < 49; ++i) mode.channels[0].Add(MakeStep(i / 60, i % 60, 1, true));
+  EXPECT_FALSE(RefusalOf(tmf, mode));
+  EXPECT_EQ(LossesOf(tmf, mode).size(), 1u) << "more steps than are read";
+  EXPECT_EQ(LossesOf(*FormatOf("x.lmf"), mode).size(), 1u) << "jumps";
+  EXPECT_EQ(FormatOf("a.tmf/b"), nullptr);
+  EXPECT_EQ(BareName("C:\\a.b\\Reef.1.tmf"), "Reef.1");
 }
 
 TEST(RawFile, HoldsEverySecond) {

@@ -11,10 +11,9 @@ using TCBase::Step;
 
 /// The text read and written again.
 std::string Reread(const std::string& text) {
-  std::vector<Step> steps(3);
-  TCBase::ParseStepsText(text, steps);
   std::string lines;
-  for (const Step& step : steps) lines += (lines.empty() ? "" : "|") + TCBase::StepText(step);
+  for (const Step& step : TCBase::ReadStepsText(text).steps)
+    lines += (lines.empty() ? "" : "|") + TCBase::StepText(step);
   return lines;
 }
 
@@ -49,23 +48,29 @@ TEST(StepsText, ReadsWhatPeopleType) {
   }
 }
 
-TEST(StepsText, NamesOddLines) {
-  std::vector<Step> steps;
-  TCBase::OddLines odd;
-  TCBase::ParseStepsText("10:00\r\n\r\n08:00 5\r\n10:00 80 J extra\rhello\n# my steps\n9:00 -x\n9:00 +5",
-                         steps, &odd);
-  EXPECT_EQ(steps.size(), 4u);
-  EXPECT_EQ(steps[0].id, 0u);
-  EXPECT_EQ(odd.skipped, (std::vector<std::size_t>{1, 4, 5}));
-  EXPECT_EQ(odd.withoutNumber, (std::vector<std::size_t>{6, 7}));
+TEST(StepsText, NamesLinesThatGiveAnotherStepOrNone) {
+  const TCBase::StepsReading reading = TCBase::ReadStepsText(
+      "10:00\r\n\r\n08:00 5\r\n10:00 80 J extra\rhello\n# my steps\n9:00 -x\n9:00 +5\n25:00 140\n8:75 50.9 "
+      "jump\n");
+  EXPECT_EQ(reading.steps.size(), 6u);
+  EXPECT_EQ(reading.steps[0].id, 0u);
+  std::vector<std::string> remarks;
+  for (const qor::Sentence& remark : reading.remarks) remarks.push_back(remark.In(qor::InEnglish));
+  EXPECT_EQ(
+      remarks,
+      (std::vector<std::string>{
+          "Skipped lines: 1, 4, 5", "Lines with a missing number (read as 0): 6, 7",
+          "line 9: 25:00 is no time of day and became 23:59", "line 9: 140 is no percentage and became 100",
+          "line 10: 8:75 is no time of day and became 09:15", "line 10: jump is not J and was passed over"}));
+  EXPECT_FALSE(TCBase::RefusalToEdit(std::string(2048, '1')));
+  EXPECT_TRUE(TCBase::RefusalToEdit(std::string(2049, '1')));
 }
 
 TEST(StepsText, CarriesWholePercents) {
   std::mt19937 random(6);
   for (int i = 0; i < 200; ++i) {
     TCBase::Channel channel = test::RandomCurve(random, 60, random() % 2 == 0);
-    std::vector<Step> read;
-    TCBase::ParseStepsText(TCBase::WriteStepsText(channel.steps), read);
+    const std::vector<Step> read = TCBase::ReadStepsText(TCBase::WriteStepsText(channel.steps)).steps;
     for (Step& step : channel.steps) step.value = static_cast<float>(TCBase::WholePercent(step.value));
     ASSERT_EQ(read, channel.steps) << i;
   }

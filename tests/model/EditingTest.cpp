@@ -53,6 +53,8 @@ TEST(Editing, AddsAStepThatDoesNotChangeTheLight) {
             "Added step at 10:00 to all channels. Current number of steps is 13.");
   EXPECT_EQ(mode.channels[0], before.channels[0]) << "the step that is there already stays";
   EXPECT_EQ(mode.channels[4].steps.size(), before.channels[4].steps.size() + 1);
+  EXPECT_EQ(Text(AddStepToAllChannels(mode, 10 * 3600)),
+            "- All channels have a step at 10:00 already, nothing was added.");
 }
 
 TEST(Editing, AddsEndpointSteps) {
@@ -145,14 +147,42 @@ TEST(Editing, ClearsAChannel) {
   EXPECT_EQ(Text(ClearSteps(mode, 5)), "- ");
 }
 
-TEST(Editing, InsertsAndReplacesSteps) {
-  Channel channel = Curve({{8, 0, 1}, {9, 0, 2}});
-  const std::vector<Step> steps = {{9, 0, 3}, {7, 0, 4, true}, {9, 0, 5}};
-  InsertSteps(channel, steps);
-  EXPECT_EQ(channel, Curve({{7, 0, 4, true}, {8, 0, 1}, {9, 0, 5}}));
-  ReplaceSteps(channel, steps);
-  EXPECT_EQ(channel, Curve({{7, 0, 4, true}, {9, 0, 3}}));
-  EXPECT_FALSE(IdsOf(channel).contains(0));
+TEST(Editing, AddsAndReplacesStepsOfAChannel) {
+  Mode mode = ModeOfSteps(2);
+  mode.channels[0] = Curve({{8, 0, 1}, {9, 0, 2}});
+  const std::uint32_t kept = mode.channels[0].steps[0].id;
+  const std::vector<Step> steps = {{9, 0, 3}, {7, 0, 4, true}, {9, 0, 5}, {8, 0, 1}};
+  std::vector<Step> added;
+  EXPECT_EQ(Text(AddSteps(mode, 0, steps, added)), "");
+  EXPECT_EQ(mode.channels[0], Curve({{7, 0, 4, true}, {8, 0, 1}, {9, 0, 5}}));
+  EXPECT_EQ(added, Curve({{7, 0, 4, true}, {9, 0, 5}}).steps);
+  EXPECT_EQ(Text(AddSteps(mode, 0, {{8, 0, 1}}, added)),
+            "- The channel has these steps already, nothing was added.");
+  EXPECT_EQ(Text(ReplaceSteps(mode, 0, steps)), "");
+  EXPECT_EQ(mode.channels[0], Curve({{7, 0, 4, true}, {8, 0, 1}, {9, 0, 3}}));
+  EXPECT_EQ(mode.channels[0].steps[1].id, kept) << "a step that stays is the same one";
+  EXPECT_FALSE(IdsOf(mode.channels[0]).contains(0));
+}
+
+TEST(Editing, HoldsAChannelToItsLimits) {
+  Mode mode = ModeOfSteps(47);
+  std::vector<Step> many(49, Step{20, 0, 1});
+  for (int i = 0; i < 49; ++i) many[static_cast<std::size_t>(i)].minute = i;
+  const Mode before = mode;
+  std::vector<Step> added;
+  for (const EditResult& refused :
+       {AddSteps(mode, 1, {{20, 0, 1}, {20, 1, 1}}, added), ReplaceSteps(mode, 4, many)}) {
+    EXPECT_EQ(Text(refused),
+              "- Unable to add new step. Maximum number of 48 steps for the current mode reached");
+    EXPECT_TRUE(refused.isRefused);
+  }
+  EXPECT_EQ(Text(ReplaceSteps(mode, 1, {{8, 0, 1}, {8, 0, 2}})),
+            "- Unable to delete step. Minimum 2 steps per channel is required.");
+  EXPECT_EQ(mode, before);
+  EXPECT_TRUE(AddSteps(mode, 1, {{20, 0, 1}}, added).isChanged);
+  mode.channels[4].steps = many;
+  EXPECT_TRUE(ReplaceSteps(mode, 4, {many.begin() + 1, many.end()}).isChanged)
+      << "fewer is nearer to the limit";
 }
 
 TEST(Editing, PreparesAModeForTheTC421) {

@@ -25,8 +25,8 @@ std::string SavedSteps(const App& app, std::size_t channel) {
   if (isNew) app.ChooseFile(path);
   Until("the program is saved", [&] { return !BytesOf(path).empty(); });
   TCBase::Program program;
-  const auto fault = TCBase::LoadProgram(path, program);
-  Expect(!fault, "the saved file cannot be read: " + fault.value_or(""));
+  const qor::Sentence fault = TCBase::LoadProgram(path, program);
+  Expect(!fault, "the saved file cannot be read: " + fault.In(qor::InEnglish));
   std::string text;
   for (const TCBase::Step& step : program.modes.front().channels[channel].steps) {
     text += (text.empty() ? "" : ", ") + TCBase::StepText(step);

@@ -19,26 +19,9 @@ std::string Fitting(const std::string& text) {
   return qor::win::Utf8FromWide(wide.substr(0, end == std::wstring::npos ? MostUnits : end));
 }
 
-/// "2, 5, 7"; of many lines the first ones.
-std::string NumbersText(const std::vector<std::size_t>& numbers) {
-  constexpr std::size_t Most = 8;
+std::string RemarksText(const std::vector<qor::Sentence>& remarks, const qor::Translate& translate) {
   std::string text;
-  for (std::size_t i = 0; i < numbers.size() && i < Most; ++i) {
-    text += (i == 0 ? "" : ", ") + std::to_string(numbers[i]);
-  }
-  return numbers.size() > Most ? text + ", ..." : text;
-}
-
-std::string OdditiesText(const TCBase::OddLines& odd, const qor::Translate& translate) {
-  std::string text;
-  if (!odd.skipped.empty()) {
-    text = qor::Format(translate("Skipped lines: {1}"), {NumbersText(odd.skipped)});
-  }
-  if (!odd.withoutNumber.empty()) {
-    text += text.empty() ? "" : "\r\n";
-    text += qor::Format(translate("Lines with a missing number (read as 0): {1}"),
-                        {NumbersText(odd.withoutNumber)});
-  }
+  for (const qor::Sentence& remark : remarks) text += (text.empty() ? "" : "\r\n") + remark.In(translate);
   return text;
 }
 
@@ -74,11 +57,9 @@ void DlgSteps::OnCommand(HWND control, int notification) {
 
 void DlgSteps::ShowCount() {
   const qor::Translate& translate = Translator();
-  std::vector<TCBase::Step> steps;
-  TCBase::OddLines odd;
-  TCBase::ParseStepsText(TextOf(text_), steps, &odd);
-  SetText(count_, qor::Format(translate("Text contains {1} steps"), {steps.size()}));
-  SetText(oddities_, OdditiesText(odd, translate));
+  const TCBase::StepsReading reading = TCBase::ReadStepsText(TextOf(text_));
+  SetText(count_, qor::Format(translate("Text contains {1} steps"), {reading.steps.size()}));
+  SetText(oddities_, RemarksText(reading.remarks, translate));
 }
 
 void DlgSteps::OnButton(int id) {

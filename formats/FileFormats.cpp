@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: MIT
+#include "formats/FileFormats.h"
+
+#include <algorithm>
+
+#include "QorLib/Exceptions.h"
+#include "QorLib/qor_win_str_utils.h"
+#include "QorLib/xml/reader.h"
+#include "formats/FileBytes.h"
+#include "formats/LmfFile.h"
+#include "formats/ProgramFile.h"
+#include "formats/RawFile.h"
+#include "formats/TmfFile.h"
+#include "model/ModeSample.h"
+
+namespace TCBase {
+namespace {
+
+constexpr FileFormat Table[] = {{".xml", "XML"},
+                                {".tmf", "TMF", ImportTMF, ExportTMF, 1, MaxModeSteps},
+                                {".lmf", "LMF", ImportLMF, ExportLMF, 0, 0, true},
+                                {".raw", "RAW", nullptr, ExportRAW}};
+
+std::size_t NameStart(const std::string& path) {
+  return path.find_last_of("/\\") + 1;  // npos + 1 is 0
+}
+
+ImportResult FailedToLoad(const std::string& path, qor::Sentence reason) {
+  return {false, {"Error loading program {1}", {path}, {std::move(reason)}}};
+}
+
+bool HasJump(const Channel& channel) {
+  return std::ranges::any_of(channel.steps, &Step::jump);
+}
+
+}  // namespace
+
+std::span<const FileFormat> FileFormats() {
+  return Table;
+}
+
+const FileFormat* FormatOf(const std::string& path) {
+  const auto found = std::ranges::find(Table, EndingOf(path), &FileFormat::ending);
+  return found != std::end(Table) ? found : nullptr;
+}
+
+std::string EndingOf(const std::string& path) {
+  const std::size_t dot = path.rfind('.');
+  if (dot == std::string::npos || dot < NameStart(path)) return {};
+  std::string ending = path.substr(dot);
+  for (char& c : ending) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  return ending;
+}
+
+std::string BareName(const std::string& path) {
+  const std::string file = path.substr(NameStart(path));
+  const std::string bare = file.substr(0, file.rfind('.'));
+  std::string name = qor::win::WellFormedUtf8(bare.empty() ? file : bare);
+  for (char& c : name) c = static_cast<unsigned char>(c) < ' ' ? '.' : c;
+  return name;
+}
+
+ImportResult ReadMode(const FileFormat& format, const std::string& path, Mode& mode) {
+  if (!format.IsRead()) return FailedToLoad(path, {"{1} files are written only", {format.name}});
+  constexpr std::size_t Most = qor::xml::reader::MaxBytes;
+  try {
+    const std::string bytes = ReadFileBytes(path, Most);
+    if (bytes.size() > Most) return FailedToLoad(path, {"the file is larger than {1} MiB", {Most >> 20}});
+    mode = {BareName(path), "", {}};
+    ImportResult result = format.import(bytes, mode);
+    return result.isImported ? result : FailedToLoad(path, result.message);
+  } catch (const qor::win::xsystem& failed) {
+    return FailedToLoad(path, failed.Reason());
+  }
+}
+
+ImportResult ReadWholeProgram(const std::string& path, Program& program) {
+  qor::Sentence reason = LoadProgram(path, program);
+  return reason ? FailedToLoad(path, std::move(reason)) : ImportResult{true, {}};
+}
+
+ImportResult ReadAnyFile(const std::string& path, Program& program) {
+  const FileFormat* format = FormatOf(path);
+  if (format == nullptr || !format->IsOfOneMode()) return ReadWholeProgram(path, program);
+  Mode mode;
+  ImportResult result = ReadMode(*format, path, mode);
+  if (result.isImported) program.modes.assign(1, std::move(mode));
+  return result;
+}
+
+qor::Sentence RefusalOf(const FileFormat& format, const Mode& mode) {
+  if (StepCount(mode) >= format.fewestSteps) return {};
+  return {"Unable to save mode {1} as {2}, it has no steps.", {mode.name, format.name}};
+}
+
+std::vector<qor::Sentence> LossesOf(const FileFormat& format, const Mode& mode) {
+  std::vector<qor::Sentence> losses;
+  if (format.losesJumps && std::ranges::any_of(mode.channels, HasJump)) {
+    losses.push_back({"{1} files carry no jumps, only the values at each half hour", {format.name}});
+  }
+  const int steps = StepCount(mode);
+  if (format.mostSteps > 0 && steps > format.mostSteps) {
+    losses.push_back(
+        {"the mode has {1} steps; a reader may take only the first {2}", {steps, format.mostSteps}});
+  }
+  return losses;
+}
+
+qor::Sentence WriteMode(const FileFormat& format, const Mode& mode, const std::string& path) {
+  if (qor::Sentence refusal = RefusalOf(format, mode)) return refusal;
+  try {
+    ReplaceFileBytes(path, format.exported(mode));
+    return {};
+  } catch (const qor::win::xsystem& failed) {
+    return {"Error creating file {1}, error: {2}", {path, failed.Description()}};
+  }
+}
+
+qor::Sentence WriteWholeProgram(const Program& program, const std::string& path) {
+  try {
+    SaveProgram(program, path);
+    return {};
+  } catch (const qor::win::xsystem& failed) {
+    return {"Error saving program {1}", {path}, {failed.Reason()}};
+  }
+}
+
+}  // namespace TCBase
