@@ -318,6 +318,7 @@ void MainWindow::OnTimer(WPARAM id) {
   if (id != TimerId) return;
   const bool wasDemo = workbench_.IsDemoRunning();
   if (workbench_.Tick()) isStale_ = true;
+  if (!IsWindow(window_)) return;  // it waited for a job to end
   if (wasDemo != workbench_.IsDemoRunning()) OnStarted();
   ShowNow();  // while a menu or a dialog has the loop
   if (mayRecover_ && ++ticks_ % TicksPerRecovery == 0) recovery_.Keep();

@@ -17,6 +17,14 @@ using qor::win::WideFromUtf8;
 constexpr COLORREF WarningColours[] = {RGB(0x9A, 0x60, 0x00), RGB(0xFF, 0xC4, 0x5C)};
 constexpr COLORREF ErrorColours[] = {RGB(0xC4, 0x2B, 0x1C), RGB(0xFF, 0x94, 0x8A)};
 
+/// Between the list's ground and the colour of a selection.
+COLORREF FaintMark() {
+  const COLORREF ground = GetSysColor(COLOR_WINDOW), mark = GetSysColor(COLOR_HIGHLIGHT);
+  const auto blend = [](int a, int b) { return static_cast<BYTE>((3 * a + 2 * b) / 5); };
+  return RGB(blend(GetRValue(ground), GetRValue(mark)), blend(GetGValue(ground), GetGValue(mark)),
+             blend(GetBValue(ground), GetBValue(mark)));
+}
+
 void SetCell(HWND list, int row, int column, const std::string& text) {
   std::wstring wide = WideFromUtf8(text);
   ListView_SetItemText(list, row, column, wide.data());
@@ -141,6 +149,12 @@ void CheckList::OnItemChanged(const NMLISTVIEW& change) {
   if (isSelected && dragged_ < 0 && onSelect) onSelect(row);
 }
 
+/// Whether the row is selected in a list that does not have the focus: the system marks it in a colour that
+/// is hardly seen on dark desktops.
+bool CheckList::MarksFaintly(int row) const {
+  return GetFocus() != window_ && ListView_GetItemState(window_, row, LVIS_SELECTED) != 0;
+}
+
 LRESULT CheckList::OnCustomDraw(NMLVCUSTOMDRAW& draw) const {
   switch (draw.nmcd.dwDrawStage) {
     case CDDS_PREPAINT: return CDRF_NOTIFYITEMDRAW;
@@ -149,7 +163,14 @@ LRESULT CheckList::OnCustomDraw(NMLVCUSTOMDRAW& draw) const {
     default: return CDRF_DODEFAULT;
   }
   const std::size_t row = draw.nmcd.dwItemSpec;
-  if (draw.iSubItem != 1 || row >= rows_.size() || HasHighContrast()) return CDRF_DODEFAULT;
+  if (row >= rows_.size() || HasHighContrast()) return CDRF_DODEFAULT;
+  draw.clrText = GetSysColor(COLOR_WINDOWTEXT);
+  draw.clrTextBk = GetSysColor(COLOR_WINDOW);
+  if (MarksFaintly(static_cast<int>(row))) {
+    draw.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
+    draw.clrTextBk = FaintMark();
+  }
+  if (draw.iSubItem != 1) return CDRF_NEWFONT;
   switch (rows_[row].tone) {
     case CheckRow::Tone::Usual: draw.clrText = GetSysColor(COLOR_GRAYTEXT); break;
     case CheckRow::Tone::Warning: draw.clrText = WarningColours[IsDark(COLOR_WINDOW)]; break;

@@ -51,7 +51,7 @@ class CheckList {
   void SetColumnWidths(const std::vector<CheckRow>& rows);
   void OnItemChanged(const NMLISTVIEW& change);
   LRESULT OnCustomDraw(NMLVCUSTOMDRAW& draw) const;
-  void DrawSelected(NMLVCUSTOMDRAW& draw) const;
+  bool MarksFaintly(int row) const;
   void ShowTip(NMLVGETINFOTIPW& tip) const;
   void DragTo(LPARAM position);
   void EndDrag(LPARAM position);
