@@ -12,6 +12,7 @@
 #include "cli/LogPrinter.h"
 #include "cli/ProgramArguments.h"
 #include "cli/ProgramFiles.h"
+#include "device/ControllerLimits.h"
 
 namespace cli {
 namespace {
@@ -30,7 +31,11 @@ ExitStatus RunUpload(const UploadOptions& options, Invocation& invocation) {
   const Devices devices = DevicesOf(options.devices);
   const TCBase::Program program = Load(options.path, invocation);
   const TCBase::Program::ModeListView modes(program, ModeIndicesOf(program, options.modes, options.path));
-  if (TCBase::HasTC420(devices)) WarnOfLongModes(modes, invocation.printer);
+  std::vector<std::string> remarks;
+  for (const qor::Sentence& remark : TCBase::RemarksOn(modes, TCBase::ModelsOf(devices))) {
+    remarks.push_back(invocation.Text(remark));
+  }
+  invocation.printer.WarnOfEach(remarks);
   return RunJob({[&](TCBase::Worker& worker) { worker.StartUpload(devices, modes); },
                  "stopping after the mode that is being sent"},
                 invocation);

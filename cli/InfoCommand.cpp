@@ -5,10 +5,10 @@
 
 #include "QorLib/Format.h"
 #include "cli/Commands.h"
-#include "cli/ControllerLimits.h"
 #include "cli/JsonOutput.h"
 #include "cli/ProgramArguments.h"
 #include "cli/ProgramFiles.h"
+#include "device/ControllerLimits.h"
 #include "model/ModeSample.h"
 
 namespace cli {
@@ -20,7 +20,15 @@ std::string ColourText(std::uint32_t colour) {
   return text;
 }
 
-Json ModeJson(const TCBase::Mode& mode, std::size_t number) {
+using Remarks = std::vector<qor::Sentence>;
+
+Json RemarksJson(const Remarks& remarks, const Invocation& invocation) {
+  Json texts = Json::array();
+  for (const qor::Sentence& remark : remarks) texts.push_back(invocation.Text(remark));
+  return texts;
+}
+
+Json ModeJson(const TCBase::Mode& mode, std::size_t number, const Invocation& invocation) {
   const int steps = TCBase::StepCount(mode);
   Json channelSteps = Json::array();
   for (const TCBase::Channel& channel : mode.channels) channelSteps.push_back(channel.steps.size());
@@ -31,12 +39,13 @@ Json ModeJson(const TCBase::Mode& mode, std::size_t number) {
           {"withinLimit", steps <= TCBase::MaxModeSteps},
           {"withinEarlierLimit", steps <= TCBase::MaxModeStepsEarlier},
           {"channelSteps", channelSteps},
-          {"remarks", RemarksOn(mode)}};
+          {"remarks", RemarksJson(TCBase::RemarksOn(mode), invocation)}};
 }
 
-Json InfoJson(const TCBase::Program& program, const std::string& path) {
+Json InfoJson(const TCBase::Program& program, const std::string& path, const Invocation& invocation) {
   Json modes = Json::array();
-  for (std::size_t i = 0; i < program.modes.size(); ++i) modes.push_back(ModeJson(program.modes[i], i + 1));
+  for (std::size_t i = 0; i < program.modes.size(); ++i)
+    modes.push_back(ModeJson(program.modes[i], i + 1, invocation));
   Json channels = Json::array();
   for (std::size_t i = 0; i < program.channelInfos.size(); ++i) {
     const TCBase::Program::ChannelInfo& info = program.channelInfos[i];
@@ -45,22 +54,28 @@ Json InfoJson(const TCBase::Program& program, const std::string& path) {
                         {"description", info.description},
                         {"colour", ColourText(info.colour)}});
   }
-  return {{"file", path}, {"modes", modes}, {"channels", channels}, {"remarks", RemarksOn(program)}};
+  return {{"file", path},
+          {"modes", modes},
+          {"channels", channels},
+          {"remarks", RemarksJson(TCBase::RemarksOn(program), invocation)}};
 }
 
-void PrintRemarks(const std::vector<std::string>& remarks, std::ostream& out) {
-  for (const std::string& remark : remarks) out << "  " << Printable(remark) << '\n';
+void PrintRemarks(const Remarks& remarks, Invocation& invocation) {
+  for (const qor::Sentence& remark : remarks) {
+    invocation.environment.out << "  " << Printable(invocation.Text(remark)) << '\n';
+  }
 }
 
-void PrintInfo(const TCBase::Program& program, std::ostream& out) {
+void PrintInfo(const TCBase::Program& program, Invocation& invocation) {
+  std::ostream& out = invocation.environment.out;
   for (std::size_t i = 0; i < program.modes.size(); ++i) {
     const TCBase::Mode& mode = program.modes[i];
-    const std::vector<std::string> remarks = RemarksOn(mode);
+    const Remarks remarks = TCBase::RemarksOn(mode);
     out << qor::Format("Mode {1}: {2}, {3} steps{4}\n", {i + 1, Printable(mode.name), TCBase::StepCount(mode),
                                                          remarks.empty() ? ", within all limits" : ":"});
-    PrintRemarks(remarks, out);
+    PrintRemarks(remarks, invocation);
   }
-  PrintRemarks(RemarksOn(program), out);
+  PrintRemarks(TCBase::RemarksOn(program), invocation);
   for (std::size_t i = 0; i < program.channelInfos.size(); ++i) {
     const TCBase::Program::ChannelInfo& info = program.channelInfos[i];
     out << qor::Format("Channel {1}: {2}, {3}\n", {i + 1, Printable(info.name), ColourText(info.colour)});
@@ -77,9 +92,9 @@ Runner DefineInfo(CLI::App& parser) {
   return [=](Invocation& invocation) {
     const TCBase::Program program = Load(*path, invocation);
     if (*asJson) {
-      Print(InfoJson(program, *path), invocation.environment.out);
+      Print(InfoJson(program, *path, invocation), invocation.environment.out);
     } else {
-      PrintInfo(program, invocation.environment.out);
+      PrintInfo(program, invocation);
     }
     return Done;
   };

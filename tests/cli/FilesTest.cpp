@@ -195,37 +195,6 @@ TEST_F(CliFiles, SetsAndAddsStepsFromText) {
   }
 }
 
-TEST_F(CliFiles, NamesWhatAControllerWillNotTake) {
-  const std::string path = folder.File("odd.xml");
-  const std::string channel = "<c><step hour='1' jump='1'/><step hour='2'/></c>";
-  std::string modes = "<mode name='Gr&#xFC;&#xFC;&#xFC;&#xFC;n'>" + channel + channel + "<c><step/></c>" +
-                      channel + channel + "</mode><mode><c/><c/><c/><c/><c/></mode>";
-  std::string long21 = "<c>";
-  for (int i = 0; i < 21; ++i) long21 += "<step minute='" + std::to_string(i) + "'/>";
-  modes += "<mode name='m'>" + long21 + "</c>" + channel + channel + channel + "<c/></mode>";
-  test::Write(path, "<l>" + modes + "</l>");
-  EXPECT_EQ(Info(path),
-            "Mode 1: Gr\xC3\xBC\xC3\xBC\xC3\xBC\xC3\xBCn, 3 steps:\n"
-            "  the name is cut to 8 bytes on a TC420: 'Gr\xC3\xBC\xC3\xBC\xC3\xBC'\n"
-            "  the name is cut to 7 bytes on a TC421: 'Gr\xC3\xBC\xC3\xBC\xEF\xBF\xBD'\n"
-            "  channel 3 has 1 step; at least 2 are needed\n"
-            "  a TC421 carries no jumps and fades instead (4 here); see 'halvex optimize --tc421'\n"
-            "Mode 2: , 0 steps:\n"
-            "  controllers refuse a mode of fewer than 2 steps\n"
-            "  controllers refuse a mode without a name\n"
-            "  channel 1 has no steps; at least 2 are needed\n"
-            "  channel 2 has no steps; at least 2 are needed\n"
-            "  channel 3 has no steps; at least 2 are needed\n"
-            "  channel 4 has no steps; at least 2 are needed\n"
-            "  channel 5 has no steps; at least 2 are needed\n"
-            "Mode 3: m, 23 steps:\n"
-            "  23 steps are over 20, the limit of the earlier TC420 in the blue case\n"
-            "  channel 5 has no steps; at least 2 are needed\n"
-            "  a TC421 carries no jumps and fades instead (3 here); see 'halvex optimize --tc421'\n");
-  EXPECT_EQ(Run({"info", "--json", path}), cli::Done);
-  EXPECT_EQ(nlohmann::json::parse(out)["modes"][2]["remarks"].size(), 3u);
-}
-
 TEST_F(CliFiles, SpeaksTheUsersLanguage) {
   const std::string path = folder.File("neu.xml");
   EXPECT_EQ(Run({"--lang", "de", "new", path}), cli::Done);
