@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "QorLib/Log.h"
 
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "QorLib/HexDump.h"
@@ -22,15 +24,18 @@ void Log::Failure(const Sentence& sentence) {
 }
 
 void Log::Trace(std::string_view text) {
-  if (!IsTracing()) return;
-  const TimeOfDay time = timeOfDay_();
-  Write(Kind::Trace,
-        Format("{1}:{2}:{3}:{4} {5}", {time.hour, ZeroFilled(time.minute, 2), ZeroFilled(time.second, 2),
-                                       ZeroFilled(time.millisecond, 3), text}));
+  if (IsTracing()) Write({TraceLine(text)});
 }
 
-void Log::TraceDump(std::string_view bytes) {
-  if (IsTracing()) Write(Kind::TraceDump, HexDump(bytes));
+void Log::Trace(std::string_view text, std::string_view dumped) {
+  if (IsTracing()) Write({TraceLine(text), {Kind::TraceDump, HexDump(dumped)}});
+}
+
+Log::Line Log::TraceLine(std::string_view text) const {
+  const TimeOfDay time = timeOfDay_();
+  return {Kind::Trace,
+          Format("{1}:{2}:{3}:{4} {5}", {time.hour, ZeroFilled(time.minute, 2), ZeroFilled(time.second, 2),
+                                         ZeroFilled(time.millisecond, 3), text})};
 }
 
 std::vector<Log::Line> Log::TakeLines() {
@@ -38,10 +43,10 @@ std::vector<Log::Line> Log::TakeLines() {
   return std::exchange(lines_, {});
 }
 
-void Log::Write(Kind kind, std::string text) {
+void Log::Write(std::vector<Line> lines) {
   {
     const std::lock_guard lock(mutex_);
-    lines_.push_back({kind, std::move(text)});
+    std::ranges::move(lines, std::back_inserter(lines_));
   }
   if (onLine_) onLine_();
 }

@@ -53,15 +53,16 @@ class Log {
   /// Writes a trace line: the local time as hour:minute:second:millisecond, the hour not filled with zeros, a
   /// blank and the text.
   void Trace(std::string_view text);
-
-  /// Writes the rows of a hex dump, which follow their trace line and carry no time.
-  void TraceDump(std::string_view bytes);
+  /// The same with the rows of a hex dump, which carry no time; no line of others comes between.
+  void Trace(std::string_view text, std::string_view dumped);
 
   /// Takes what has been collected.
   std::vector<Line> TakeLines();
 
  private:
-  void Write(Kind kind, std::string text);
+  void Write(Kind kind, std::string text) { Write({{kind, std::move(text)}}); }
+  void Write(std::vector<Line> lines);
+  Line TraceLine(std::string_view text) const;
 
   std::function<TimeOfDay()> timeOfDay_;
   std::function<void()> onLine_;

@@ -65,6 +65,18 @@ bool DeviceBase::DemoFinish() {
   return DoDemoFinish();
 }
 
+bool DeviceBase::ClearLine() {
+  constexpr int AnyReply = -1;
+  const auto drop = [this] { return DropAnswer(); };
+  if (CheckReply({}, AnyReply)) {
+    while (drop()) continue;
+    return true;
+  }
+  if (surplus_.Clear(drop)) return true;
+  SetLastFailure({"answers that belong to no packet do not end", {}});
+  return false;
+}
+
 bool DeviceBase::Counted(bool succeeded) {
   failedTransactions_ += succeeded ? 0 : 1;
   return succeeded;

@@ -6,6 +6,7 @@
 
 #include "QorLib/Log.h"
 #include "device/PacketBase.h"
+#include "device/SurplusAnswers.h"
 #include "model/ModeSample.h"
 #include "platform/Clock.h"
 #include "platform/DeviceLock.h"
@@ -36,7 +37,7 @@ struct OpenFailure {
 /// blocks, reports failure by false and writes the communication trace; none throws. One thread at a time.
 class DeviceBase {
  public:
-  explicit DeviceBase(const DeviceContext& context) : context_(context) {}
+  explicit DeviceBase(const DeviceContext& context) : context_(context), surplus_(context.clock) {}
   virtual ~DeviceBase() = default;
   DeviceBase(const DeviceBase&) = delete;
   DeviceBase& operator=(const DeviceBase&) = delete;
@@ -90,11 +91,19 @@ class DeviceBase {
   platform::Network& Network() { return context_.network; }
   void SetOpenFailure(OpenFailure failure) { openFault_ = std::move(failure); }
   void SetLastFailure(qor::Sentence why) { lastFailure_ = std::move(why); }
+  /// Takes what waits and has nothing to answer; whether it may be an answer to an earlier packet.
+  virtual bool DropAnswer() = 0;
+  /// To be called before a packet's first sending: sees to it that no earlier answer can be taken for this
+  /// packet's. It needs no time while each packet is answered once and in time, nor ever with a controller
+  /// that may be silent. False when the answers do not end.
+  bool ClearLine();
+  SurplusAnswers& Surplus() { return surplus_; }
   /// Counts a transaction that failed; returns its result.
   bool Counted(bool succeeded);
 
  private:
   DeviceContext context_;
+  SurplusAnswers surplus_;
   std::unique_ptr<platform::DeviceLock> lock_;
   OpenFailure openFault_;
   int failedTransactions_ = 0;

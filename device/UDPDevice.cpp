@@ -39,17 +39,33 @@ bool UDPDevice::Read(std::string& reply) {
 /// Takes one datagram, if one waits; whether it is the reply.
 bool UDPDevice::ReceiveReply(std::string& reply) {
   platform::SocketAddress sender;
-  if (!port_.ReceiveFrom(reply, sender)) return false;
-  if (reply.size() != PacketBytes) {
+  return port_.ReceiveFrom(reply, sender) && IsReply(reply, sender);
+}
+
+bool UDPDevice::IsReply(const std::string& datagram, const platform::SocketAddress& sender) {
+  if (datagram.size() != PacketBytes) {
     Log().Trace("Received invalid packet size");
     return false;
   }
-  port_.TraceReceived(sender, reply);
+  port_.TraceReceived(sender, datagram);
   return sender.address == info_.address.address;
 }
 
+bool UDPDevice::DropAnswer() {
+  std::string datagram;
+  platform::SocketAddress sender;
+  while (port_.ReceiveFrom(datagram, sender)) {
+    const bool isReply = IsReply(datagram, sender);
+    Log().Trace("Thrown away: no packet waits for it");
+    if (isReply) return true;
+  }
+  return false;
+}
+
 bool UDPDevice::Transact(const PacketBase& packet, int expected) {
+  if (!ClearLine()) return Counted(false);
   for (int attempt = 0; attempt < Attempts; ++attempt) {
+    if (attempt > 0) Surplus().WasSentAgain();
     if (!WritePacket(packet)) return Counted(false);
     std::string reply;
     if (Read(reply)) return Counted(CheckReply(reply, expected));

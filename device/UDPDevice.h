@@ -27,7 +27,9 @@ class UDPDevice : public DeviceBase {
   const DeviceInfo& Info() const { return info_; }
 
  private:
+  bool DropAnswer() override;
   bool ReceiveReply(std::string& reply);
+  bool IsReply(const std::string& datagram, const platform::SocketAddress& sender);
 
   DeviceInfo info_;
   UdpPort port_;

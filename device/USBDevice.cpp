@@ -22,11 +22,15 @@ std::string LastErrorText(hid_device* handle) {
   return text != nullptr ? qor::win::Utf8FromWide(text) : "Success";
 }
 
-Denial DenialOf(platform::ErrorKind kind) {
-  switch (kind) {
-    case platform::ErrorKind::AccessDenied: return Denial::NoPermission;
-    case platform::ErrorKind::SharingViolation: return Denial::InUse;
-    default: return Denial::None;
+/// In plain words what can be told apart, with the system's behind them.
+OpenFailure FailureOf(const std::string& text) {
+  const qor::Sentence system = qor::Verbatim(text);
+  switch (platform::KindOfText(text)) {
+    case platform::ErrorKind::AccessDenied:
+      return {{"no permission to open it", {}, {system}}, Denial::NoPermission};
+    case platform::ErrorKind::SharingViolation:
+      return {{"in use by another program", {}, {system}}, Denial::InUse};
+    default: return {system};
   }
 }
 
@@ -43,8 +47,7 @@ bool USBDevice::Open() {
     const std::lock_guard lock(opening);
     handle_ = hid_open(id_.vendor, id_.product, nullptr);
     if (handle_ == nullptr) {
-      const std::string text = LastErrorText(nullptr);
-      SetOpenFailure({qor::Verbatim(text), DenialOf(platform::KindOfText(text))});
+      SetOpenFailure(FailureOf(LastErrorText(nullptr)));
       return false;
     }
   }
@@ -56,8 +59,7 @@ bool USBDevice::Write(const std::string& image) {
   if (image.size() != PacketBytes) return false;
   std::array<unsigned char, ReportBytes> report{ReportId};
   std::copy(image.begin(), image.end(), report.begin() + 1);
-  Log().Trace("hid_write:");
-  Log().TraceDump(image);
+  Log().Trace("hid_write:", image);
   const int written = hid_write(handle_, report.data(), report.size());
   if (written < 0) TraceError("hid_write");
   return written == static_cast<int>(ReportBytes);
@@ -66,30 +68,38 @@ bool USBDevice::Write(const std::string& image) {
 bool USBDevice::Read(std::string& reply) {
   reply.clear();
   for (int idlePolls = 0; idlePolls < MaxIdlePolls;) {
-    std::array<unsigned char, PacketBytes> report;
-    const int count = hid_read_timeout(handle_, report.data(), report.size(), 0);
-    if (count < 0) {
-      TraceError("hid_read");
-      return false;
-    }
-    if (count > 0) {
-      const std::string part(report.begin(), report.begin() + count);
-      Log().Trace("hid_read:");
-      Log().TraceDump(part);
-      reply += part;
-    } else if (!reply.empty()) {
-      return true;
-    } else {
-      Clock().Sleep(IdlePollMilliseconds);
-      ++idlePolls;
-    }
+    const int count = ReadReport(reply);
+    if (count < 0) return false;
+    if (count > 0) continue;
+    if (!reply.empty()) return true;
+    Clock().Sleep(IdlePollMilliseconds);
+    ++idlePolls;
   }
+  return true;
+}
+
+int USBDevice::ReadReport(std::string& reply) {
+  std::array<unsigned char, PacketBytes> report;
+  const int count = hid_read_timeout(handle_, report.data(), report.size(), 0);
+  if (count < 0) TraceError("hid_read");
+  if (count <= 0) return count;
+  const std::string part(report.begin(), report.begin() + count);
+  Log().Trace("hid_read:", part);
+  reply += part;
+  return count;
+}
+
+bool USBDevice::DropAnswer() {
+  std::string report;
+  if (ReadReport(report) <= 0) return false;
+  Log().Trace("Thrown away: no packet waits for it");
   return true;
 }
 
 bool USBDevice::Transact(const PacketBase& packet, int expected) {
   std::string reply;
-  if (!WritePacket(packet) || !Read(reply)) return Counted(false);
+  if (!ClearLine() || !WritePacket(packet) || !Read(reply)) return Counted(false);
+  if (reply.size() > PacketBytes) Surplus().WasSurplus();
   if (CheckReply(reply, expected)) return true;
   SetLastFailure(reply.empty() ? qor::Sentence{"no answer", {}}
                                : qor::Sentence{"an answer that makes no sense", {}});

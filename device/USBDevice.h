@@ -23,6 +23,9 @@ class USBDevice : public DeviceBase {
   bool Transact(const PacketBase& packet, int expected) override;
 
  private:
+  bool DropAnswer() override;
+  /// Takes one report, if one waits; the number of its bytes, negative when the reading failed.
+  int ReadReport(std::string& reply);
   void TraceError(const char* call);
 
   UsbId id_;

@@ -22,20 +22,25 @@ bool UdpPort::Open() {
 bool UdpPort::Failed(std::string_view call) {
   const platform::SystemError error = socket_->LastError();
   const std::string line = ErrorLine(call, error);
-  openFault_ = {qor::Verbatim(line),
-                error.kind == platform::ErrorKind::AccessDenied ? Denial::NoPermission : Denial::None};
   context_.log.Trace(line);
-  if (error.kind == platform::ErrorKind::AddressInUse) {
-    openFault_ = {{"UDP port {1} of this computer is in use by another program", {ControllerPort}},
-                  Denial::InUse};
+  switch (error.kind) {
+    case platform::ErrorKind::AddressInUse:
+      openFault_ = {{"UDP port {1} of this computer is in use by another program", {ControllerPort}},
+                    Denial::InUse};
+      break;
+    case platform::ErrorKind::AccessDenied:
+      openFault_ = {
+          {"no permission to use UDP port {1} of this computer", {ControllerPort}, {qor::Verbatim(line)}},
+          Denial::NoPermission};
+      break;
+    default: openFault_ = {qor::Verbatim(line)};
   }
   return false;
 }
 
 bool UdpPort::SendTo(const platform::SocketAddress& to, std::string_view datagram) {
   if (context_.log.IsTracing()) {
-    context_.log.Trace("sendto_core " + platform::AddressAndPortText(to));
-    context_.log.TraceDump(datagram);
+    context_.log.Trace("sendto_core " + platform::AddressAndPortText(to), datagram);
   }
   if (socket_->SendTo(to, datagram)) return true;
   context_.log.Trace(ErrorLine("sendto", socket_->LastError()));
@@ -48,8 +53,7 @@ bool UdpPort::ReceiveFrom(std::string& datagram, platform::SocketAddress& sender
 
 void UdpPort::TraceReceived(const platform::SocketAddress& sender, std::string_view datagram) {
   if (!context_.log.IsTracing()) return;
-  context_.log.Trace("recvfrom " + platform::AddressAndPortText(sender));
-  context_.log.TraceDump(datagram);
+  context_.log.Trace("recvfrom " + platform::AddressAndPortText(sender), datagram);
 }
 
 }  // namespace TCBase

@@ -19,6 +19,8 @@ class Mock : public Device {
   const std::vector<std::string>& Written() const { return written_; }
 
  private:
+  bool DropAnswer() override { return false; }
+
   std::vector<std::string> written_;
 };
 

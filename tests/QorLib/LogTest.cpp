@@ -20,10 +20,12 @@ TEST(Log, TranslatesThenFormatsMessages) {
 TEST(Log, KeepsATraceOnlyWhileTracing) {
   test::TestLog log;
   log.Trace("lost");
-  log.TraceDump("lost");
+  log.Trace("lost", "lost");
   log.SetTracing(true);
-  log.Trace("hid_write:");
-  log.TraceDump("A");
+  int notices = 0;
+  log.OnLine([&notices] { ++notices; });
+  log.Trace("hid_write:", "A");
+  EXPECT_EQ(notices, 1) << "the rows come with their line";
   log.Message("done");
   const std::string row = "0000  41                                                  A\n";
   const std::vector<qor::Log::Line> lines = log.TakeLines();

@@ -96,8 +96,8 @@ TEST_F(TC420Device, GoesOnAfterALostStepButRemembersIt) {
   int reads = 0;
   hid.answer = [](const std::string&) { return std::vector<std::string>{"k"}; };
   hid.readResult = [&reads] {
-    return ++reads == 3 ? -1 : 0;
-  };  // two reads a packet: the second packet's reply
+    return ++reads == 5 ? -1 : 0;
+  };  // three reads a packet: the second packet's reply
   TC420::Device device(context);
   ASSERT_TRUE(device.Open());
   EXPECT_TRUE(device.UploadMode(0, "Reef", samples));

@@ -103,7 +103,7 @@ TEST_F(USBDevice, ReportsFailuresOfTheBus) {
 TEST_F(USBDevice, FailsAReplyThatBreaksOff) {
   int reads = 0;
   hid.answer = [](const std::string&) { return std::vector<std::string>{"first"}; };
-  hid.readResult = [&reads] { return ++reads == 2 ? -1 : 0; };
+  hid.readResult = [&reads] { return ++reads == 3 ? -1 : 0; };
   log.SetTracing(true);
   ASSERT_TRUE(device.Open());
   EXPECT_FALSE(SendStop());

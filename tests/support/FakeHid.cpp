@@ -42,16 +42,22 @@ int FakeHid::Write(const std::string& report) {
   if (static_cast<int>(reports_.size()) == unplugAfter) isPulled_ = true;
   if (isPulled_) return -1;
   reports_.push_back(report);
-  if (answer) pending_ = answer(report.substr(1));
+  if (answer) {
+    for (std::string& part : answer(report.substr(1))) pending_.emplace(Now(), std::move(part));
+  }
   return writeResult.value_or(static_cast<int>(report.size()));
+}
+
+void FakeHid::Deliver(std::string report, std::int64_t afterMilliseconds) {
+  pending_.emplace(Now() + afterMilliseconds, std::move(report));
 }
 
 int FakeHid::Read(unsigned char* buffer, std::size_t capacity) {
   const std::lock_guard lock(mutex_);
   if (isPulled_) return -1;
   if (const int result = readResult ? readResult() : 0; result != 0) return result;
-  if (pending_.empty()) return 0;
-  const std::string report = pending_.front().substr(0, capacity);
+  if (pending_.empty() || pending_.begin()->first > Now()) return 0;
+  const std::string report = pending_.begin()->second.substr(0, capacity);
   pending_.erase(pending_.begin());
   std::copy(report.begin(), report.end(), buffer);
   return static_cast<int>(report.size());

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -23,14 +24,17 @@ class FakeHid {
   // The controller; set up before the code under test runs
   std::optional<TCBase::UsbId> plugged;
   std::uint32_t openMilliseconds = 0;  // by which opening advances `clock`
-  VirtualClock* clock = nullptr;
-  bool isDenied = false;     // opening is not permitted
-  bool isErrorless = false;  // hidapi has no text for an error
-  int unplugAfter = -1;      // frames until it is pulled out; -1 never
+  VirtualClock* clock = nullptr;       // needed for what takes time
+  bool isDenied = false;               // opening is not permitted
+  bool isErrorless = false;            // hidapi has no text for an error
+  int unplugAfter = -1;                // frames until it is pulled out; -1 never
   std::optional<int> writeResult;
   std::function<int()> readResult;  // when set and not 0, what reading gives instead of a report
-  /// The reports that answer a frame.
+  /// The reports that answer a frame at once.
   std::function<std::vector<std::string>(const std::string& frame)> answer;
+
+  /// Has a report come that many milliseconds from now, by `clock`.
+  void Deliver(std::string report, std::int64_t afterMilliseconds);
 
   // What arrived
   std::vector<std::string> Reports();  // with the report id
@@ -44,11 +48,13 @@ class FakeHid {
   int Read(unsigned char* buffer, std::size_t capacity);
 
  private:
+  std::int64_t Now() const { return clock != nullptr ? clock->Milliseconds() : 0; }
+
   std::mutex mutex_;
   bool isPulled_ = false;
   int openHandles_ = 0;
   std::vector<std::string> reports_;
-  std::vector<std::string> pending_;
+  std::multimap<std::int64_t, std::string> pending_;  // by when they come
 };
 
 }  // namespace test

@@ -30,7 +30,7 @@ void Controller::Run() {
   for (;;) {
     std::optional<milliseconds> timeout;
     if (!answers.empty()) {
-      timeout = std::max(milliseconds(0), ceil<milliseconds>(answers.front().due - steady_clock::now()));
+      timeout = std::max(milliseconds(0), ceil<milliseconds>(answers.begin()->first - steady_clock::now()));
     }
     const Port::Event event = port.Wait(timeout);
     if (event == Port::Event::End) return;
@@ -58,8 +58,12 @@ std::string Controller::Judge(const Datagram& datagram) {
 void Controller::Obey(const Datagram& datagram) {
   const Kind kind = KindOf(datagram.bytes);
   if (options.ignored.contains(kind)) return;
+  Answering usual;
+  if (!options.silent) usual.answers.assign(options.answers, options.delay);
+  const Answering answering = options.odd.Next(kind, usual);
+  if (answering.isLost) return;
   if (!options.refuse && kind != Kind::Find) KeepState(kind, PayloadOf(datagram.bytes));
-  if (!options.silent) QueueAnswers(datagram);
+  if (!answering.answers.empty()) QueueAnswers(datagram, answering);
 }
 
 void Controller::Record(const Datagram& datagram, const std::string& verdict) {
@@ -81,29 +85,32 @@ void Controller::KeepState(Kind kind, Bytes payload) {
   std::filesystem::rename(fresh, options.state);
 }
 
-void Controller::QueueAnswers(const Datagram& question) {
-  const Time due = steady_clock::now() + options.delay;
+void Controller::QueueAnswers(const Datagram& question, const Answering& answering) {
   const bool isFind = KindOf(question.bytes) == Kind::Find;
   const std::string name = NameTowards(question);
   const Frame frame = MakeAnswer(question.bytes, isFind ? name : options.refuse ? Refused : Accepted);
   Datagram answer{{frame.begin(), frame.end()}, question.peer, options.from.value_or(question.own)};
-  if (options.babble) QueueNonsense(answer, due);
+  const Time now = steady_clock::now();
+  if (options.babble) QueueNonsense(answer, now + answering.answers.front());
   answer.bytes.resize(options.answerSize);
-  answers.insert(answers.end(), static_cast<std::size_t>(options.answers), Answer{due, answer});
+  if (answering.isHeldBack) return heldBack.push_back(answer);
+  for (const milliseconds delay : answering.answers) answers.emplace(now + delay, answer);
+  for (const Datagram& late : std::exchange(heldBack, {}))
+    answers.emplace(now + answering.answers.back(), late);
 }
 
 void Controller::QueueNonsense(Datagram datagram, Time due) {
   for (auto left = 1 + random() % 3; left > 0; --left) {
     datagram.bytes.resize(random() % (MostNonsense + 1));
     for (std::uint8_t& byte : datagram.bytes) byte = static_cast<std::uint8_t>(random() >> 8);
-    answers.push_back({due, datagram});
+    answers.emplace(due, datagram);
   }
 }
 
 void Controller::SendDueAnswers() {
-  while (!answers.empty() && answers.front().due <= steady_clock::now()) {
-    port.Send(answers.front().datagram);
-    answers.pop_front();
+  while (!answers.empty() && answers.begin()->first <= steady_clock::now()) {
+    port.Send(answers.begin()->second);
+    answers.erase(answers.begin());
   }
 }
 

@@ -2,10 +2,11 @@
 #pragma once
 
 #include <chrono>
-#include <deque>
 #include <fstream>
+#include <map>
 #include <random>
 #include <string>
+#include <vector>
 
 #include "../tc421/Frame.h"
 #include "Options.h"
@@ -22,17 +23,12 @@ class Controller {
 
  private:
   using Time = std::chrono::steady_clock::time_point;
-  struct Answer {
-    Time due;
-    Datagram datagram;
-  };
-
   void Hear(const Datagram& datagram);
   std::string Judge(const Datagram& datagram);
   void Obey(const Datagram& datagram);
   void Record(const Datagram& datagram, const std::string& verdict);
   void KeepState(Kind kind, Bytes payload);
-  void QueueAnswers(const Datagram& question);
+  void QueueAnswers(const Datagram& question, const Answering& answering);
   void QueueNonsense(Datagram datagram, Time due);
   void SendDueAnswers();
   std::string NameTowards(const Datagram& datagram) const;
@@ -43,7 +39,8 @@ class Controller {
   std::ofstream transcript;
   State state;
   int datagrams = 0;
-  std::deque<Answer> answers;  // the earliest due first
+  std::multimap<Time, Datagram> answers;  // by when they are due
+  std::vector<Datagram> heldBack;         // until the next packet has been answered
   std::minstd_rand random;
 };
 

@@ -48,6 +48,8 @@ constexpr ToolOptions::Row<Options> Rows[] = {
      [](Options& o, const std::string&) { o.silent = true; }},
     {"--ignore", "KIND", "packets of this kind have no effect and no answer; may be repeated",
      [](Options& o, const std::string& text) { o.ignored.insert(ParseKind(text)); }},
+    {"--on", "RULE", "some packets are answered otherwise, see below; may be repeated",
+     [](Options& o, const std::string& text) { o.odd.Add(text); }},
     {"--refuse", "", "answers that it refuses, and does nothing",
      [](Options& o, const std::string&) { o.refuse = true; }},
     {"--babble", "", "sends one to three datagrams of nonsense before each answer, the same in every run",
@@ -68,7 +70,7 @@ std::string HelpText() {
       "sim-tc421 [OPTIONS]\n"
       "A simulated TC421 on UDP port 5000 of every local address, until SIGINT or SIGTERM. It writes\n"
       "\"Listening\" to standard output when it is ready.\n\n";
-  return use + ToolOptions::Help(Table) +
+  return use + ToolOptions::Help(Table) + "\n" + OddAnswers::HelpText() +
          "\nA line of the transcript has five fields with a tab between them:\n"
          "  milliseconds since the start\n"
          "  the sender as ADDRESS:PORT\n"

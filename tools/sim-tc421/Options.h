@@ -9,7 +9,7 @@
 #include <set>
 #include <string>
 
-#include "../tc421/Frame.h"
+#include "../tc421/OddAnswers.h"
 
 namespace SimTC421 {
 
@@ -22,9 +22,10 @@ struct Options {
   int vanishAfter = std::numeric_limits<int>::max();
   std::chrono::milliseconds delay{0};
   std::size_t answerSize = Frame().size();
-  int answers = 1;              // to one packet
+  std::size_t answers = 1;      // to one packet
   std::optional<in_addr> from;  // else the address that was asked
   std::set<Kind> ignored;
+  OddAnswers odd;
   bool silent = false;
   bool refuse = false;
   bool babble = false;

@@ -13,6 +13,7 @@
 #include <filesystem>
 #include <string>
 #include <system_error>
+#include <utility>
 
 #include "../tc421/Frame.h"
 #include "HostNode.h"
@@ -23,6 +24,8 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto Forever = -1ms;
+using std::chrono::milliseconds;
+using std::chrono::steady_clock;
 constexpr auto EnumerationPatience = 10s;
 constexpr auto ReplugPause = 1s;
 // An answer that nobody has fetched keeps the endpoint busy; the next one is then dropped, not waited for.
@@ -93,7 +96,13 @@ void Controller::PlugIn() {
 
 Controller::End Controller::Serve() {
   Report buffer;
-  while (WaitFor(POLLIN, Forever)) {
+  answers.clear();
+  heldBack.clear();
+  for (;;) {
+    if (!SendDueAnswers()) return End::Signal;
+    const std::optional<bool> isReadable = WaitFor(POLLIN, UntilNextAnswer());
+    if (!isReadable) return End::Signal;
+    if (!*isReadable) continue;
     const ssize_t count = ::read(gadget.Descriptor(), buffer.data(), buffer.size());
     if (count < 0 && (errno == EAGAIN || errno == EINTR)) continue;
     if (count < 0) throw std::system_error(errno, std::generic_category(), "Reading a report");
@@ -101,9 +110,8 @@ Controller::End Controller::Serve() {
     Record(frame);
     ++frames;
     if (frames == options.unplugAfter) return End::Unplugged;
-    if (!options.silent && !Answer(frame)) return End::Signal;
+    QueueAnswers(frame);
   }
-  return End::Signal;
 }
 
 void Controller::Record(std::span<const std::uint8_t> frame) const {
@@ -114,11 +122,40 @@ void Controller::Record(std::span<const std::uint8_t> frame) const {
   }
 }
 
-bool Controller::Answer(std::span<const std::uint8_t> frame) {
-  if (!Wait(options.delay)) return false;
-  for (int report = 1; report <= options.reports; ++report) {
-    if (report > 1 && !Wait(options.pause)) return false;
-    if (!Send(MakeAnswer(frame, report))) return false;
+SimTC421::Answering Controller::AnsweringOf(std::span<const std::uint8_t> frame) {
+  SimTC421::Answering usual;
+  if (!options.silent) usual.answers = {options.delay};
+  const bool isRight =
+      std::string_view(options.model.name) == "tc421" && Remark(options.model, frame).empty();
+  return isRight ? options.odd.Next(SimTC421::KindOf(frame), usual) : usual;
+}
+
+void Controller::QueueAnswers(std::span<const std::uint8_t> frame) {
+  const SimTC421::Answering answering = AnsweringOf(frame);
+  if (answering.answers.empty()) return;
+  const auto now = steady_clock::now();
+  if (answering.isHeldBack) return heldBack.push_back(MakeAnswer(frame, 1));
+  milliseconds delay{0};
+  for (const milliseconds wanted : answering.answers) {
+    delay = wanted;
+    for (int report = 1; report <= options.reports; ++report) {
+      if (report > 1) delay += options.pause;
+      answers.emplace(now + delay, MakeAnswer(frame, report));
+    }
+  }
+  for (const Report& late : std::exchange(heldBack, {}))
+    answers.emplace(now + (delay += options.pause), late);
+}
+
+milliseconds Controller::UntilNextAnswer() const {
+  if (answers.empty()) return Forever;
+  return std::max(0ms, ceil<milliseconds>(answers.begin()->first - steady_clock::now()));
+}
+
+bool Controller::SendDueAnswers() {
+  while (!answers.empty() && answers.begin()->first <= steady_clock::now()) {
+    if (!Send(answers.begin()->second)) return false;
+    answers.erase(answers.begin());
   }
   return true;
 }
@@ -149,10 +186,11 @@ bool Controller::Wait(std::chrono::milliseconds time) const {
   return ::poll(&end, 1, static_cast<int>(time.count())) == 0;
 }
 
-bool Controller::WaitFor(short events, std::chrono::milliseconds time) const {
+std::optional<bool> Controller::WaitFor(short events, std::chrono::milliseconds time) const {
   pollfd both[] = {{endSignals.Get(), POLLIN, 0}, {gadget.Descriptor(), events, 0}};
   ::poll(both, 2, static_cast<int>(time.count()));
-  return both[0].revents == 0;
+  if (both[0].revents != 0) return std::nullopt;
+  return both[1].revents != 0;
 }
 
 }  // namespace SimUsb

@@ -4,8 +4,11 @@
 #include <array>
 #include <chrono>
 #include <cstdint>
+#include <map>
+#include <optional>
 #include <random>
 #include <span>
+#include <vector>
 
 #include "Files.h"
 #include "Gadget.h"
@@ -28,19 +31,25 @@ class Controller {
   void PlugIn();
   End Serve();
   void Record(std::span<const std::uint8_t> frame) const;
-  bool Answer(std::span<const std::uint8_t> frame);
+  SimTC421::Answering AnsweringOf(std::span<const std::uint8_t> frame);
+  void QueueAnswers(std::span<const std::uint8_t> frame);
+  std::chrono::milliseconds UntilNextAnswer() const;
+  bool SendDueAnswers();
   Report MakeAnswer(std::span<const std::uint8_t> frame, int report);
-  bool Send(const Report& report) const;
-  // Both return false when a signal asks for the end.
+  bool Send(const Report& report) const;  // false when a signal asks for the end
+  // False when a signal asks for the end.
   bool Wait(std::chrono::milliseconds time) const;
-  bool WaitFor(short events, std::chrono::milliseconds time) const;
+  // Whether it has come to that; nothing when a signal asks for the end.
+  std::optional<bool> WaitFor(short events, std::chrono::milliseconds time) const;
 
   Options options;
   Handle endSignals;
   Handle transcript;
   std::string serial;
   Gadget gadget;
-  int frames = 0;  // since it was plugged in
+  int frames = 0;                                                        // since it was plugged in
+  std::multimap<std::chrono::steady_clock::time_point, Report> answers;  // by when they are due
+  std::vector<Report> heldBack;  // until the next packet has been answered
   std::minstd_rand random;
 };
 

@@ -46,6 +46,8 @@ constexpr ToolOptions::Row<Options> Rows[] = {
     {"--silent", "", "never answers", [](Options& o, const std::string&) { o.silent = true; }},
     {"--nonsense", "", "answers with random-looking bytes, the same ones in every run",
      [](Options& o, const std::string&) { o.nonsense = true; }},
+    {"--on", "RULE", "some packets of a tc421 are answered otherwise, see below; may be repeated",
+     [](Options& o, const std::string& text) { o.odd.Add(text); }},
     {"--unplug-after", "N", "unplugs itself as the Nth frame has arrived, in place of an answer",
      [](Options& o, const std::string& text) { o.unplugAfter = ParseNumber(text, 1, MostFrames); }},
     {"--once", "", "ends after unplugging itself; else it is plugged in again a second later",
@@ -71,8 +73,10 @@ std::string HelpText() {
          "opened\n"
          "to every user (mode 0666), as a udev rule would do. With --refuse-open it stays with root (0600): "
          "the\n"
-         "controller is listed on the bus, and opening it fails for every other user.\n\n"
-         "In the transcript of a tc421 the digits of a wrong frame are followed by \" wrong: \" and what is "
+         "controller is listed on the bus, and opening it fails for every other user.\n\n" +
+         SimTC421::OddAnswers::HelpText() +
+         "\nIn the transcript of a tc421 the digits of a wrong frame are followed by \" wrong: \" and what "
+         "is "
          "wrong.\n\n"
          "\"Plugged in\" (there with \" as \" and the node's name) and \"Unplugged\" are written to "
          "standard\n"

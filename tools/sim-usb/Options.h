@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <string>
 
+#include "../tc421/OddAnswers.h"
+
 namespace SimUsb {
 
 // What a model is on the bus.
@@ -26,8 +28,9 @@ struct Options {
   int unplugAfter = 0;  // frames; 0 is never
   std::chrono::milliseconds delay{0};
   std::chrono::milliseconds pause{30};
-  std::string transcript;  // empty: frames are not recorded
-  std::string udc;         // empty: the first free one
+  SimTC421::OddAnswers odd;  // of a tc421
+  std::string transcript;    // empty: frames are not recorded
+  std::string udc;           // empty: the first free one
 };
 
 // Throws std::invalid_argument with a finished sentence when the arguments make no sense.

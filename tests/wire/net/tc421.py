@@ -21,18 +21,31 @@ def mode(bank, identity):
             frame(0x04, 0x0A, identity=identity)]
 
 
+def only_mode(bank, identity):
+    """The mode as it goes when it is the only one: into bank 0."""
+    name, channels = PRESETS[bank]
+    init = frame(0x01, 0x01, bytes([0]) + text(name, 7) + bytes([0, len(samples(channels))]), identity)
+    return [init, *mode(bank, identity)[1:]]
+
+
 def upload(identity):
     return mode(0, identity) + mode(1, identity)
 
 
+def held_mode(bank, name, channels):
+    lines = [f'mode {bank} {name[:7]}']
+    for index, (hour, minute, *values) in enumerate(samples(channels)):
+        lines.append(f'step {index} {hour:02}:{minute:02} ' + ' '.join(map(str, values)))
+    return lines
+
+
 def held_modes():
     """The lines of the controller's state after the upload."""
-    lines = []
-    for bank, (name, channels) in enumerate(PRESETS):
-        lines.append(f'mode {bank} {name[:7]}')
-        for index, (hour, minute, *values) in enumerate(samples(channels)):
-            lines.append(f'step {index} {hour:02}:{minute:02} ' + ' '.join(map(str, values)))
-    return lines
+    return [line for bank, preset in enumerate(PRESETS) for line in held_mode(bank, *preset)]
+
+
+def held_only(bank):
+    return held_mode(0, *PRESETS[bank])
 
 
 def clock(when, identity):

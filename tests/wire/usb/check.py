@@ -229,8 +229,7 @@ def both_models_in_one_call(case):
     on = frames.tc420_mode(1)
     in_bank_0 = frames.tc420(0x12, bytes([0]) + on[0][6:15])
     case.arrived('tc420', 2 * [in_bank_0, *on[1:], *frames.TC420_CLOSE])
-    in_bank_0 = tc421.frame(0x01, 0x01, bytes([0]) + tc421.mode(1, '')[0][7:16])
-    case.arrived('tc421', [*map(over_usb, [in_bank_0, *tc421.mode(1, '')[1:]])])
+    case.arrived('tc421', [*map(over_usb, tc421.only_mode(1, ''))])
     case.log('list', ['tc420  Orvanta 24  USB', 'tc421  Orvanta 24 Wi-Fi  USB'])
     case.status('upload', 0)
     case.status('mute', 1)
@@ -248,6 +247,14 @@ def a_tc421_that_is_silent(case):
     case.status('clock', 1)
     if len(case.lines('tc421.frames')) != 3:
         raise Failure('a beginning that is not answered is not followed by a step, nor sent again')
+
+
+@check('tc421_twice')
+def a_lost_packet_among_answers_that_come_twice(case):
+    case.arrived('tc421', [*map(over_usb, tc421.upload(''))])
+    case.status('upload', 1)
+    if "modes not taken: 'Normal': a packet did not get through: no answer" not in case.text('upload.err'):
+        raise Failure(f'it complained of something else{case.said("upload")}')
 
 
 @check('tc421_demo')

@@ -3,7 +3,7 @@
 # The cases in the order of their run; check.py knows what each must leave behind.
 
 cases='absent upload two_reports silent nonsense unplugged refused devices interrupted monitor
-tc421 both_models tc421_silent tc421_demo'
+tc421 both_models tc421_silent tc421_twice tc421_demo'
 program=/home/user/presets.xml
 
 case_absent() {
@@ -104,6 +104,11 @@ case_tc421_silent() {
   plug tc421 --model tc421 --silent
   halvex upload upload $program --device tc421 --trace
   halvex clock sync-time --device tc421
+}
+
+case_tc421_twice() {
+  plug tc421 --model tc421 --reports 2 --on ModeStepsStop#1=lost
+  halvex upload upload $program --device tc421
 }
 
 # A demo to its end, one that keeps others out and is interrupted, and one that loses its controller.
