@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The commands that edit channels and modes, and undo
 #include <algorithm>
+#include <functional>
 
 #include "formats/StepsText.h"
 #include "model/ModeSample.h"
@@ -40,10 +41,17 @@ EditResult Refused(const char* english, std::vector<qor::FormatArgument> argumen
   return {false, {english, std::move(arguments)}};
 }
 
-/// The steps that the user types; nothing when cancelled.
+using StepsEdit = std::function<EditResult(TCBase::Mode& mode, const std::vector<TCBase::Step>& steps)>;
+
+/// The steps that the user types; nothing when cancelled. What the edit refuses stays in the dialog.
 std::optional<std::vector<TCBase::Step>> AskSteps(Workbench& workbench, const char* title,
-                                                  const std::string& text) {
+                                                  const std::string& text, const StepsEdit& edit) {
   StepsRequest request{workbench.Text({title, {}}), text};
+  request.fault = [&](const StepsRequest& typed) -> std::string {
+    TCBase::Mode tried = workbench.document.Mode();
+    const EditResult result = edit(tried, TCBase::ReadStepsText(typed.text).steps);
+    return result.isChanged ? "" : workbench.Text(result.status);
+  };
   if (!workbench.dialogs.EditSteps(request)) return std::nullopt;
   return TCBase::ReadStepsText(request.text).steps;
 }
@@ -122,31 +130,33 @@ void ClearSteps(Workbench& workbench) {
 }
 
 void AddStepsByText(Workbench& workbench) {
-  if (!workbench.editor.SelectedChannel()) return;
-  const auto steps = AskSteps(workbench, "Manual steps add...", "");
-  if (!steps || steps->empty()) return;
+  const auto channel = workbench.editor.SelectedChannel();
+  if (!channel) return;
   std::vector<TCBase::Step> added;
-  EditChannel(workbench, [&](TCBase::Mode& mode, std::size_t channel) {
-    return TCBase::AddSteps(mode, channel, *steps, added);
-  });
+  const StepsEdit add = [&](TCBase::Mode& mode, const std::vector<TCBase::Step>& steps) {
+    return TCBase::AddSteps(mode, *channel, steps, added);
+  };
+  const auto steps = AskSteps(workbench, "Manual steps add...", "", add);
+  if (!steps) return;
+  workbench.Edit([&] { return add(workbench.document.Mode(), *steps); });
   for (const TCBase::Step& step : added) workbench.Say({"Added new step {1}.", {TCBase::StepText(step)}});
 }
 
 void EditStepsByText(Workbench& workbench) {
-  const auto selected = workbench.editor.SelectedChannel();
-  if (!selected) return;
+  const auto channel = workbench.editor.SelectedChannel();
+  if (!channel) return;
   workbench.editor.FinishRun();
-  const auto& before = workbench.document.Mode().channels[*selected].steps;
-  const std::string text = TCBase::WriteStepsText(before);
+  const std::string text = TCBase::WriteStepsText(workbench.document.Mode().channels[*channel].steps);
   if (const qor::Sentence refusal = TCBase::RefusalToEdit(text)) {  // the dialog would cut it
     workbench.dialogs.Tell(workbench.Text({"Manual steps edit...", {}}), workbench.Text(refusal));
     return;
   }
-  const auto steps = AskSteps(workbench, "Manual steps edit...", text);
-  if (!steps || TCBase::WriteStepsText(*steps) == text) return;  // else fractions of percents would go
-  EditChannel(workbench, [&](TCBase::Mode& mode, std::size_t channel) {
-    return TCBase::ReplaceSteps(mode, channel, *steps);
-  });
+  const StepsEdit replace = [&](TCBase::Mode& mode, const std::vector<TCBase::Step>& steps) -> EditResult {
+    if (TCBase::WriteStepsText(steps) == text) return {};  // else fractions of percents would go
+    return TCBase::ReplaceSteps(mode, *channel, steps);
+  };
+  const auto steps = AskSteps(workbench, "Manual steps edit...", text, replace);
+  if (steps) workbench.Edit([&] { return replace(workbench.document.Mode(), *steps); });
 }
 
 void RenameChannel(Workbench& workbench) {
