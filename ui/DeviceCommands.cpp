@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
+#include "device/ControllerLimits.h"
 #include "model/ModeSample.h"
 #include "model/StepLimit.h"
 #include "ui/Commands.h"
@@ -87,9 +88,9 @@ void UploadProgram(Workbench& workbench) {
     return;
   }
   if (!MayUpload(workbench, picked, modes)) return;
-  workbench.StartJob(JobKind::Devices, [&](TCBase::Worker& worker) {
-    worker.StartUpload(picked, TCBase::Program::ModeListView(workbench.document.Program(), modes));
-  });
+  const TCBase::Program::ModeListView view(workbench.document.Program(), modes);
+  for (const qor::Sentence& remark : TCBase::RemarksOn(view, TCBase::ModelsOf(picked))) workbench.Say(remark);
+  workbench.StartJob(JobKind::Devices, [&](TCBase::Worker& worker) { worker.StartUpload(picked, view); });
 }
 
 void ClearAll(Workbench& workbench) {

@@ -6,6 +6,9 @@
 
 #include "QorLib/Format.h"
 #include "QorLib/ParseInteger.h"
+#include "device/ControllerLimits.h"
+#include "model/ModeSample.h"
+#include "model/StepLimit.h"
 #include "ui/Commands.h"
 
 namespace UX {
@@ -194,6 +197,16 @@ void Workbench::SetDemoRunning(bool isRunning) {
 
 std::int64_t Workbench::Milliseconds() const {
   return services.clock.Counter() / (services.clock.Frequency() / 1000);
+}
+
+std::vector<qor::Sentence> Workbench::RemarksOn(const TCBase::Mode& mode) const {
+  const std::vector<TCBase::DeviceInfo> picked = devices.Picked();
+  if (!picked.empty()) return TCBase::RemarksOn(mode, TCBase::ModelsOf(picked));
+  const int steps = TCBase::StepCount(mode);
+  for (const int limit : {TCBase::MaxModeSteps, TCBase::MaxModeStepsEarlier}) {
+    if (steps > limit) return {{"More than {1} steps", {limit}}};
+  }
+  return {};
 }
 
 // Jobs

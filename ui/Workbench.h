@@ -84,6 +84,10 @@ class Workbench {
   /// The same for the search of the network, which may have failed.
   void ScanEnded();
 
+  /// What the picked controllers will not take of a mode, or will show otherwise; where none is picked,
+  /// whether it has more steps than some take.
+  std::vector<qor::Sentence> RemarksOn(const TCBase::Mode& mode) const;
+
   // Jobs
   enum class JobKind { Devices, Demo, Scan };
   /// Has `start` hand a job to the worker; the log tells when others come first.

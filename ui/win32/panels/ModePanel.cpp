@@ -78,18 +78,20 @@ void ModePanel::Refresh() {
   SendMessageW(description_, EM_SETREADONLY, context_.workbench.IsDemoRunning(), 0);
 }
 
+/// Marked where controllers will not take all of the mode; the tip has it in words.
 CheckRow ModePanel::RowOf(std::size_t mode) const {
-  const Document& document = context_.workbench.document;
-  const TCBase::Mode& shown = document.Program().modes[mode];
+  const Workbench& workbench = context_.workbench;
+  const TCBase::Mode& shown = workbench.document.Program().modes[mode];
   const int steps = TCBase::StepCount(shown);
-  CheckRow row{document.IsUploaded(mode), shown.name, "", "", CheckRow::Tone::Usual};
-  row.info = context_.workbench.Text({"{1} steps", {steps}});
-  const int limit = steps > TCBase::MaxModeSteps ? TCBase::MaxModeSteps : TCBase::MaxModeStepsEarlier;
-  if (steps <= limit) return row;
-  const bool isTooLong = limit == TCBase::MaxModeSteps;
+  CheckRow row{workbench.document.IsUploaded(mode), shown.name, "", "", CheckRow::Tone::Usual};
+  row.info = workbench.Text({"{1} steps", {steps}});
+  for (const qor::Sentence& remark : workbench.RemarksOn(shown)) {
+    row.tip += (row.tip.empty() ? "" : "\n") + workbench.Text(remark);
+  }
+  if (row.tip.empty()) return row;
+  const bool isTooLong = steps > TCBase::MaxModeSteps;
   row.info.insert(0, isTooLong ? "!! " : "! ");
   row.tone = isTooLong ? CheckRow::Tone::Error : CheckRow::Tone::Warning;
-  row.tip = context_.workbench.Text({"More than {1} steps", {limit}});
   return row;
 }
 
