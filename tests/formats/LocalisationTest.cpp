@@ -108,7 +108,8 @@ TEST_F(LocalisationTest, ExportsForTheCurrentLanguage) {
   const std::string nowhere = folder.File("no/folder.xml");
   const ExportResult failed = texts.Export(nowhere);
   EXPECT_FALSE(failed.isExported);
-  EXPECT_EQ(failed.message.In(qor::InEnglish), "Error exporting localization file " + nowhere + "!");
+  EXPECT_TRUE(
+      failed.message.In(qor::InEnglish).starts_with("Error exporting localization file " + nowhere + "!: "));
 }
 
 TEST_F(LocalisationTest, MergesATranslatorsFile) {
@@ -165,7 +166,7 @@ TEST_F(LocalisationTest, NamesFaultsByLineAndTakesTheRest) {
 
 TEST_F(LocalisationTest, BlamesTheXmlOnlyForItself) {
   texts.SetLanguage("de");
-  EXPECT_EQ(RefusalOf(File("<string id='Mode {1}'><de>x &uml; {1}</de></string>")).substr(0, 89),
+  EXPECT_EQ(RefusalOf(File("<string id='Mode {1}'><de>x &uml; {1}</de></string>")).substr(0, 91),
             "Error loading the XML translation file!\r\nline 3, column 29: the entity '&uml;' is not known");
   EXPECT_EQ(RefusalOf("<modelist/>"),
             folder.File("t.xml") +
