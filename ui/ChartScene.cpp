@@ -178,7 +178,7 @@ void AddLane(const ChartContent& content, const ChartGeometry& geometry, std::si
   const Colour colour = content.palette.curve.value_or(info.colour);
   AddCurve(scene.lanes[number], CurveOf(channel, number, geometry), colour, isSelected, lane.Bottom());
   const Rectangle name = geometry.NameArea(number);
-  scene.back.emplace_back(Label{{name.left + NameIndent, name.Bottom() - 4},
+  scene.back.emplace_back(Label{{name.left + NameIndent, name.Bottom() - 2},
                                 Cut(qor::Format("{1} {2}", {number + 1, info.name}), name.width - NameIndent),
                                 colour,
                                 NameSize,

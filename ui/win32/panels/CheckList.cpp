@@ -172,7 +172,9 @@ LRESULT CheckList::OnCustomDraw(NMLVCUSTOMDRAW& draw) const {
   }
   if (draw.iSubItem != 1) return CDRF_NEWFONT;
   switch (rows_[row].tone) {
-    case CheckRow::Tone::Usual: draw.clrText = GetSysColor(COLOR_GRAYTEXT); break;
+    case CheckRow::Tone::Usual:
+      if (draw.clrTextBk == GetSysColor(COLOR_WINDOW)) draw.clrText = GetSysColor(COLOR_GRAYTEXT);
+      break;
     case CheckRow::Tone::Warning: draw.clrText = WarningColours[IsDark(COLOR_WINDOW)]; break;
     case CheckRow::Tone::Error: draw.clrText = ErrorColours[IsDark(COLOR_WINDOW)]; break;
   }
