@@ -43,7 +43,8 @@ class Steering {
         sinceShown_(invocation.environment.clock),
         sinceOrder_(invocation.environment.clock) {
     if (keyboard_ != nullptr && invocation.environment.terminal.isError) {
-      invocation.printer.Complain("space pauses, the arrow keys move by a quarter of an hour, q stops");
+      invocation.printer.Complain(
+          qor::Sentence{"space pauses, the arrow keys move by a quarter of an hour, q stops", {}});
     }
   }
 
@@ -139,7 +140,8 @@ ExitStatus RunDemo(const DemoOptions& options, Invocation& invocation) {
   time.seconds = SecondsOf(options, invocation);
   invocation.environment.watchInterrupts();  // before the terminal is in another mode
   Steering steering(invocation);
-  return RunJob({[&](TCBase::Worker& worker) { worker.StartDemo(devices, modes, time); }, "stopping the demo",
+  return RunJob({[&](TCBase::Worker& worker) { worker.StartDemo(devices, modes, time); },
+                 {"stopping the demo", {}},
                  std::ref(steering)},
                 invocation);
 }

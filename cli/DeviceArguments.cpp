@@ -44,14 +44,13 @@ DeviceInfo NetworkDeviceOf(std::string_view place) {
   const std::string_view text = place.substr(0, comma);
   const std::optional<platform::SocketAddress> address = platform::ParseIPv4(text);
   if (!address || !IsControllers(*address)) {
-    throw CommandError(WrongUsage, qor::Format("'{1}' is no address of a controller; give it in the form "
-                                               "192.168.1.20 ('halvex devices --scan' finds them)",
-                                               {text}));
+    throw CommandError(WrongUsage, {"'{1}' is no address of a controller; give it in the form 192.168.1.20 "
+                                    "('halvex devices --scan' finds them)",
+                                    {text}});
   }
   const std::string_view identity = comma == std::string_view::npos ? text : place.substr(comma + 1);
   if (identity.empty()) {
-    throw CommandError(WrongUsage,
-                       qor::Format("the identity behind {1} is empty; leave the comma out", {text}));
+    throw CommandError(WrongUsage, {"the identity behind {1} is empty; leave the comma out", {text}});
   }
   return TCBase::NetworkDevice(std::string(identity), *address);
 }
@@ -76,8 +75,7 @@ DeviceInfo DeviceOf(const std::string& argument) {
   } else if (argument.starts_with(NetworkPrefix)) {
     device = NetworkDeviceOf(std::string_view(argument).substr(NetworkPrefix.size()));
   } else {
-    throw CommandError(WrongUsage,
-                       qor::Format("there is no device '{1}'; devices are {2}", {argument, DeviceForms}));
+    throw CommandError(WrongUsage, {"there is no device '{1}'; devices are {2}", {argument, DeviceForms}});
   }
   device.selected = true;
   return device;
@@ -90,7 +88,7 @@ std::vector<DeviceInfo> DevicesOf(const std::vector<std::string>& arguments) {
     const DeviceInfo device = DeviceOf(argument);
     if (std::ranges::any_of(devices,
                             [&](const DeviceInfo& other) { return TCBase::IsSameDevice(device, other); })) {
-      throw CommandError(WrongUsage, qor::Format("the device {1} is named twice", {argument}));
+      throw CommandError(WrongUsage, {"the device {1} is named twice", {argument}});
     }
     devices.push_back(device);
   }

@@ -31,13 +31,9 @@ ExitStatus RunUpload(const UploadOptions& options, Invocation& invocation) {
   const Devices devices = DevicesOf(options.devices);
   const TCBase::Program program = Load(options.path, invocation);
   const TCBase::Program::ModeListView modes(program, ModeIndicesOf(program, options.modes, options.path));
-  std::vector<std::string> remarks;
-  for (const qor::Sentence& remark : TCBase::RemarksOn(modes, TCBase::ModelsOf(devices))) {
-    remarks.push_back(invocation.Text(remark));
-  }
-  invocation.printer.WarnOfEach(remarks);
+  invocation.printer.WarnOfEach(TCBase::RemarksOn(modes, TCBase::ModelsOf(devices)));
   return RunJob({[&](TCBase::Worker& worker) { worker.StartUpload(devices, modes); },
-                 "stopping after the mode that is being sent"},
+                 {"stopping after the mode that is being sent", {}}},
                 invocation);
 }
 
@@ -77,8 +73,7 @@ platform::SYSTEMTIME DateAndTimeOf(const std::string& text) {
               0};
     }
   }
-  throw CommandError(WrongUsage,
-                     qor::Format("'{1}' is no date and time; give them as \"YYYY-MM-DD HH:MM:SS\"", {text}));
+  throw CommandError(WrongUsage, {"'{1}' is no date and time; give them as \"YYYY-MM-DD HH:MM:SS\"", {text}});
 }
 
 // clear
@@ -88,12 +83,14 @@ struct ClearOptions {
   bool isSure = false;
 };
 
-bool IsConfirmed(const Devices& devices, Environment& environment) {
-  environment.err << "Clear all modes in";
+bool IsConfirmed(const Devices& devices, const Invocation& invocation) {
+  Environment& environment = invocation.environment;
+  std::string names;
   for (const TCBase::DeviceInfo& device : devices) {
-    environment.err << (&device == &devices.front() ? " " : ", ") << Printable(ArgumentOf(device));
+    names += (names.empty() ? "" : ", ") + Printable(ArgumentOf(device));
   }
-  environment.err << "? They cannot be read back. [y/N] " << std::flush;
+  environment.err << invocation.Text({"Remove all modes from {1}? They cannot be read back.", {names}})
+                  << " [y/N] " << std::flush;
   std::string answer;
   if (!std::getline(environment.in, answer)) environment.err << '\n';
   std::erase_if(answer, [](char c) { return c == ' ' || c == '\r'; });
@@ -105,10 +102,11 @@ ExitStatus RunClear(const ClearOptions& options, Invocation& invocation) {
   const Devices devices = DevicesOf(options.devices);
   if (!options.isSure) {
     if (!invocation.environment.terminal.isInput) {
-      throw CommandError(WrongUsage, "clearing removes all modes, which cannot be read back; add --yes");
+      throw CommandError(WrongUsage,
+                         {"clearing removes all modes, which cannot be read back; add --yes", {}});
     }
-    if (!IsConfirmed(devices, invocation.environment)) {
-      invocation.printer.Complain("nothing was cleared");
+    if (!IsConfirmed(devices, invocation)) {
+      invocation.printer.Complain(qor::Sentence{"nothing was cleared", {}});
       return Interrupted;
     }
   }

@@ -44,7 +44,10 @@ JobEnd WaitFor(TCBase::Worker& worker, const DeviceJob& job, Invocation& invocat
     end.isStopped |= job.steer(worker.Control());
     // Again and again: a job that is just beginning drops what was posted before it.
     if (end.isInterrupted || end.isStopped) worker.Control().Post(TCBase::JobControl::Stop);
-    if (end.isInterrupted && isNews) invocation.printer.Complain(job.stopping);
+    if (end.isInterrupted && isNews) {
+      invocation.printer.Complain(job.stopping ? job.stopping
+                                               : qor::Sentence{"stopping after the device in hand", {}});
+    }
     invocation.printer.Print();
     invocation.environment.clock.Sleep(PollMilliseconds);
   }

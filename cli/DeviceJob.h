@@ -15,7 +15,7 @@ TCBase::DeviceContext ContextOf(Invocation& invocation);
 /// A job of the worker over some devices, as a command runs it.
 struct DeviceJob {
   std::function<void(TCBase::Worker&)> start;
-  const char* stopping = "stopping after the device in hand";  // said at Ctrl+C
+  qor::Sentence stopping = {};  // said at Ctrl+C; empty for the usual words
   /// Called again and again while the job runs; true asks for a stop, which is no failure.
   std::function<bool(TCBase::JobControl&)> steer = [](TCBase::JobControl&) { return false; };
 };

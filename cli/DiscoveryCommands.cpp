@@ -36,7 +36,9 @@ void FindOnUsb(Findings& findings, Invocation& invocation) {
     } else if (device->OpenFault().denial != TCBase::Denial::None) {
       findings.isUsbDenied = true;
       const bool needsRule = device->OpenFault().denial == TCBase::Denial::NoPermission;
-      invocation.printer.Complain(info.name + ": " + invocation.Text(device->OpenFault().text));
+      qor::Sentence line = qor::Verbatim(info.name);
+      line.reasons.push_back(device->OpenFault().text);
+      invocation.printer.Complain(line);
       if (needsRule) invocation.printer.Complain(AccessAdvice());
     }
   }
@@ -85,7 +87,7 @@ ExitStatus RunDevices(const DevicesOptions& options, Invocation& invocation) {
   if (findings.searchFailed) return *findings.searchFailed;
   if (!findings.devices.empty()) return Done;
   if (findings.isUsbDenied) return NoAccess;
-  if (!options.asJson) invocation.printer.Complain("no controller was found");
+  if (!options.asJson) invocation.printer.Complain(qor::Sentence{"no controller was found", {}});
   return NothingFound;
 }
 

@@ -48,9 +48,11 @@ std::string InstallRuleCommand() {
   return std::string("halvex udev-rule | sudo tee /etc/udev/rules.d/") + UdevRuleName;
 }
 
-std::string AccessAdvice() {
-  return "on Linux, \"" + InstallRuleCommand() +
-         "\" gives you access once the controller is plugged in again (\"halvex doctor\" tells more)";
+qor::Sentence AccessAdvice() {
+  return {
+      "on Linux, \"{1}\" gives you access once the controller is plugged in again (\"halvex doctor\" tells "
+      "more)",
+      {InstallRuleCommand()}};
 }
 
 std::string UdevRule(const std::string& group) {

@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include "QorLib/Sentence.h"
+
 namespace cli {
 
 /// The name of the rule's file in udev's folders.
@@ -13,7 +15,7 @@ inline constexpr const char* UdevRuleName = "71-halvex.rules";
 std::string UdevRule(const std::string& group);
 
 /// What helps Linux users who may not open a controller on the USB.
-std::string AccessAdvice();
+qor::Sentence AccessAdvice();
 
 /// The command that puts the rule in its place.
 std::string InstallRuleCommand();

@@ -4,7 +4,6 @@
 #include <optional>
 #include <ostream>
 
-#include "QorLib/Format.h"
 #include "cli/Commands.h"
 #include "cli/DeviceArguments.h"
 #include "cli/DeviceJob.h"
@@ -33,7 +32,7 @@ std::string ReadPassword(Environment& environment) {
     environment.err << "Password: " << std::flush;
     const std::optional<std::string> line = environment.terminal.readHiddenLine();
     environment.err << std::endl;
-    if (!line) throw CommandError(Interrupted, "no password was given; nothing was sent");
+    if (!line) throw CommandError(Interrupted, {"no password was given; nothing was sent", {}});
     password = *line;
   } else {
     std::getline(environment.in, password);
@@ -50,30 +49,30 @@ WiFiSettings SettingsOf(const WiFiOptions& options, Environment& environment) {
   const bool isOpen = settings.security == WiFiSettings::Open;
   if (isOpen && (options.passwordFromInput || options.encryption)) {
     throw CommandError(WrongUsage,
-                       "an open network has no password; leave --password-stdin and --encryption out");
+                       {"an open network has no password; leave --password-stdin and --encryption out", {}});
   }
   if (!isOpen && !options.passwordFromInput && !environment.terminal.isInput) {
-    throw CommandError(WrongUsage,
-                       "a protected network needs its password: add --password-stdin and give it on "
-                       "standard input");
+    throw CommandError(
+        WrongUsage,
+        {"a protected network needs its password: add --password-stdin and give it on standard input", {}});
   }
   if (!isOpen) settings.password = ReadPassword(environment);
   return settings;
 }
 
 void Check(const WiFiSettings& settings) {
-  std::string fault;
+  qor::Sentence fault;
   switch (TCBase::FaultOf(settings)) {
     case WiFiFault::None: return;
-    case WiFiFault::NoName: fault = "the network's name is empty"; break;
-    case WiFiFault::NoPassword: fault = "the password is empty"; break;
+    case WiFiFault::NoName: fault = {"the network's name is empty", {}}; break;
+    case WiFiFault::NoPassword: fault = {"the password is empty", {}}; break;
     case WiFiFault::NameTooLong:
-      fault = qor::Format("the network's name has {1} bytes; a controller takes at most {2}",
-                          {settings.ssid.size(), TCBase::MostNameBytes(settings.security)});
+      fault = {"the network's name has {1} bytes; a controller takes at most {2}",
+               {settings.ssid.size(), TCBase::MostNameBytes(settings.security)}};
       break;
     case WiFiFault::PasswordTooLong:
-      fault = qor::Format("the password has {1} bytes; a controller takes at most {2}",
-                          {settings.password.size(), TCBase::MostPasswordBytes});
+      fault = {"the password has {1} bytes; a controller takes at most {2}",
+               {settings.password.size(), TCBase::MostPasswordBytes}};
       break;
   }
   throw CommandError(WrongUsage, fault);
@@ -82,7 +81,8 @@ void Check(const WiFiSettings& settings) {
 ExitStatus RunWiFi(const WiFiOptions& options, Invocation& invocation) {
   const TCBase::DeviceInfo device = DeviceOf(options.device);
   if (!TCBase::IsTC421(device.kind)) {
-    throw CommandError(WrongUsage, "only a TC421 has Wi-Fi; devices are tc421 and tc421@ADDRESS[,IDENTITY]");
+    throw CommandError(WrongUsage,
+                       {"only a TC421 has Wi-Fi; devices are {1}", {"tc421, tc421@ADDRESS[,IDENTITY]"}});
   }
   const WiFiSettings settings = SettingsOf(options, invocation.environment);
   Check(settings);
@@ -90,7 +90,7 @@ ExitStatus RunWiFi(const WiFiOptions& options, Invocation& invocation) {
   const auto setUp = [&] { outcome = TCBase::SetupWiFi(device, settings, ContextOf(invocation)); };
   // A name without its password would leave the controller in no network at all: it is finished in any case.
   return RunJob({[&](TCBase::Worker& worker) { worker.Enqueue(setUp); },
-                 "waiting for the controller, which needs all of it"},
+                 {"waiting for the controller, which needs all of it", {}}},
                 invocation, [&](TCBase::Worker&) { return std::vector{outcome}; });
 }
 

@@ -106,7 +106,7 @@ TEST_F(Devices, AreClearedOnlyWhenTheUserIsSure) {
   EXPECT_EQ(Sent(), "");
   in = "Yes \n";
   EXPECT_EQ(Run({"clear", "--device", "tc421@10.0.0.7"}), cli::Done);
-  EXPECT_EQ(err, "Clear all modes in tc421@10.0.0.7? They cannot be read back. [y/N] ");
+  EXPECT_EQ(err, "Remove all modes from tc421@10.0.0.7? They cannot be read back. [y/N] ");
   EXPECT_EQ(Sent(), "\x05\xFE");
 }
 

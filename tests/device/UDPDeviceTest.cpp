@@ -102,6 +102,12 @@ TEST_F(UDPDevice, SaysWhyItCannotBeOpened) {
     EXPECT_EQ(device.OpenFault().text.In(qor::InEnglish), call + " error: no luck");
     EXPECT_EQ(device.OpenFault().denial, TCBase::Denial::None);
   }
+  network.failure = platform::ErrorKind::AccessDenied;
+  EXPECT_FALSE(device.Open());
+  EXPECT_EQ(log.Texts().size(), 1u);
+  EXPECT_EQ(device.OpenFault().text.In(qor::InEnglish),
+            "no permission to use UDP port 5000 of this computer: bind error: no luck");
+  EXPECT_EQ(device.OpenFault().denial, TCBase::Denial::NoPermission);
   network.failingCall.clear();
   TC421::UDPDevice other(context, {});
   ASSERT_TRUE(other.Open());

@@ -40,6 +40,10 @@ TEST_F(USBDevice, OpensOnlyItsModelAndClosesIt) {
   EXPECT_FALSE(device.Open());
   EXPECT_EQ(device.OpenFault().text.In(qor::InEnglish), "no such device");
   EXPECT_EQ(log.Texts(), Texts{});
+  hid.isDenied = true;
+  EXPECT_FALSE(device.Open());
+  EXPECT_EQ(device.OpenFault().text.english, "no permission to open it");
+  EXPECT_EQ(device.OpenFault().denial, TCBase::Denial::NoPermission);
 }
 
 TEST_F(USBDevice, SendsReportsOf65BytesAndTracesThem) {
