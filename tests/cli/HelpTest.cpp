@@ -124,7 +124,7 @@ TEST_F(Help, PrintsTheRuleThatThePackageInstalls) {
   EXPECT_EQ(out, SourceFile("packaging/linux/71-halvex.rules"));
   ASSERT_EQ(Run({"udev-rule", "--group", "plugdev"}), cli::Done);
   EXPECT_EQ(All(out, R"((GROUP="plugdev", MODE="0660")\n)").size(), 1U);
-  EXPECT_NE(cli::AccessAdvice().find("/71-halvex.rules"), std::string::npos);
+  EXPECT_NE(cli::AccessAdvice().In(qor::InEnglish).find("/71-halvex.rules"), std::string::npos);
   for (const char* name : {"", "a b", "x\", RUN+=\"y", "-x"})
     EXPECT_EQ(Run({"udev-rule", "--group", name}), cli::WrongUsage) << name;
 }

@@ -133,18 +133,21 @@ SimTC421::Answering Controller::AnsweringOf(std::span<const std::uint8_t> frame)
 void Controller::QueueAnswers(std::span<const std::uint8_t> frame) {
   const SimTC421::Answering answering = AnsweringOf(frame);
   if (answering.answers.empty()) return;
-  const auto now = steady_clock::now();
+  // It comes to a packet's usual answer when it is through with the one before.
+  const bool isUsual = answering.answers == std::vector{options.delay};
+  const auto begin = isUsual ? std::max(steady_clock::now(), busyUntil) : steady_clock::now();
   if (answering.isHeldBack) return heldBack.push_back(MakeAnswer(frame, 1));
   milliseconds delay{0};
   for (const milliseconds wanted : answering.answers) {
     delay = wanted;
     for (int report = 1; report <= options.reports; ++report) {
       if (report > 1) delay += options.pause;
-      answers.emplace(now + delay, MakeAnswer(frame, report));
+      answers.emplace(begin + delay, MakeAnswer(frame, report));
     }
   }
+  if (isUsual) busyUntil = begin + delay;
   for (const Report& late : std::exchange(heldBack, {}))
-    answers.emplace(now + (delay += options.pause), late);
+    answers.emplace(begin + (delay += options.pause), late);
 }
 
 milliseconds Controller::UntilNextAnswer() const {

@@ -49,6 +49,7 @@ class Controller {
   Gadget gadget;
   int frames = 0;                                                        // since it was plugged in
   std::multimap<std::chrono::steady_clock::time_point, Report> answers;  // by when they are due
+  std::chrono::steady_clock::time_point busyUntil;
   std::vector<Report> heldBack;  // until the next packet has been answered
   std::minstd_rand random;
 };
