@@ -126,8 +126,7 @@ void LogPrinter::WriteToFile(const std::string& text) {
   file_ << text << std::flush;
   if (file_) return;
   file_.close();
-  environment_.err << "halvex: the log file " << options_.logFile << " could not be written any further"
-                   << std::endl;
+  Complain({"the log file {1} could not be written any further", {options_.logFile}});
 }
 
 }  // namespace cli

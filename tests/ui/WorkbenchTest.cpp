@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <thread>
 
 #include "formats/ProgramFile.h"
@@ -326,6 +327,21 @@ TEST_F(Workbench, UploadsTheCheckedModesAndKeepsTheResult) {
   bench.document.SetUploaded(1, false);
   bench.Run(command::Upload);
   EXPECT_EQ(LastSeen(), "Modes: Please check a mode in the list first.");
+}
+
+TEST_F(Workbench, ImportsDuringADemoWithoutShowingIt) {
+  test::Write(folder.File("day.tmf"), TCBase::ExportTMF(bench.document.Mode()));
+  bench.Run(command::AddEmulator);
+  bench.Run(command::PlayDemo);
+  UX::OpenFile(bench, folder.File("day.tmf"));
+  EXPECT_EQ(ModeNames(), (Texts{"Normal", "AlwaysOn", "day"}));
+  EXPECT_EQ(bench.document.CurrentMode(), 0u);
+  UX::OpenFile(bench, folder.File("a.xml"));
+  EXPECT_EQ(ModeNames().size(), 3u);
+  const Texts said = log.Texts();
+  EXPECT_EQ(std::ranges::count(said, "A program cannot be opened while a demo plays."), 1);
+  bench.Run(command::StopDemo);
+  while (bench.IsDemoRunning()) bench.Tick();
 }
 
 TEST_F(Workbench, AsksAboutModesThatAreTooLongForATC420) {

@@ -126,6 +126,9 @@ void ShowsStates() {
   app.Run(UX::command::PlayDemo);
   conditions.isDemoRunning = true;
   ExpectMenu(app, conditions);
+  app.Run(UX::FirstLanguageCommand);
+  app.Run(UX::EnglishCommand);
+  ExpectMenu(app, conditions);
   app.Run(UX::command::StopDemo);
   conditions.isDemoRunning = false;
   Until("the demo ends", [&] { return !IsWindowEnabled(app.Control(UX::command::StopDemo)); });
