@@ -71,14 +71,19 @@ void PrintInfo(const TCBase::Program& program, Invocation& invocation) {
   for (std::size_t i = 0; i < program.modes.size(); ++i) {
     const TCBase::Mode& mode = program.modes[i];
     const Remarks remarks = TCBase::RemarksOn(mode);
-    out << qor::Format("Mode {1}: {2}, {3} steps{4}\n", {i + 1, Printable(mode.name), TCBase::StepCount(mode),
-                                                         remarks.empty() ? ", within all limits" : ":"});
+    const int steps = TCBase::StepCount(mode);
+    const std::string name = Printable(mode.name);
+    out << invocation.Text(remarks.empty() ? qor::Sentence{"Mode {1}: {2}, {3} steps, within all limits",
+                                                           {i + 1, name, steps}}
+                                           : qor::Sentence{"Mode {1}: {2}, {3} steps:", {i + 1, name, steps}})
+        << '\n';
     PrintRemarks(remarks, invocation);
   }
   PrintRemarks(TCBase::RemarksOn(program), invocation);
   for (std::size_t i = 0; i < program.channelInfos.size(); ++i) {
     const TCBase::Program::ChannelInfo& info = program.channelInfos[i];
-    out << qor::Format("Channel {1}: {2}, {3}\n", {i + 1, Printable(info.name), ColourText(info.colour)});
+    out << invocation.Text({"Channel {1}", {i + 1}})
+        << qor::Format(": {1}, {2}\n", {Printable(info.name), ColourText(info.colour)});
   }
 }
 

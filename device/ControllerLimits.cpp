@@ -72,6 +72,11 @@ void AddJumps(const Mode& mode, Remarks& remarks) {
   if (jumps > 0) remarks.push_back({"a TC421 carries no jumps and fades instead ({1} here)", {jumps}});
 }
 
+Remarks RemarksOnCount(std::size_t modes) {
+  if (modes <= MaxModes) return {};
+  return {{"a controller has {1} places; the modes from {2} on are refused", {MaxModes, MaxModes + 1}}};
+}
+
 }  // namespace
 
 Models ModelsOf(const std::vector<DeviceInfo>& devices) {
@@ -90,12 +95,11 @@ Remarks RemarksOn(const Mode& mode, Models models) {
 }
 
 Remarks RemarksOn(const Program& program) {
-  if (program.modes.size() <= MaxModes) return {};
-  return {{"a controller has {1} places; the modes from {2} on are refused", {MaxModes, MaxModes + 1}}};
+  return RemarksOnCount(program.modes.size());
 }
 
 Remarks RemarksOn(const Program::ModeListView& modes, Models models) {
-  Remarks remarks;
+  Remarks remarks = RemarksOnCount(modes.Size());
   for (const Mode& mode : modes) {
     for (const qor::Sentence& remark : RemarksOn(mode, models)) {
       remarks.push_back({"Mode '{1}'", {mode.name}, {remark}});

@@ -68,8 +68,9 @@ bool DeviceBase::DemoFinish() {
 bool DeviceBase::ClearLine() {
   constexpr int AnyReply = -1;
   const auto drop = [this] { return DropAnswer(); };
+  constexpr int MostDropped = 1000;
   if (CheckReply({}, AnyReply)) {
-    while (drop()) continue;
+    for (int dropped = 0; dropped < MostDropped && drop();) ++dropped;
     return true;
   }
   if (surplus_.Clear(drop)) return true;

@@ -22,7 +22,7 @@ bool SurplusAnswers::Clear(const std::function<bool()>& drop) {
   const std::int64_t begin = Milliseconds();
   std::int64_t silentSince = begin;
   while (true) {
-    while (drop()) {
+    while (Milliseconds() - begin < PatienceMilliseconds && drop()) {
       WasSurplus();
       silentSince = Milliseconds();
     }

@@ -21,6 +21,8 @@ class SurplusAnswers {
   /// To be called before a packet's first sending. `drop` takes an answer that waits and throws it away;
   /// false when none does. False is given when the answers do not end.
   bool Clear(const std::function<bool()>& drop);
+  /// Whether an answer has come that nobody waited for.
+  bool WereSeen() const { return silence_ > 0; }
   /// The packet in hand had to be sent again: more than one answer may come.
   void WasSentAgain() { isMoreExpected_ = true; }
   /// An answer came that nobody waited for.

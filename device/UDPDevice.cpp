@@ -7,6 +7,7 @@ namespace {
 constexpr int Attempts = 3;
 constexpr std::int64_t ReplySeconds = 2;
 constexpr std::uint32_t PollMilliseconds = 20;
+constexpr int MostPassedOver = 1000;  // datagrams of others, at a time
 
 }  // namespace
 
@@ -19,6 +20,10 @@ bool UDPDevice::Open() {
   if (port_.Open()) return true;
   SetOpenFailure(port_.OpenFault());
   return false;
+}
+
+UDPDevice::~UDPDevice() {
+  if (isAnswerOwed_ || Surplus().WereSeen()) Surplus().Clear([this] { return UDPDevice::DropAnswer(); });
 }
 
 bool UDPDevice::Write(const std::string& image) {
@@ -54,7 +59,7 @@ bool UDPDevice::IsReply(const std::string& datagram, const platform::SocketAddre
 bool UDPDevice::DropAnswer() {
   std::string datagram;
   platform::SocketAddress sender;
-  while (port_.ReceiveFrom(datagram, sender)) {
+  for (int passed = 0; passed < MostPassedOver && port_.ReceiveFrom(datagram, sender); ++passed) {
     const bool isReply = IsReply(datagram, sender);
     Log().Trace("Thrown away: no packet waits for it");
     if (isReply) return true;
@@ -64,11 +69,14 @@ bool UDPDevice::DropAnswer() {
 
 bool UDPDevice::Transact(const PacketBase& packet, int expected) {
   if (!ClearLine()) return Counted(false);
+  isAnswerOwed_ = false;
   for (int attempt = 0; attempt < Attempts; ++attempt) {
     if (attempt > 0) Surplus().WasSentAgain();
     if (!WritePacket(packet)) return Counted(false);
     std::string reply;
-    if (Read(reply)) return Counted(CheckReply(reply, expected));
+    if (!Read(reply)) continue;
+    isAnswerOwed_ = attempt > 0;
+    return Counted(CheckReply(reply, expected));
   }
   SetLastFailure({"no answer", {}});
   return Counted(false);

@@ -13,6 +13,8 @@ class UDPDevice : public DeviceBase {
  public:
   UDPDevice(const DeviceContext& context, const DeviceInfo& info)
       : DeviceBase(context), info_(info), port_(context) {}
+  /// Waits for answers that may still be on their way: the next job's packets must not get them.
+  ~UDPDevice() override;
 
   bool Open() override;
   bool Write(const std::string& image) override;
@@ -32,6 +34,7 @@ class UDPDevice : public DeviceBase {
   bool IsReply(const std::string& datagram, const platform::SocketAddress& sender);
 
   DeviceInfo info_;
+  bool isAnswerOwed_ = false;  // the last packet was sent more often than it was answered
   UdpPort port_;
 };
 

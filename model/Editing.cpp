@@ -47,18 +47,36 @@ void PutInOrder(Channel& channel) {
   channel.RemoveDuplicateTimes();
 }
 
+/// Whether the mode has come to have more steps than it may.
+bool IsOverLimit(const Mode& changed, const Mode& before) {
+  const int count = StepCount(changed);
+  return count > MaxModeSteps && count > StepCount(before);
+}
+
+/// Whether the new step is the old one, of which a text tells whole percents only.
+bool IsSame(const Step& before, const Step& step) {
+  const bool isWhole = static_cast<float>(WholePercent(step.value)) == step.value;
+  const float value = isWhole ? static_cast<float>(WholePercent(before.value)) : before.value;
+  return before.MinuteOfDay() == step.MinuteOfDay() && value == step.value && before.jump == step.jump;
+}
+
+Step WithNewId(Step step) {
+  step.id = NextStepId();
+  return step;
+}
+
 /// Puts the steps, in order, in the place of the channel's, unless there come to be too many. Those that stay
 /// keep their ids.
 EditResult Put(Mode& mode, std::size_t channel, Channel edited) {
   const std::vector<Step>& before = mode.channels[channel].steps;
   for (Step& step : edited.steps) {
-    const auto kept = std::ranges::find(before, step);
-    step.id = kept != before.end() ? kept->id : NextStepId();
+    const auto kept =
+        std::ranges::find_if(before, [&step](const Step& other) { return IsSame(other, step); });
+    step = kept != before.end() ? *kept : WithNewId(step);
   }
   Mode changed = mode;
   changed.channels[channel] = std::move(edited);
-  const int count = StepCount(changed);
-  if (count > MaxModeSteps && count > StepCount(mode)) return RefusedAtLimit();
+  if (IsOverLimit(changed, mode)) return RefusedAtLimit();
   const bool isChanged = changed != mode;
   mode = std::move(changed);
   return {isChanged, {}};
@@ -82,6 +100,7 @@ std::vector<Step> Aligned(const std::vector<Step>& steps, std::int64_t interval)
     if (distance == 0 && !aligned.empty()) distance = interval;
     cursor += distance;
     aligned.push_back(StepAtMinute(cursor, step.value, step.jump));
+    if (aligned.back() == step) aligned.back().id = step.id;  // it stays where it is
   }
   return aligned;
 }
@@ -151,7 +170,11 @@ EditResult CopySteps(const Mode& mode, std::size_t channel, StepClipboard& clipb
 
 EditResult PasteSteps(Mode& mode, std::size_t channel, const StepClipboard& clipboard) {
   if (channel >= ChannelCount || !clipboard) return {};
-  mode.channels[channel].steps = WithNewIds(*clipboard);
+  if (clipboard->size() < MinChannelSteps) return RefusedAtFewest();
+  Mode changed = mode;
+  changed.channels[channel].steps = WithNewIds(*clipboard);
+  if (IsOverLimit(changed, mode)) return RefusedAtLimit();
+  mode = std::move(changed);
   return Changed("Pasted steps from clipboard");
 }
 

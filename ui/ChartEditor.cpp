@@ -76,6 +76,10 @@ void ChartEditor::Reset() {
   SetSelection(std::nullopt, std::nullopt);
 }
 
+void ChartEditor::ForgetLostStep() {
+  if (stepId_ && !SelectedStep()) SetSelection(channel_, std::nullopt);
+}
+
 void ChartEditor::ShowContent(Snapshot content) {
   std::optional<std::uint32_t> known = SelectedStep() ? stepId_ : std::nullopt;
   if (channel_ && !known && !Mode().channels[*channel_].steps.empty()) {
@@ -177,8 +181,9 @@ void ChartEditor::Hover(std::optional<StepPlace> place) {
 void ChartEditor::DragTo(Point point) {
   const StepPlace place = *SelectedStep();
   const TCBase::Step& pressed = *press_->step;
-  const double pointed = static_cast<double>(pressed.SecondOfDay()) + geometry_.SecondAt(point.x) -
-                         geometry_.SecondAt(press_->at.x);
+  const double moved = geometry_.SecondAt(point.x) - geometry_.SecondAt(press_->at.x);
+  const double minutes = std::trunc(std::round(moved) / 60);  // to either side, whole ones only
+  const double pointed = static_cast<double>(pressed.SecondOfDay()) + minutes * 60;
   if (pointed >= SecondsPerDay) return;
   const ViewSpan& view = geometry_.View();
   const int second = static_cast<int>(std::clamp<double>(std::round(pointed), view.Start(), view.End() - 1));
@@ -215,6 +220,7 @@ void ChartEditor::CancelDrag() {
   isMoved_ = false;
   run_ = EditRun::None;
   if (auto before = context_.history.Withdraw()) context_.document.SetContent(std::move(*before));
+  ForgetLostStep();
   context_.view.RedrawChart();
   context_.view.Refresh();
 }

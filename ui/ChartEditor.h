@@ -80,6 +80,8 @@ class ChartEditor {
   void SelectChannel(std::optional<std::size_t> channel);
   /// The selected channel's steps are in another channel now, and the selection follows them.
   void FollowSteps(std::size_t channel) { channel_ = channel; }
+  /// To be called after an edit elsewhere: a selected step that is gone is selected no more.
+  void ForgetLostStep();
   /// Shows another state of the program; the selection goes where its steps are then.
   void ShowContent(Snapshot content);
   /// Whether the name of a channel stands there.

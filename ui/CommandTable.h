@@ -63,7 +63,7 @@ inline constexpr int FirstLanguageCommand = 32797;  // of the table's first lang
 struct Accelerator {
   std::uint16_t key;
   bool isVirtual, isControl, isAlt;
-  int command;
+  std::uint16_t command;
   bool isShift = false;
   bool isInChart = false;  // only while the chart has the focus
 };

@@ -105,7 +105,7 @@ void ClearAll(Workbench& workbench) {
 }
 
 void PlayDemo(Workbench& workbench) {
-  if (workbench.services.worker.IsBusy()) return;
+  if (workbench.services.worker.IsBusy()) return workbench.Say({"A job is still running.", {}});
   const auto picked = PickedDevices(workbench);
   if (!picked.empty()) workbench.StartDemo(picked);
 }

@@ -2,6 +2,7 @@
 #include "ui/DeviceList.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace UX {
 
@@ -56,11 +57,28 @@ std::string DeviceList::PickedNames() const {
   return names;
 }
 
+void DeviceList::ForgetOutcomes() {
+  outcomes_.clear();
+  faults_.clear();
+}
+
+void DeviceList::ShowEnded(const std::vector<TCBase::DeviceOutcome>& job) {
+  outcomes_ = job;
+  std::ranges::copy_if(job, std::back_inserter(faults_), &TCBase::DeviceOutcome::IsFault);
+}
+
 const TCBase::DeviceOutcome* DeviceList::LastOutcome(const DeviceInfo& device) const {
-  const auto found = std::ranges::find_if(outcomes_, [&device](const TCBase::DeviceOutcome& outcome) {
-    return IsSameDevice(outcome.device, device);
-  });
-  return found != outcomes_.end() ? &*found : nullptr;
+  const auto of = [&device](const std::vector<TCBase::DeviceOutcome>& outcomes) {
+    const auto isSame = [&device](const TCBase::DeviceOutcome& outcome) {
+      return IsSameDevice(outcome.device, device);
+    };
+    const auto found = std::ranges::find_if(outcomes, isSame);
+    return found != outcomes.end() ? &*found : nullptr;
+  };
+  const TCBase::DeviceOutcome* last = of(outcomes_);
+  const bool isOver = last == nullptr || last->IsDone() || last->IsStop();
+  const TCBase::DeviceOutcome* fault = of(faults_);
+  return isOver && fault != nullptr ? fault : last;
 }
 
 DeviceRoute RouteOf(const DeviceInfo& device) {

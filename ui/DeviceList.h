@@ -27,8 +27,13 @@ class DeviceList {
   /// Their names, as a sentence lists them.
   std::string PickedNames() const;
 
-  /// How far a job is with its devices, or how it ended. What former jobs left is gone then.
-  void Show(const std::vector<TCBase::DeviceOutcome>& job) { outcomes_ = job; }
+  /// To be called before a job that waits for no other one: what former ones left is gone.
+  void ForgetOutcomes();
+  /// How far a job is with its devices, and how it ended.
+  void ShowRunning(const std::vector<TCBase::DeviceOutcome>& job) { outcomes_ = job; }
+  void ShowEnded(const std::vector<TCBase::DeviceOutcome>& job);
+  /// What is to be shown of the device: what is being done with it, else what went wrong since
+  /// ForgetOutcomes, else how the last job ended.
   const TCBase::DeviceOutcome* LastOutcome(const TCBase::DeviceInfo& device) const;
 
  private:
@@ -36,6 +41,7 @@ class DeviceList {
 
   std::vector<TCBase::DeviceInfo> devices_;
   std::vector<TCBase::DeviceOutcome> outcomes_;
+  std::vector<TCBase::DeviceOutcome> faults_;  // a later job that goes well does not hide them
 };
 
 /// What a list shows beside a device's name: how it is reached.

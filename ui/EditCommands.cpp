@@ -33,12 +33,11 @@ template <typename Function>
 void MoveSteps(Workbench& workbench, Function move) {
   auto channel = workbench.editor.SelectedChannel();
   if (!channel) return;
-  workbench.Edit([&] { return move(workbench.document.Mode(), *channel); });
-  workbench.editor.FollowSteps(*channel);
-}
-
-EditResult Refused(const char* english, std::vector<qor::FormatArgument> arguments = {}) {
-  return {false, {english, std::move(arguments)}};
+  workbench.Edit([&] {
+    const EditResult result = move(workbench.document.Mode(), *channel);
+    workbench.editor.FollowSteps(*channel);
+    return result;
+  });
 }
 
 using StepsEdit = std::function<EditResult(TCBase::Mode& mode, const std::vector<TCBase::Step>& steps)>;
@@ -53,7 +52,9 @@ std::optional<std::vector<TCBase::Step>> AskSteps(Workbench& workbench, const ch
     return result.isChanged ? "" : workbench.Text(result.status);
   };
   if (!workbench.dialogs.EditSteps(request)) return std::nullopt;
-  return TCBase::ReadStepsText(request.text).steps;
+  TCBase::StepsReading reading = TCBase::ReadStepsText(request.text);
+  for (const qor::Sentence& remark : reading.remarks) workbench.Say(remark);
+  return std::move(reading.steps);
 }
 
 /// A dark mode, for a new one to begin with.
@@ -226,11 +227,11 @@ void RenameMode(Workbench& workbench) {
 }
 
 void DeleteMode(Workbench& workbench) {
+  if (workbench.document.Program().modes.size() < 2) {
+    return workbench.Say({"A program needs at least one mode.", {}});
+  }
   workbench.editor.Reset();
-  workbench.Edit([&]() -> EditResult {
-    if (workbench.document.RemoveMode()) return {true, {}};
-    return Refused("A program needs at least one mode.");
-  });
+  workbench.Edit([&] { return EditResult{workbench.document.RemoveMode(), {}}; });
 }
 
 void MoveModeUp(Workbench& workbench) {

@@ -23,6 +23,8 @@ class View {
   virtual void Refresh() = 0;
   /// The language changed.
   virtual void Retranslate() = 0;
+  /// Whether no dialog stands before it.
+  virtual bool IsFree() const = 0;
   /// Ends the program; everything has been asked.
   virtual void Close() = 0;
 };

@@ -68,6 +68,7 @@ void Workbench::Edit(const std::function<TCBase::EditResult()>& edit) {
   const TCBase::EditResult result = edit();
   if (result.isChanged) history.Push(before);
   if (result.status) Say(result.status);
+  editor.ForgetLostStep();
   view.RedrawChart();
   view.Refresh();
 }
@@ -121,6 +122,7 @@ void Workbench::OpenLast() {
 }
 
 void Workbench::KeepShownMode() const {
+  if (document.Path().empty()) return;  // another file is opened at the next start
   services.settings.Set(SettingLastMode, std::to_string(document.CurrentMode() + 1));
 }
 
@@ -173,6 +175,8 @@ void Workbench::StartDemo(const std::vector<TCBase::DeviceInfo>& picked) {
 
 void Workbench::StopDemo() {
   isStopWanted_ = true;
+  runningJob_ = services.worker.RunningJob();
+  stoppedJob_ = runningJob_ ? runningJob_->number : 0;
   services.worker.Control().Post(TCBase::JobControl::Stop);
 }
 
@@ -212,7 +216,12 @@ std::vector<qor::Sentence> Workbench::RemarksOn(const TCBase::Mode& mode) const 
 // Jobs
 
 void Workbench::StartJob(JobKind kind, const std::function<void(TCBase::Worker&)>& start) {
-  if (services.worker.IsBusy()) Say({"This job begins when the one before it has ended.", {}});
+  if (services.worker.IsBusy()) {
+    Say({"This job begins when the one before it has ended.", {}});
+  } else {
+    devices.ForgetOutcomes();
+    isStopWanted_ = false;
+  }
   start(services.worker);
   wasBusy_ = true;
   isWorking_ = isWorking_ || kind == JobKind::Devices;
@@ -234,14 +243,21 @@ qor::Sentence Workbench::Activity() const {
 
 void Workbench::CancelJobs() {
   services.worker.DropQueued();
-  isStopWanted_ = true;
-  services.worker.Control().Post(TCBase::JobControl::Stop);
+  StopDemo();
 }
 
 void Workbench::TakeOutcomes() {
-  for (const TCBase::JobOutcomes& ended : services.worker.TakeEndedJobs()) devices.Show(ended.devices);
+  for (const TCBase::JobOutcomes& ended : services.worker.TakeEndedJobs()) devices.ShowEnded(ended.devices);
   runningJob_ = services.worker.RunningJob();
-  if (runningJob_) devices.Show(runningJob_->devices);
+  if (runningJob_) devices.ShowRunning(runningJob_->devices);
+}
+
+/// Again and again: a job that is still connecting drops what is posted to it. It is for the job that runs.
+void Workbench::PostStop() {
+  if (runningJob_ && stoppedJob_ == 0) stoppedJob_ = runningJob_->number;
+  const bool isNext = runningJob_ && runningJob_->number != stoppedJob_;
+  if (isNext || !services.worker.IsBusy()) isStopWanted_ = false;
+  if (isStopWanted_) services.worker.Control().Post(TCBase::JobControl::Stop);
 }
 
 bool Workbench::Tick() {
@@ -250,21 +266,22 @@ bool Workbench::Tick() {
   const bool hasEnded = wasBusy_ && !isBusy;
   wasBusy_ = isBusy;
   if (hasEnded || isBusy) TakeOutcomes();
-  if (!isBusy) isWorking_ = isStopWanted_ = false;
-  // A job that has not begun yet drops what is posted to it.
-  if (isStopWanted_) services.worker.Control().Post(TCBase::JobControl::Stop);
+  if (!isBusy) isWorking_ = false;
+  if (isStopWanted_) PostStop();
   if (isDemoRunning_ && !isBusy) SetDemoRunning(false);
-  if (endingWith_ && !isBusy) GoOnEnding();
+  if (endingWith_ && !isBusy && view.IsFree()) GoOnEnding();
   return hasEnded || isBusy;
 }
 
 // The end
 
 void Workbench::End() {
+  endingWith_.reset();  // who closes it again may think better of it
   if (!MayDropProgram()) return;
   if (!services.worker.IsBusy()) return view.Close();
   if (!MayWaitForJobs()) return;
   endingWith_ = document.Program();
+  Say(Activity());
   view.Refresh();
 }
 

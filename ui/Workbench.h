@@ -93,7 +93,7 @@ class Workbench {
   /// Has `start` hand a job to the worker; the log tells when others come first.
   void StartJob(JobKind kind, const std::function<void(TCBase::Worker&)>& start);
   /// Whether controllers are being worked on, other than by a demo.
-  bool IsWorking() const { return isWorking_; }
+  bool IsWorking() const { return isWorking_ || endingWith_.has_value(); }
   /// What is happening then, for one line; nothing when there is nothing to say.
   qor::Sentence Activity() const;
   /// Ends what the worker does in order, and drops what waits.
@@ -127,11 +127,13 @@ class Workbench {
  private:
   void SetDemoRunning(bool isRunning);
   void TakeOutcomes();
+  void PostStop();
   bool MayWaitForJobs();
   void GoOnEnding();
 
   bool isDemoRunning_ = false;
   bool isStopWanted_ = false;
+  int stoppedJob_ = 0;  // its number, once it runs: what is started behind it is not stopped
   std::optional<int> demoSecond_;
   bool wasBusy_ = false;
   bool isWorking_ = false;

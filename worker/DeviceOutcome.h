@@ -32,6 +32,9 @@ struct DeviceOutcome {
   Denial denial = Denial::None;  // who kept it from being connected
 
   bool IsDone() const { return stage == Stage::Done; }
+  bool IsFault() const {
+    return stage == Stage::NotConnected || stage == Stage::Failed || stage == Stage::Incomplete;
+  }
   /// Whether the user wanted it so.
   bool IsStop() const { return stage == Stage::Cancelled || stage == Stage::NotReached; }
 };

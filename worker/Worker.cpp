@@ -209,7 +209,8 @@ void Worker::NetworkScan(void* window, std::uint32_t message) {
   SortByName(found);
   {
     const std::lock_guard lock(networkMutex_);
-    networkDevices_ = std::move(found);
+    // What could not be searched says nothing of the controllers that were found before.
+    if (!failure || !found.empty()) networkDevices_ = std::move(found);
     scanFailure_ = failure;
   }
   platform::PostWindowMessage(window, message, 0, 0);

@@ -120,6 +120,9 @@ TEST(Editing, CopiesAndPastes) {
   PasteSteps(mode, 0, clipboard);
   for (const std::uint32_t id : IdsOf(mode.channels[0])) EXPECT_FALSE(first.contains(id));
   EXPECT_EQ(Text(PasteSteps(mode, 5, clipboard)), "- ");
+  clipboard->resize(1);
+  EXPECT_EQ(Text(PasteSteps(mode, 0, clipboard)),
+            "- Unable to delete step. Minimum 2 steps per channel is required.");
 }
 
 TEST(Editing, MovesACurveAndTheSelectionWithIt) {

@@ -72,7 +72,7 @@ class FakeView : public UX::View {
  public:
   int charts = 0, retranslations = 0;
   std::map<std::size_t, int> lanes;  // redraws of each
-  bool isCaptured = false, isClosed = false;
+  bool isCaptured = false, isClosed = false, isFree = true;
   std::vector<qor::Sentence> hint;
 
   void RedrawChart() override { ++charts; }
@@ -81,6 +81,7 @@ class FakeView : public UX::View {
   void ShowHint(const std::vector<qor::Sentence>& shown) override { hint = shown; }
   void Refresh() override {}
   void Retranslate() override { ++retranslations; }
+  bool IsFree() const override { return isFree; }
   void Close() override { isClosed = true; }
 };
 

@@ -255,11 +255,20 @@ TEST_F(Workbench, ClosesWhenTheRunningJobHasEnded) {
   EXPECT_FALSE(bench.Activity()) << "cancelled: it goes on as before";
   dialogs.answer = UX::Answer::No;
   bench.Run(command::Exit);
+  dialogs.answer = UX::Answer::Cancel;
+  bench.Run(command::Exit);
+  EXPECT_FALSE(bench.Activity()) << "thought better of it";
+  dialogs.answer = UX::Answer::No;
+  bench.Run(command::Exit);
   bench.Tick();
   EXPECT_TRUE(bench.Activity());
   EXPECT_FALSE(view.isClosed);
   mayEnd = true;
+  view.isFree = false;
   WaitForWorker();
+  EXPECT_FALSE(view.isClosed) << "a dialog stands before it";
+  view.isFree = true;
+  bench.Tick();
   EXPECT_TRUE(view.isClosed);
 }
 
@@ -464,6 +473,20 @@ TEST(DeviceList, KeepsCheckMarksWhenDevicesComeAndGo) {
   list.Update({}, {lamp});
   EXPECT_EQ(list.PickedNames(), "lamp");
   EXPECT_EQ(list.Devices().back().kind, DeviceKind::Emulator);
+}
+
+TEST(DeviceList, KeepsAFaultInSightWhenTheNextJobGoesWell) {
+  using Stage = TCBase::DeviceOutcome::Stage;
+  UX::DeviceList list;
+  list.AddEmulator();
+  const TCBase::DeviceInfo& device = list.Devices()[0];
+  list.ShowEnded({{device, Stage::Incomplete}});
+  list.ShowRunning({{device, Stage::Connecting}});
+  EXPECT_EQ(list.LastOutcome(device)->stage, Stage::Connecting);
+  list.ShowEnded({{device, Stage::Done}});
+  EXPECT_EQ(list.LastOutcome(device)->stage, Stage::Incomplete);
+  list.ForgetOutcomes();
+  EXPECT_EQ(list.LastOutcome(device), nullptr);
 }
 
 TEST(CommandTable, HasNoNumberTwiceAndAnActionForEach) {

@@ -188,7 +188,7 @@ void Ctrls::RefreshButtons() {
 bool Ctrls::OnCommand(HWND control, int id, int notification) {
   if (control == nullptr) return false;
   if (id == DescriptionId) modes_.OnDescription(notification);
-  if (notification == BN_CLICKED) context_.workbench.Run(id);
+  if (notification == BN_CLICKED && !devices_.IsTooSoon(id)) context_.workbench.Run(id);
   return true;
 }
 
@@ -289,7 +289,7 @@ void Ctrls::LayOutLog() {
   const int hint = std::min(std::max(Scaled(context_.window, HintHeight), needed), area.height / 2);
   demo_.LayOutHint({area.left, area.top, area.width, hint});
   const int top = area.top + hint + Scaled(context_.window, 2);
-  Place(log_.Window(), {area.left, top, area.width, log_.HeightFor(area.Bottom() - top)});
+  log_.LayOut({area.left, top, area.width, log_.HeightFor(area.Bottom() - top)});
 }
 
 /// Lists share what height the other things leave. On a screen that has too little, the logo goes.

@@ -58,6 +58,7 @@ class MainWindow : public View {
   void ShowHint(const std::vector<qor::Sentence>& hint) override;
   void Refresh() override { isStale_ = true; }
   void Retranslate() override;
+  bool IsFree() const override { return IsWindowEnabled(window_) != FALSE; }
   void Close() override;
 
  private:

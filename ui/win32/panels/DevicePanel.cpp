@@ -42,6 +42,7 @@ void DevicePanel::Refresh() {
 
 void DevicePanel::ShowWorking(bool isWorking) {
   isWorking_ = isWorking;
+  changedAt_ = context_.workbench.Milliseconds();
   const HWND focused = GetFocus();
   SetWindowLongPtrW(upload_, GWLP_ID, isWorking ? command::CancelJob : command::Upload);
   Translate();
@@ -52,6 +53,12 @@ void DevicePanel::ShowWorking(bool isWorking) {
   }
   LayOutButtons();
   InvalidateRect(upload_, nullptr, TRUE);
+}
+
+bool DevicePanel::IsTooSoon(int id) const {
+  constexpr std::int64_t LeastMilliseconds = 300;
+  const bool isOfButton = id == command::CancelJob || id == command::Upload;
+  return isOfButton && context_.workbench.Milliseconds() - changedAt_ < LeastMilliseconds;
 }
 
 CheckRow DevicePanel::RowOf(const TCBase::DeviceInfo& device) const {
@@ -69,15 +76,12 @@ CheckRow DevicePanel::RowOf(const TCBase::DeviceInfo& device) const {
 /// The stage in the list, and all that there is to say in its tip. What the user stopped is no fault, and a
 /// device that a stop kept from being visited has nothing to say.
 void DevicePanel::AddOutcome(const TCBase::DeviceOutcome& outcome, CheckRow& row) const {
-  using Stage = TCBase::DeviceOutcome::Stage;
-  if (outcome.stage == Stage::NotReached) return;
+  if (outcome.stage == TCBase::DeviceOutcome::Stage::NotReached) return;
   qor::Sentence sentence = TCBase::SentenceOf(outcome);
   row.tip = row.name + ": " + context_.workbench.Text(sentence);
   sentence.reasons.clear();
   row.info += "  " + context_.workbench.Text(sentence);
-  const bool isFault = outcome.stage == Stage::NotConnected || outcome.stage == Stage::Failed ||
-                       outcome.stage == Stage::Incomplete;
-  if (isFault) row.tone = CheckRow::Tone::Error;
+  if (outcome.IsFault()) row.tone = CheckRow::Tone::Error;
 }
 
 void DevicePanel::LayOut(const Frame& area) {

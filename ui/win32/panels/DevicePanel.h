@@ -19,6 +19,8 @@ class DevicePanel {
   /// The width that the row of buttons needs.
   int LeastWidth() const { return leastWidth_; }
   CheckList& List() { return list_; }
+  /// Whether the button has just got another meaning: a click on it was meant for the one before.
+  bool IsTooSoon(int id) const;
   HWND ScanButton() const { return scan_; }
 
  private:
@@ -32,7 +34,8 @@ class DevicePanel {
   CheckList list_;
   HWND scan_, addEmulator_, activity_, upload_;
   bool isWorking_ = false;
-  Frame buttons_;  // their row
+  std::int64_t changedAt_ = 0;  // when the button got its meaning, in milliseconds
+  Frame buttons_;               // their row
   int leastWidth_ = 0;
 };
 

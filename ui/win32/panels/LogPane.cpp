@@ -45,6 +45,12 @@ bool LogPane::IsEndInSight() const {
   return scroll.nPos + static_cast<int>(scroll.nPage) + Scaled(window_, 20) >= scroll.nMax;
 }
 
+void LogPane::LayOut(const Frame& area) {
+  const bool isFollowing = IsEndInSight();
+  Place(window_, area);
+  if (isFollowing) SendMessageW(window_, WM_VSCROLL, SB_BOTTOM, 0);
+}
+
 void LogPane::Append(const std::string& lines) {
   CHARRANGE selected{};
   POINT place{};

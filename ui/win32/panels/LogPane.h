@@ -14,6 +14,8 @@ class LogPane {
   HWND Window() const { return window_; }
   /// The height up to that for whole lines.
   int HeightFor(int most) const;
+  /// Follows the newest line there, too.
+  void LayOut(const Frame& area);
   /// Lines that each end in CR LF.
   void Append(const std::string& lines);
   void ShowMenu(POINT at);
