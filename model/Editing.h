@@ -42,7 +42,8 @@ EditResult OptimiseForTC421(Mode& mode);
 using StepClipboard = std::optional<std::vector<Step>>;
 
 EditResult CopySteps(const Mode& mode, std::size_t channel, StepClipboard& clipboard);
-/// Replaces the channel's steps. Says nothing when the clipboard was never filled. Refused as ReplaceSteps is.
+/// Replaces the channel's steps. Says nothing when the clipboard was never filled. Refused as ReplaceSteps
+/// is.
 EditResult PasteSteps(Mode& mode, std::size_t channel, const StepClipboard& clipboard);
 
 /// Swap the channel's steps with those of the channel above or below; `channel`, the selection, moves with
