@@ -84,7 +84,9 @@ ImportResult ReadAnyFile(const std::string& path, Program& program) {
   if (format == nullptr || !format->IsOfOneMode()) return ReadWholeProgram(path, program);
   Mode mode;
   ImportResult result = ReadMode(*format, path, mode);
-  if (result.isImported) program.modes.assign(1, std::move(mode));
+  if (!result.isImported) return result;
+  program.modes.clear();
+  program.modes.push_back(std::move(mode));
   return result;
 }
 
