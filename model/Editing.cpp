@@ -203,7 +203,7 @@ EditResult AddSteps(Mode& mode, std::size_t channel, const std::vector<Step>& st
   Channel edited{{steps.rbegin(), steps.rend()}};
   edited.steps.insert(edited.steps.end(), before.begin(), before.end());
   PutInOrder(edited);
-  const EditResult result = Put(mode, channel, std::move(edited));
+  EditResult result = Put(mode, channel, std::move(edited));
   if (result.isRefused) return result;
   if (!result.isChanged) return Unchanged("The channel has these steps already, nothing was added.");
   std::ranges::copy_if(mode.channels[channel].steps, std::back_inserter(added), [&before](const Step& step) {
