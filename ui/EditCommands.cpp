@@ -34,7 +34,7 @@ void MoveSteps(Workbench& workbench, Function move) {
   auto channel = workbench.editor.SelectedChannel();
   if (!channel) return;
   workbench.Edit([&] {
-    const EditResult result = move(workbench.document.Mode(), *channel);
+    EditResult result = move(workbench.document.Mode(), *channel);
     workbench.editor.FollowSteps(*channel);
     return result;
   });

@@ -56,7 +56,7 @@ WiFiFault FaultOf(const WiFiSettings& settings) {
 }
 
 DeviceOutcome SetupWiFi(const DeviceInfo& info, const WiFiSettings& settings, const DeviceContext& context) {
-  const DeviceOutcome outcome = Send(info, settings, context);
+  DeviceOutcome outcome = Send(info, settings, context);
   LogOutcome(outcome, context.log);
   return outcome;
 }
