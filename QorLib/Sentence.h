@@ -16,8 +16,8 @@ namespace qor {
 struct Sentence {
   std::string english;
   std::vector<FormatArgument> arguments;
-  std::vector<Sentence> reasons =
-      {};  // each stands behind the text and a colon: "not saved: the disk is full"
+  /// Each stands behind the text and a colon: "not saved: the disk is full".
+  std::vector<Sentence> reasons = {};
 
   /// Whether there is anything to say.
   explicit operator bool() const { return !english.empty(); }

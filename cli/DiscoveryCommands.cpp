@@ -36,9 +36,7 @@ void FindOnUsb(Findings& findings, Invocation& invocation) {
     } else if (device->OpenFault().denial != TCBase::Denial::None) {
       findings.isUsbDenied = true;
       const bool needsRule = device->OpenFault().denial == TCBase::Denial::NoPermission;
-      qor::Sentence line = qor::Verbatim(info.name);
-      line.reasons.push_back(device->OpenFault().text);
-      invocation.printer.Complain(line);
+      invocation.printer.Complain(qor::About(info.name, device->OpenFault().text));
       if (needsRule) invocation.printer.Complain(AccessAdvice());
     }
   }

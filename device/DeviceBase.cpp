@@ -66,10 +66,9 @@ bool DeviceBase::DemoFinish() {
 }
 
 bool DeviceBase::ClearLine() {
-  constexpr int AnyReply = -1;
+  constexpr int AnyReply = -1, MostDropped = 1000;
   const auto drop = [this] { return DropAnswer(); };
-  constexpr int MostDropped = 1000;
-  if (CheckReply({}, AnyReply)) {
+  if (CheckReply({}, AnyReply)) {  // silence is an answer
     for (int dropped = 0; dropped < MostDropped && drop();) ++dropped;
     return true;
   }

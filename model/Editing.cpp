@@ -197,7 +197,7 @@ EditResult ClearSteps(Mode& mode, std::size_t channel) {
 EditResult AddSteps(Mode& mode, std::size_t channel, const std::vector<Step>& steps,
                     std::vector<Step>& added) {
   added.clear();
-  if (channel >= ChannelCount) return {};
+  if (channel >= ChannelCount || steps.empty()) return {};
   const std::vector<Step> before = mode.channels[channel].steps;
   // The first of a minute stays: the last of the new steps, then the old one.
   Channel edited{{steps.rbegin(), steps.rend()}};

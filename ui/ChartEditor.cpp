@@ -182,11 +182,11 @@ void ChartEditor::DragTo(Point point) {
   const StepPlace place = *SelectedStep();
   const TCBase::Step& pressed = *press_->step;
   const double moved = geometry_.SecondAt(point.x) - geometry_.SecondAt(press_->at.x);
-  const double minutes = std::trunc(std::round(moved) / 60);  // to either side, whole ones only
-  const double pointed = static_cast<double>(pressed.SecondOfDay()) + minutes * 60;
-  if (pointed >= SecondsPerDay) return;
+  const auto minutes = static_cast<int>(std::round(moved) / 60);  // to either side, whole ones only
+  auto second = static_cast<int>(pressed.SecondOfDay()) + minutes * 60;
+  if (second >= SecondsPerDay) return;
   const ViewSpan& view = geometry_.View();
-  const int second = static_cast<int>(std::clamp<double>(std::round(pointed), view.Start(), view.End() - 1));
+  if (minutes != 0) second = std::clamp(second, view.Start(), view.End() - 1);
   TCBase::Step& step = Step(place);
   SetMinute(step, second / 60);
   step.value = pressed.value + geometry_.PercentAt(place.channel, point.y) -

@@ -111,7 +111,7 @@ void PlayDemo(Workbench& workbench) {
 }
 
 void StopDemo(Workbench& workbench) {
-  workbench.StopDemo();
+  workbench.StopJob();
   workbench.view.Refresh();
 }
 

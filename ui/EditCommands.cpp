@@ -49,7 +49,7 @@ std::optional<std::vector<TCBase::Step>> AskSteps(Workbench& workbench, const ch
   request.fault = [&](const StepsRequest& typed) -> std::string {
     TCBase::Mode tried = workbench.document.Mode();
     const EditResult result = edit(tried, TCBase::ReadStepsText(typed.text).steps);
-    return result.isChanged ? "" : workbench.Text(result.status);
+    return result.isRefused ? workbench.Text(result.status) : "";
   };
   if (!workbench.dialogs.EditSteps(request)) return std::nullopt;
   TCBase::StepsReading reading = TCBase::ReadStepsText(request.text);

@@ -150,10 +150,6 @@ void Workbench::DevicesChanged() {
   view.Refresh();
 }
 
-void Workbench::ScanEnded() {
-  DevicesChanged();
-}
-
 int Workbench::DemoSeconds() const {
   return TCBase::DemoSecondsOf(services.settings.Get(TCBase::SettingDemoSpeed));
 }
@@ -171,13 +167,6 @@ void Workbench::StartDemo(const std::vector<TCBase::DeviceInfo>& picked) {
                      {DemoSeconds(), 0});
   });
   SetDemoRunning(true);
-}
-
-void Workbench::StopDemo() {
-  isStopWanted_ = true;
-  runningJob_ = services.worker.RunningJob();
-  stoppedJob_ = runningJob_ ? runningJob_->number : 0;
-  services.worker.Control().Post(TCBase::JobControl::Stop);
 }
 
 void Workbench::DoubleClick(Point point) {
@@ -234,16 +223,21 @@ qor::Sentence Workbench::Activity() const {
   if (!runningJob_) return {};
   for (const TCBase::DeviceOutcome& device : runningJob_->devices) {
     if (device.stage != Stage::Connecting && device.stage != Stage::Working) continue;
-    qor::Sentence sentence = qor::Verbatim(device.device.name);
-    sentence.reasons.push_back(TCBase::SentenceOf(device));
-    return sentence;
+    return qor::About(device.device.name, TCBase::SentenceOf(device));
   }
   return {};
 }
 
+void Workbench::StopJob() {
+  isStopWanted_ = true;
+  runningJob_ = services.worker.RunningJob();
+  stoppedJob_ = runningJob_ ? runningJob_->number : 0;
+  services.worker.Control().Post(TCBase::JobControl::Stop);
+}
+
 void Workbench::CancelJobs() {
   services.worker.DropQueued();
-  StopDemo();
+  StopJob();
 }
 
 void Workbench::TakeOutcomes() {
@@ -301,7 +295,8 @@ bool Workbench::MayWaitForJobs() {
 void Workbench::GoOnEnding() {
   const bool isDecided = *endingWith_ == document.Program();
   endingWith_.reset();
-  isDecided ? view.Close() : End();
+  if (isDecided) return view.Close();
+  End();
 }
 
 }  // namespace UX

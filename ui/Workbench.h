@@ -79,10 +79,8 @@ class Workbench {
   /// To the path, with a word in the log; false when it could not be written.
   bool SaveTo(const std::string& path);
 
-  /// To be called when the worker has seen devices come or go.
+  /// To be called when the worker has seen devices come or go, or has searched the network.
   void DevicesChanged();
-  /// The same for the search of the network, which may have failed.
-  void ScanEnded();
 
   /// What the picked controllers will not take of a mode, or will show otherwise; where none is picked,
   /// whether it has more steps than some take.
@@ -96,7 +94,9 @@ class Workbench {
   bool IsWorking() const { return isWorking_ || endingWith_.has_value(); }
   /// What is happening then, for one line; nothing when there is nothing to say.
   qor::Sentence Activity() const;
-  /// Ends what the worker does in order, and drops what waits.
+  /// Asks the running job to end in order, however long it takes to hear of it; others go on behind it.
+  void StopJob();
+  /// The same, and drops what waits behind it.
   void CancelJobs();
 
   /// Asks what to do with changes and with a job that runs, and closes the window: at once, or as soon as the
@@ -113,8 +113,6 @@ class Workbench {
   /// To be called before each picture, so that all of it shows one moment.
   void LookAtDemo();
   void StartDemo(const std::vector<TCBase::DeviceInfo>& picked);
-  /// Asks the demo to end, however long it takes to hear of it.
-  void StopDemo();
   int DemoSeconds() const;
   void SetDemoSeconds(int seconds);
 

@@ -32,8 +32,7 @@ qor::Sentence SentenceOf(const DeviceOutcome& outcome) {
 
 void LogOutcome(const DeviceOutcome& outcome, qor::Log& log) {
   if (outcome.IsDone()) return;
-  qor::Sentence line = qor::Verbatim(outcome.device.name);
-  line.reasons.push_back(SentenceOf(outcome));
+  const qor::Sentence line = qor::About(outcome.device.name, SentenceOf(outcome));
   outcome.IsStop() ? log.Message(line) : log.Failure(line);
 }
 

@@ -174,3 +174,13 @@ TEST(SurplusAnswers, WithoutEndFailThePacket) {
   EXPECT_EQ(controller.sendings[1], 0);
   EXPECT_EQ(controller.device->LastFailure().english, "answers that belong to no packet do not end");
 }
+
+TEST(SurplusAnswers, AreWaitedForBeforeTheNextJob) {
+  OddController controller(false);
+  controller.onPacket = [&](int packet) {
+    controller.Answer(packet, controller.sendings[packet] == 1 ? 2100 : 50);
+  };
+  EXPECT_TRUE(controller.Send(0)) << "by the answer to the second sending";
+  controller.udp.reset();
+  EXPECT_GT(controller.clock.Milliseconds(), controller.arrivals[0].time);
+}

@@ -93,8 +93,10 @@ TEST(Editing, AlignsStepsToAGrid) {
   EXPECT_TRUE(mode.channels[3].steps.empty());
 
   mode.channels[0] = Curve({{0, 30, 7}, {12, 0, 8}});
+  const std::uint32_t aligned = mode.channels[0].steps[1].id;
   AlignSteps(mode, 60);
   EXPECT_EQ(mode.channels[0], Curve({{0, 0, 7}, {12, 0, 8}}));
+  EXPECT_EQ(mode.channels[0].steps[1].id, aligned) << "it was on the grid already";
 }
 
 TEST(Editing, DeletesDownToTwoSteps) {
@@ -165,6 +167,10 @@ TEST(Editing, AddsAndReplacesStepsOfAChannel) {
   EXPECT_EQ(mode.channels[0], Curve({{7, 0, 4, true}, {8, 0, 1}, {9, 0, 3}}));
   EXPECT_EQ(mode.channels[0].steps[1].id, kept) << "a step that stays is the same one";
   EXPECT_FALSE(IdsOf(mode.channels[0]).contains(0));
+
+  mode.channels[0] = Curve({{8, 0, 47.4f}, {9, 0, 3}});
+  ReplaceSteps(mode, 0, {{8, 0, 47}, {9, 0, 4}});
+  EXPECT_EQ(mode.channels[0], Curve({{8, 0, 47.4f}, {9, 0, 4}})) << "a text has whole percents only";
 }
 
 TEST(Editing, HoldsAChannelToItsLimits) {

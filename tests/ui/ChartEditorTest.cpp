@@ -126,6 +126,10 @@ TEST_F(ChartEditor, MovesAStepByWhatThePointerMoved) {
   EXPECT_EQ(document.Mode().channels[0].steps[1].MinuteOfDay(), 13 * 60) << "straight up";
   Drag({pressed.x, pressed.y - 20}, {pressed.x + chart.XOf(3600) - chart.XOf(0), pressed.y});
   EXPECT_EQ(Steps(), "08:00 0, 14:00 50*, 22:00 0");
+  Zoom(16, 6);  // 06:00 to 14:00
+  const UX::Point edge = chart.PointOf(0, document.Mode().channels[0].steps[1]);
+  Drag({edge.x - 2, edge.y}, {edge.x - 2, edge.y - 30});
+  EXPECT_EQ(document.Mode().channels[0].steps[1].MinuteOfDay(), 14 * 60) << "at the end of the view, too";
 }
 
 TEST_F(ChartEditor, SelectsAChannelByItsName) {

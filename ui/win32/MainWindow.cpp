@@ -151,7 +151,7 @@ void MainWindow::OnSessionEnd() {
   constexpr double MostSeconds = 2;
   const std::int64_t start = services_.clock.Counter();
   while (workbench_.IsDemoRunning() && services_.worker.IsBusy() && SecondsSince(start) < MostSeconds) {
-    workbench_.StopDemo();
+    workbench_.StopJob();
     services_.clock.Sleep(20);
   }
 }
@@ -440,7 +440,7 @@ LRESULT MainWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (const auto result = OnInput(message, wParam, lParam)) return *result;
   switch (message) {
     case FlushLogMessage: Flush(); return 0;
-    case DevicesMessage: workbench_.ScanEnded(); return 0;
+    case DevicesMessage:
     case NotifyMessage: workbench_.DevicesChanged(); return 0;
     case StartedMessage: OnStarted(); return 0;
     case WM_TIMER: OnTimer(wParam); return 0;

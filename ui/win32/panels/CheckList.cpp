@@ -166,14 +166,15 @@ LRESULT CheckList::OnCustomDraw(NMLVCUSTOMDRAW& draw) const {
   if (row >= rows_.size() || HasHighContrast()) return CDRF_DODEFAULT;
   draw.clrText = GetSysColor(COLOR_WINDOWTEXT);
   draw.clrTextBk = GetSysColor(COLOR_WINDOW);
-  if (MarksFaintly(static_cast<int>(row))) {
+  const bool isMarked = MarksFaintly(static_cast<int>(row));
+  if (isMarked) {
     draw.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED);
     draw.clrTextBk = FaintMark();
   }
   if (draw.iSubItem != 1) return CDRF_NEWFONT;
   switch (rows_[row].tone) {
     case CheckRow::Tone::Usual:
-      if (draw.clrTextBk == GetSysColor(COLOR_WINDOW)) draw.clrText = GetSysColor(COLOR_GRAYTEXT);
+      if (!isMarked) draw.clrText = GetSysColor(COLOR_GRAYTEXT);
       break;
     case CheckRow::Tone::Warning: draw.clrText = WarningColours[IsDark(COLOR_WINDOW)]; break;
     case CheckRow::Tone::Error: draw.clrText = ErrorColours[IsDark(COLOR_WINDOW)]; break;
