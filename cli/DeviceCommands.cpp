@@ -31,7 +31,9 @@ ExitStatus RunUpload(const UploadOptions& options, Invocation& invocation) {
   const Devices devices = DevicesOf(options.devices);
   const TCBase::Program program = Load(options.path, invocation);
   const TCBase::Program::ModeListView modes(program, ModeIndicesOf(program, options.modes, options.path));
-  invocation.printer.WarnOfEach(TCBase::RemarksOn(modes, TCBase::ModelsOf(devices)));
+  if (!invocation.options.quiet) {
+    invocation.printer.WarnOfEach(TCBase::RemarksOn(modes, TCBase::ModelsOf(devices)));
+  }
   return RunJob({[&](TCBase::Worker& worker) { worker.StartUpload(devices, modes); },
                  {"stopping after the mode that is being sent", {}}},
                 invocation);

@@ -53,7 +53,7 @@ struct Invocation {
   Environment& environment;
   TCBase::Localisation& texts;
   LogPrinter& printer;
-  std::string logFile;  // empty for none
+  const CommonOptions& options;
 
   /// A text of the program in the user's language.
   std::string Text(const qor::Sentence& sentence) const { return sentence.In(texts.Translator()); }

@@ -41,7 +41,7 @@ TCBase::Program Load(const std::string& path, Invocation& invocation) {
 }
 
 void CheckIsNoLog(const std::string& path, const Invocation& invocation) {
-  if (!platform::IsSameFile(path, invocation.logFile)) return;
+  if (!platform::IsSameFile(path, invocation.options.logFile)) return;
   invocation.printer.CloseFile();  // the complaint must not go into it
   throw CommandError(FileFailed, {"{1} is the log file; give --log another one", {path}});
 }

@@ -84,7 +84,7 @@ ExitStatus RunCommand(const Runner& chosen, const CommonOptions& options, TCBase
                       Environment& environment) {
   ChooseLanguage(options.language, environment.settingsFolder, texts);
   LogPrinter printer(environment, options, texts.Translator());
-  Invocation invocation{environment, texts, printer, options.logFile};
+  Invocation invocation{environment, texts, printer, options};
   try {
     const ExitStatus status = chosen(invocation);
     printer.Print();
