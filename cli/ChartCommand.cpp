@@ -2,44 +2,34 @@
 // chart
 #include <memory>
 
-#include "QorLib/Exceptions.h"
-#include "QorLib/Format.h"
 #include "cli/Commands.h"
 #include "cli/ProgramArguments.h"
 #include "cli/ProgramFiles.h"
-#include "formats/FileBytes.h"
 #include "ui/RendererSVG.h"
 
 namespace cli {
 namespace {
 
 struct ChartOptions {
-  std::string path, out;
+  std::string path;
+  Output out;
   int mode = 1;
 };
 
 constexpr std::string_view Ending = ".svg";
 constexpr float Width = 1024, Height = 640;
 
-void CheckPicture(const ChartOptions& options, const Invocation& invocation) {
-  CheckIsNoLog(options.out, invocation);
-  const std::string& out = options.out;
-  if (TCBase::EndingOf(out) != Ending)
-    throw CommandError(WrongUsage, {"{1} does not end in {2}", {out, Ending}});
-  CheckIsAnother(options.path, out);
-}
-
 ExitStatus RunChart(const ChartOptions& options, Invocation& invocation) {
-  CheckPicture(options, invocation);
+  const std::string& out = options.out.path;
+  if (!IsStandardStream(out) && TCBase::EndingOf(out) != Ending) {
+    throw CommandError(WrongUsage, {"{1} does not end in {2}", {out, Ending}});
+  }
+  CheckOutput(options.path, options.out, invocation);
   const TCBase::Program program = Load(options.path, invocation);
   const std::size_t mode = ModeIndexOf(program, options.mode, options.path);
   UX::RendererSVG renderer;
   renderer.Draw(UX::MakeChartScene({program, mode, {}, {}, {}, {}}, {Width, Height, UX::ViewSpan()}));
-  try {
-    TCBase::ReplaceFileBytes(options.out, renderer.Picture());
-  } catch (const qor::win::xsystem& failed) {
-    throw CommandError(FileFailed, {"{1} could not be written", {options.out}, {failed.Reason()}});
-  }
+  SaveBytes(renderer.Picture(), out, invocation);
   return Done;
 }
 
@@ -48,13 +38,8 @@ ExitStatus RunChart(const ChartOptions& options, Invocation& invocation) {
 Runner DefineChart(CLI::App& parser) {
   const auto options = std::make_shared<ChartOptions>();
   AddFile(parser, options->path);
-  AddMode(parser, options->mode)
-      ->required(false)
-      ->description("The mode, the first one unless told otherwise");
-  parser.add_option("-o", options->out, "The picture to write, in SVG")
-      ->required()
-      ->type_name("OUT.svg")
-      ->check(CheckPath);
+  AddMode(parser, options->mode);
+  AddOutput(parser, options->out, "The picture to write, a file that ends in .svg");
   return [options](Invocation& invocation) { return RunChart(*options, invocation); };
 }
 

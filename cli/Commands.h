@@ -18,6 +18,7 @@ struct Command {
   const char* name;
   const char* summary;
   Runner (*define)(CLI::App& parser);
+  const char* examples;  // for its help, a line each, two blanks in
 };
 
 /// All commands, in the order of the help.
@@ -26,6 +27,9 @@ std::span<const Command> Commands();
 // What they do
 Runner DefineNew(CLI::App& parser);
 Runner DefineInfo(CLI::App& parser);
+Runner DefineHelp(CLI::App& parser);
+Runner DefineEdit(CLI::App& parser);
+Runner DefineTable(CLI::App& parser);
 Runner DefineSample(CLI::App& parser);
 Runner DefineSteps(CLI::App& parser);
 Runner DefineChart(CLI::App& parser);

@@ -31,10 +31,12 @@ std::string Escaped(const std::string& text, std::string_view special) {
   return escaped;
 }
 
-std::vector<std::string> NamesOf(const std::vector<OptionWords>& options) {
+std::vector<std::string> NamesOf(const std::vector<OptionWords>& options, bool areWithCommand) {
   std::vector<std::string> names;
-  for (const OptionWords& option : options)
-    names.insert(names.end(), option.names.begin(), option.names.end());
+  for (const OptionWords& option : options) {
+    if (!option.isAlone || !areWithCommand)
+      names.insert(names.end(), option.names.begin(), option.names.end());
+  }
   return names;
 }
 
@@ -52,6 +54,11 @@ constexpr const char* BashCandidates = "mapfile -t COMPREPLY < <(compgen {1} -- 
 
 std::string BashReply(const ArgumentValue& value) {
   if (value.isFile) return "compopt -o filenames\n    " + qor::Format(BashCandidates, {"-f"});
+  if (value.isProgram) {
+    return "compopt -o filenames\n"
+           "    mapfile -t COMPREPLY < <(compgen -d -- \"$word\"\n"
+           "      for i in xml tmf lmf; do compgen -f -X \"!*.$i\" -- \"$word\"; done)\n";
+  }
   if (value.choices.empty()) return ":\n";
   return qor::Format(BashCandidates, {"-W " + Quoted(Joined(value.choices, " "))});
 }
@@ -77,17 +84,21 @@ std::string BashValues(const std::vector<CommandWords>& commands) {
 
 std::string ZshAction(const ArgumentValue& value) {
   if (value.isFile) return "_files";
+  if (value.isProgram) return "_files -g \"*.(xml|tmf|lmf)\"";
   return value.choices.empty() ? " " : "(" + Joined(value.choices, " ") + ")";
 }
 
-std::string ZshArguments(const CommandWords& command, const std::string& indent) {
+std::string ZshArguments(const CommandWords& command, const std::string& indent, bool areAlone = false) {
   std::string text;
   for (const OptionWords& option : command.options) {
+    if (option.isAlone != areAlone) continue;
     const std::string description = "[" + Escaped(option.description, "[]:\\") + "]";
     const std::string value = option.value.isNone ? "" : ":value:" + ZshAction(option.value);
     for (const std::string& name : option.names) {
+      // With "=" the value may stand behind one, too.
+      const std::string equals = !option.value.isNone && name.starts_with("--") ? "=" : "";
       text += indent;
-      text += Quoted(qor::Format("*{1}{2}{3}", {name, description, value}));
+      text += Quoted(qor::Format("*{1}{2}{3}{4}", {name, equals, description, value}));
       text += " \\\n";
     }
   }
@@ -96,16 +107,20 @@ std::string ZshArguments(const CommandWords& command, const std::string& indent)
 
 // fish
 
+const std::string FishPrograms = " -k -a '(__fish_complete_suffix .xml .tmf .lmf)'";
+
 std::string FishOptions(const CommandWords& command) {
-  const std::string when =
+  const std::string with =
       command.name.empty() ? "" : " -n " + Quoted("__fish_seen_subcommand_from " + command.name);
   std::string text;
   for (const OptionWords& option : command.options) {
-    text += "complete -c halvex" + when;
+    text += "complete -c halvex" + (option.isAlone ? " -n __fish_use_subcommand" : with);
     for (const std::string& name : option.names)
       text += name.starts_with("--") ? " -l " + name.substr(2) : " -s " + name.substr(1);
     if (option.value.isFile) {
       text += " -r -F";
+    } else if (option.value.isProgram) {
+      text += " -x" + FishPrograms;
     } else if (!option.value.isNone) {
       text += " -x";
       if (!option.value.choices.empty()) text += " -a " + Quoted(Joined(option.value.choices, " "));
@@ -124,6 +139,9 @@ std::string BashScript(const std::vector<CommandWords>& commands) {
       "_halvex() {\n"
       "  local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} command= i\n"
       "  COMPREPLY=()\n"
+      "  # \"--option=value\" comes as three words.\n"
+      "  [[ $word != = ]] || word=\n"
+      "  [[ $before != = ]] || before=${COMP_WORDS[COMP_CWORD - 2]}\n"
       "  for ((i = 1; i < COMP_CWORD; ++i)); do\n"
       "    case ${COMP_WORDS[i]} in\n"
       "    --log | --lang)\n"
@@ -139,12 +157,13 @@ std::string BashScript(const std::vector<CommandWords>& commands) {
       "  done\n"
       "  case \"$command $before\" in\n";
   script += BashValues(commands) + "  esac\n  case $command in\n";
-  const std::string common = Joined(NamesOf(program.options), " ");
-  const std::string everything = Joined(CommandNames(commands), " ") + " " + common;
+  const std::string common = Joined(NamesOf(program.options, true), " ");
+  const std::string everything =
+      Joined(CommandNames(commands), " ") + " " + Joined(NamesOf(program.options, false), " ");
   script += "  '')\n    " + qor::Format(BashCandidates, {"-W " + Quoted(everything)}) + "    ;;\n";
   for (const CommandWords& command : commands) {
     if (command.name.empty()) continue;
-    const std::string options = Quoted(Joined(NamesOf(command.options), " ") + " " + common);
+    const std::string options = Quoted(Joined(NamesOf(command.options, true), " ") + " " + common);
     script += "  " + command.name + ")\n    if [[ $word == -* ]]; then\n      " +
               qor::Format(BashCandidates, {"-W " + options}) + "    else\n      " +
               BashReply(command.operand) + "    fi\n    ;;\n";
@@ -166,7 +185,9 @@ std::string ZshScript(const std::vector<CommandWords>& commands) {
     common.erase(at, 2);
   script += common +
             "  )\n"
-            "  _arguments -C $common '1:command:->command' '*::argument:->argument'\n"
+            "  _arguments -C $common \\\n" +
+            ZshArguments(program, "    ", true) +
+            "    '1:command:->command' '*::argument:->argument'\n"
             "  case $state in\n"
             "  command) _describe command commands ;;\n"
             "  argument)\n"
@@ -191,6 +212,7 @@ std::string FishScript(const std::vector<CommandWords>& commands) {
                 Quoted(command.summary) + "\n";
       const std::string seen = " -n " + Quoted("__fish_seen_subcommand_from " + command.name);
       if (command.operand.isFile) script += "complete -c halvex" + seen + " -F\n";
+      if (command.operand.isProgram) script += "complete -c halvex" + seen + FishPrograms + "\n";
       if (!command.operand.choices.empty())
         script += "complete -c halvex" + seen + " -a " + Quoted(Joined(command.operand.choices, " ")) + "\n";
     }

@@ -10,6 +10,7 @@ namespace cli {
 struct ArgumentValue {
   bool isNone = false;  // an option without a value
   bool isFile = false;
+  bool isProgram = false;            // the file of a program
   std::vector<std::string> choices;  // empty for anything
 };
 
@@ -17,6 +18,7 @@ struct OptionWords {
   std::vector<std::string> names;  // with their dashes
   std::string description;
   ArgumentValue value;
+  bool isAlone = false;  // stands with no command
 };
 
 /// A command as shells complete it.

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: MIT
 // demo
 #include <algorithm>
-#include <charconv>
 #include <memory>
 
-#include "QorLib/Format.h"
 #include "cli/Commands.h"
 #include "cli/DeviceArguments.h"
 #include "cli/DeviceJob.h"
@@ -24,7 +22,7 @@ using TCBase::JobControl;
 
 struct DemoOptions {
   std::string path;
-  std::vector<std::string> devices;
+  DeviceOptions devices;
   int mode = 1;
   int seconds = 0;    // 0: as the settings say
   std::string start;  // a time of day; empty for midnight
@@ -131,7 +129,7 @@ int SecondsOf(const DemoOptions& options, Invocation& invocation) {
 }
 
 ExitStatus RunDemo(const DemoOptions& options, Invocation& invocation) {
-  const std::vector<TCBase::DeviceInfo> devices = DevicesOf(options.devices);
+  const std::vector<TCBase::DeviceInfo> devices = DevicesOf(options.devices, invocation);
   TCBase::DemoTime time;
   if (!options.start.empty()) time.startSecond = SecondOf(options.start);
   const TCBase::Program program = Load(options.path, invocation);
@@ -141,20 +139,10 @@ ExitStatus RunDemo(const DemoOptions& options, Invocation& invocation) {
   invocation.environment.watchInterrupts();  // before the terminal is in another mode
   Steering steering(invocation);
   return RunJob({[&](TCBase::Worker& worker) { worker.StartDemo(devices, modes, time); },
+                 options.devices.waitSeconds,
                  {"stopping the demo", {}},
                  std::ref(steering)},
                 invocation);
-}
-
-std::string CheckSeconds(const std::string& text) {
-  int seconds = 0;
-  const char* end = text.data() + text.size();
-  const auto [next, failed] = std::from_chars(text.data(), end, seconds);
-  const bool isGood = failed == std::errc{} && next == end && seconds >= TCBase::FewestDemoSeconds &&
-                      seconds <= TCBase::MostDemoSeconds;
-  return isGood ? ""
-                : qor::Format("'{1}' is no number of seconds from {2} to {3}",
-                              {text, TCBase::FewestDemoSeconds, TCBase::MostDemoSeconds});
 }
 
 }  // namespace
@@ -163,14 +151,12 @@ Runner DefineDemo(CLI::App& parser) {
   const auto options = std::make_shared<DemoOptions>();
   AddFile(parser, options->path);
   AddDevices(parser, options->devices);
-  AddMode(parser, options->mode)
-      ->required(false)
-      ->description("The mode, the first one unless told otherwise");
+  AddMode(parser, options->mode);
   parser
       .add_option("--seconds", options->seconds,
                   "How long the day takes, from 10 to 86400; else as set, or 60")
       ->type_name("S")
-      ->check(CheckSeconds);
+      ->check(CheckNumber(TCBase::FewestDemoSeconds, TCBase::MostDemoSeconds));
   parser.add_option("--start", options->start, "Begin at this time of day")->type_name("HH:MM");
   return [options](Invocation& invocation) { return RunDemo(*options, invocation); };
 }

@@ -6,7 +6,11 @@
 
 #include "QorLib/Format.h"
 #include "QorLib/qor_win_str_utils.h"
+#include "cli/ArgumentFault.h"
 #include "cli/ExitStatus.h"
+#include "cli/LogPrinter.h"
+#include "cli/ProgramArguments.h"
+#include "device/USBDevice.h"
 
 namespace cli {
 namespace {
@@ -35,7 +39,7 @@ bool IsControllers(const platform::SocketAddress& address) {
 
 bool IsTypeable(std::string_view text) {
   const bool hasControls =
-      std::ranges::any_of(text, [](char c) { return (c >= 0 && c < 0x20) || c == 0x7F; });
+      std::ranges::any_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; });
   return !text.empty() && !hasControls && qor::win::WellFormedUtf8(text) == text;
 }
 
@@ -55,36 +59,35 @@ DeviceInfo NetworkDeviceOf(std::string_view place) {
   return TCBase::NetworkDevice(std::string(identity), *address);
 }
 
-}  // namespace
+constexpr std::string_view DeviceForms = "tc420, tc421, an address such as 192.168.1.20, emulator, all";
+constexpr std::string_view All = "all";
 
-void AddDevices(CLI::App& parser, std::vector<std::string>& devices) {
-  parser
-      .add_option("--device", devices,
-                  std::string("Which controller: ") + DeviceForms + "; may be given several times")
-      ->required()
-      ->type_name("D")
-      ->expected(1)
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+const TCBase::UsbId* UsbIdOf(DeviceKind kind) {
+  if (kind == DeviceKind::TC420) return &TCBase::TC420UsbId;
+  return kind == DeviceKind::TC421Usb ? &TCBase::TC421UsbId : nullptr;
 }
 
 DeviceInfo DeviceOf(const std::string& argument) {
-  DeviceInfo device;
   const auto* known = std::ranges::find(DeviceNames, argument, &DeviceName::name);
-  if (known != std::end(DeviceNames)) {
-    device = TCBase::DeviceOfKind(known->kind);
-  } else if (argument.starts_with(NetworkPrefix)) {
-    device = NetworkDeviceOf(std::string_view(argument).substr(NetworkPrefix.size()));
-  } else {
-    throw CommandError(WrongUsage, {"there is no device '{1}'; devices are {2}", {argument, DeviceForms}});
+  if (known != std::end(DeviceNames)) return TCBase::DeviceOfKind(known->kind);
+  if (argument.starts_with(NetworkPrefix)) {
+    return NetworkDeviceOf(std::string_view(argument).substr(NetworkPrefix.size()));
   }
-  device.selected = true;
-  return device;
+  if (!argument.empty() && argument[0] >= '0' && argument[0] <= '9') return NetworkDeviceOf(argument);
+  std::vector<std::string> names = {std::string(All)};
+  for (const DeviceName& device : DeviceNames) names.emplace_back(device.name);
+  qor::Sentence fault = {"there is no device '{1}'; devices are {2}", {argument, DeviceForms}};
+  const std::string meant = Nearest(argument, names);
+  if (!meant.empty()) fault.reasons.push_back({"did you mean {1}?", {meant}});
+  throw CommandError(WrongUsage, fault);
 }
 
-std::vector<DeviceInfo> DevicesOf(const std::vector<std::string>& arguments) {
+/// The devices of those arguments.
+std::vector<DeviceInfo> DevicesNamed(const std::vector<std::string>& arguments) {
   std::vector<DeviceInfo> devices;
   devices.reserve(arguments.size());
   for (const std::string& argument : arguments) {
+    if (argument == All) throw CommandError(WrongUsage, {"\"all\" stands alone", {}});
     const DeviceInfo device = DeviceOf(argument);
     if (std::ranges::any_of(devices,
                             [&](const DeviceInfo& other) { return TCBase::IsSameDevice(device, other); })) {
@@ -92,6 +95,111 @@ std::vector<DeviceInfo> DevicesOf(const std::vector<std::string>& arguments) {
     }
     devices.push_back(device);
   }
+  return devices;
+}
+
+bool IsAmong(const std::vector<UsbController>& plugged, const DeviceInfo& device) {
+  return std::ranges::find(plugged, device.kind, &UsbController::kind) != plugged.end();
+}
+
+/// The devices where none was named: all that are plugged in, or the only one.
+std::vector<DeviceInfo> DevicesFrom(const std::vector<UsbController>& plugged, bool isAll) {
+  if (plugged.empty()) {
+    throw CommandError(NothingFound, {"no controller is plugged in (halvex doctor says more)", {}});
+  }
+  std::vector<DeviceInfo> devices;
+  std::string list;
+  std::size_t count = 0;
+  for (const UsbController& controller : plugged) {
+    devices.push_back(TCBase::DeviceOfKind(controller.kind));
+    for (std::size_t i = 0; i < controller.paths.size(); ++i) {
+      list += (list.empty() ? "" : ", ") + ArgumentOf(devices.back());
+    }
+    count += controller.paths.size();
+  }
+  if (!isAll && count > 1) {
+    throw CommandError(NotUnique,
+                       {"{1} controllers are plugged in: {2}; name one with --device, or all of them with "
+                        "--device all",
+                        {count, list}});
+  }
+  return devices;
+}
+
+}  // namespace
+
+void AddWait(CLI::App& parser, int& seconds) {
+  constexpr int MostSeconds = 86400;
+  parser
+      .add_option("--wait", seconds,
+                  "Wait so long for a controller, or a UDP port, that another program uses")
+      ->type_name("SECONDS")
+      ->check(CheckNumber(0, MostSeconds));
+}
+
+void AddDevices(CLI::App& parser, DeviceOptions& options) {
+  parser
+      .add_option("-d,--device", options.names,
+                  "Which controller, such as tc420 or 192.168.1.20; may be given several times. Without it: "
+                  "the one in $HALVEX_DEVICE, or the only one plugged in")
+      ->type_name("D")
+      ->expected(1)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  AddWait(parser, options.waitSeconds);
+}
+
+std::vector<UsbController> PluggedIn() {
+  std::vector<UsbController> controllers;
+  for (const DeviceKind kind : {DeviceKind::TC420, DeviceKind::TC421Usb}) {
+    std::vector<std::string> paths = TCBase::PathsOnUsb(*UsbIdOf(kind));
+    if (!paths.empty()) controllers.push_back({kind, std::move(paths)});
+  }
+  return controllers;
+}
+
+platform::Computer LookAround(const Invocation& invocation) {
+  std::vector<std::string> paths;
+  for (const UsbController& controller : PluggedIn())
+    paths.insert(paths.end(), controller.paths.begin(), controller.paths.end());
+  return invocation.environment.lookAtComputer(paths);
+}
+
+qor::Sentence RemarkOnEquals(const UsbController& controller) {
+  if (controller.paths.size() < 2) return {};
+  return {"{1} {2} are plugged in; only the first of them can be reached",
+          {controller.paths.size(), UsbIdOf(controller.kind)->model}};
+}
+
+void WarnOfEquals(const std::vector<UsbController>& controllers, Invocation& invocation) {
+  for (const UsbController& controller : controllers) {
+    if (const qor::Sentence remark = RemarkOnEquals(controller)) invocation.printer.Warn(remark);
+  }
+}
+
+std::vector<DeviceInfo> DevicesOf(const DeviceOptions& options, Invocation& invocation) {
+  std::vector<std::string> names = options.names;
+  const std::string usual = invocation.environment.variable("HALVEX_DEVICE");
+  if (names.empty() && !usual.empty()) names = {usual};
+  const bool isAll = names.size() == 1 && names[0] == All;
+
+  std::vector<DeviceInfo> devices;
+  if (!isAll) devices = DevicesNamed(names);
+  const auto isUsb = [](const DeviceInfo& device) { return UsbIdOf(device.kind) != nullptr; };
+  if (devices.empty() || std::ranges::any_of(devices, isUsb)) {
+    std::vector<UsbController> plugged = PluggedIn();
+    const auto isThere = [&plugged](const DeviceInfo& device) { return IsAmong(plugged, device); };
+    if (devices.empty()) devices = DevicesFrom(plugged, isAll);
+    // One of several that is missing is no reason to leave the others out.
+    if (std::ranges::all_of(devices, isUsb) && std::ranges::none_of(devices, isThere)) {
+      throw CommandError(NothingFound, {"no {1} is plugged in (halvex doctor says more)",
+                                        {UsbIdOf(devices.front().kind)->model}});
+    }
+    std::erase_if(plugged, [&devices](const UsbController& controller) {
+      return std::ranges::find(devices, controller.kind, &DeviceInfo::kind) == devices.end();
+    });
+    WarnOfEquals(plugged, invocation);
+  }
+  for (DeviceInfo& device : devices) device.selected = true;
   return devices;
 }
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <chrono>
 #include <memory>
-#include <ostream>
 
 #include "QorLib/Format.h"
 #include "cli/Commands.h"
@@ -12,6 +11,7 @@
 #include "cli/LogPrinter.h"
 #include "cli/ProgramArguments.h"
 #include "cli/ProgramFiles.h"
+#include "cli/Question.h"
 #include "device/ControllerLimits.h"
 
 namespace cli {
@@ -19,30 +19,21 @@ namespace {
 
 using Devices = std::vector<TCBase::DeviceInfo>;
 
-// upload
-
-struct UploadOptions {
-  std::string path;
-  std::vector<std::string> devices;
-  std::vector<int> modes;
-};
-
-ExitStatus RunUpload(const UploadOptions& options, Invocation& invocation) {
-  const Devices devices = DevicesOf(options.devices);
-  const TCBase::Program program = Load(options.path, invocation);
-  const TCBase::Program::ModeListView modes(program, ModeIndicesOf(program, options.modes, options.path));
-  if (!invocation.options.quiet) {
-    invocation.printer.WarnOfEach(TCBase::RemarksOn(modes, TCBase::ModelsOf(devices)));
-  }
-  return RunJob({[&](TCBase::Worker& worker) { worker.StartUpload(devices, modes); },
-                 {"stopping after the mode that is being sent", {}}},
-                invocation);
-}
-
 // sync-time, set-time
 
-ExitStatus SetTime(const Devices& devices, const platform::SYSTEMTIME& time, Invocation& invocation) {
-  return RunJob({[&](TCBase::Worker& worker) { worker.StartTimeSync(devices, time); }}, invocation);
+std::string DateAndTimeText(const platform::SYSTEMTIME& time) {
+  return qor::Format(
+      "{1}-{2}-{3} {4}:{5}:{6}",
+      {qor::ZeroFilled(time.wYear, 4), qor::ZeroFilled(time.wMonth, 2), qor::ZeroFilled(time.wDay, 2),
+       qor::ZeroFilled(time.wHour, 2), qor::ZeroFilled(time.wMinute, 2), qor::ZeroFilled(time.wSecond, 2)});
+}
+
+ExitStatus SetTime(const Devices& devices, const platform::SYSTEMTIME& time, int waitSeconds,
+                   Invocation& invocation) {
+  const ExitStatus status =
+      RunJob({[&](TCBase::Worker& worker) { worker.StartTimeSync(devices, time); }, waitSeconds}, invocation);
+  if (status == Done) invocation.printer.Log().Message("The clock was set to {1}", {DateAndTimeText(time)});
+  return status;
 }
 
 /// The number at that place of the text, which is all digits.
@@ -81,38 +72,68 @@ platform::SYSTEMTIME DateAndTimeOf(const std::string& text) {
 // clear
 
 struct ClearOptions {
-  std::vector<std::string> devices;
+  DeviceOptions devices;
   bool isSure = false;
 };
 
-bool IsConfirmed(const Devices& devices, const Invocation& invocation) {
-  Environment& environment = invocation.environment;
-  std::string names;
-  for (const TCBase::DeviceInfo& device : devices) {
-    names += (names.empty() ? "" : ", ") + Printable(ArgumentOf(device));
-  }
-  environment.err << invocation.Text({"Remove all modes from {1}? They cannot be read back.", {names}})
-                  << " [y/N] " << std::flush;
-  std::string answer;
-  if (!std::getline(environment.in, answer)) environment.err << '\n';
-  std::erase_if(answer, [](char c) { return c == ' ' || c == '\r'; });
-  for (char& c : answer) c = static_cast<char>(c >= 'A' && c <= 'Z' ? c + ('a' - 'A') : c);
-  return answer == "y" || answer == "yes";
+ExitStatus ClearAll(const Devices& devices, int waitSeconds, Invocation& invocation) {
+  return RunJob({[&](TCBase::Worker& worker) { worker.StartClearAll(devices); }, waitSeconds}, invocation);
 }
 
 ExitStatus RunClear(const ClearOptions& options, Invocation& invocation) {
-  const Devices devices = DevicesOf(options.devices);
+  const Devices devices = DevicesOf(options.devices, invocation);
   if (!options.isSure) {
     if (!invocation.environment.terminal.isInput) {
       throw CommandError(WrongUsage,
                          {"clearing removes all modes, which cannot be read back; add --yes", {}});
     }
-    if (!IsConfirmed(devices, invocation)) {
-      invocation.printer.Complain(qor::Sentence{"nothing was cleared", {}});
-      return Interrupted;
+    std::string names;
+    for (const TCBase::DeviceInfo& device : devices) {
+      names += (names.empty() ? "" : ", ") + Printable(ArgumentOf(device));
+    }
+    if (!IsConfirmed({"Remove all modes from {1}? They cannot be read back.", {names}}, invocation)) {
+      throw CommandError(Interrupted, {"nothing was cleared", {}});
     }
   }
-  return RunJob({[&](TCBase::Worker& worker) { worker.StartClearAll(devices); }}, invocation);
+  return ClearAll(devices, options.devices.waitSeconds, invocation);
+}
+
+// upload
+
+struct UploadOptions {
+  std::string path;
+  DeviceOptions devices;
+  std::vector<int> modes;
+  bool isCleared = false, isSynced = false;
+};
+
+ExitStatus Upload(const UploadOptions& options, const Devices& devices,
+                  const TCBase::Program::ModeListView& modes, Invocation& invocation) {
+  return RunJob({[&](TCBase::Worker& worker) { worker.StartUpload(devices, modes); },
+                 options.devices.waitSeconds,
+                 {"stopping after the mode that is being sent", {}}},
+                invocation);
+}
+
+ExitStatus RunUpload(const UploadOptions& options, Invocation& invocation) {
+  const Devices devices = DevicesOf(options.devices, invocation);
+  const TCBase::Program program = Load(options.path, invocation);
+  const TCBase::Program::ModeListView modes(program, ModeIndicesOf(program, options.modes, options.path));
+  if (!invocation.options.quiet) {
+    invocation.printer.WarnOfEach(TCBase::RemarksOn(modes, TCBase::ModelsOf(devices)));
+  }
+  if (!options.modes.empty()) {
+    invocation.printer.Log().Message("The chosen modes take the controller's places from the first on");
+  }
+  const int wait = options.devices.waitSeconds;
+  ExitStatus status = Done;
+  if (options.isCleared) status = ClearAll(devices, wait, invocation);
+  if (status != Interrupted) status = std::max(status, Upload(options, devices, modes, invocation));
+  // The time is that of now: an upload takes a while.
+  if (options.isSynced && status != Interrupted) {
+    status = std::max(status, SetTime(devices, invocation.environment.clock.LocalTime(), wait, invocation));
+  }
+  return status;
 }
 
 }  // namespace
@@ -122,31 +143,40 @@ Runner DefineUpload(CLI::App& parser) {
   AddFile(parser, options->path);
   AddDevices(parser, options->devices);
   AddModes(parser, options->modes);
+  parser.get_option("--mode")->description(
+      "Only this mode; may be given several times. The chosen modes take the controller's places from the "
+      "first on");
+  parser.add_flag("--clear", options->isCleared, "Remove all modes that are in the controller first");
+  parser.add_flag("--sync-time", options->isSynced, "Set the clock afterwards");
   return [options](Invocation& invocation) { return RunUpload(*options, invocation); };
 }
 
 Runner DefineSyncTime(CLI::App& parser) {
-  const auto devices = std::make_shared<std::vector<std::string>>();
+  const auto devices = std::make_shared<DeviceOptions>();
   AddDevices(parser, *devices);
   return [devices](Invocation& invocation) {
-    return SetTime(DevicesOf(*devices), invocation.environment.clock.LocalTime(), invocation);
+    return SetTime(DevicesOf(*devices, invocation), invocation.environment.clock.LocalTime(),
+                   devices->waitSeconds, invocation);
   };
 }
 
 Runner DefineSetTime(CLI::App& parser) {
-  const auto devices = std::make_shared<std::vector<std::string>>();
+  const auto devices = std::make_shared<DeviceOptions>();
   const auto time = std::make_shared<std::string>();
-  parser.add_option("TIME", *time, "Date and time, as \"YYYY-MM-DD HH:MM:SS\"")->required()->type_name("");
+  parser.add_option("TIME", *time, "Date and time, as \"YYYY-MM-DD HH:MM:SS\"")
+      ->required()
+      ->type_name("TIME");
   AddDevices(parser, *devices);
   return [devices, time](Invocation& invocation) {
-    return SetTime(DevicesOf(*devices), DateAndTimeOf(*time), invocation);
+    const platform::SYSTEMTIME asked = DateAndTimeOf(*time);
+    return SetTime(DevicesOf(*devices, invocation), asked, devices->waitSeconds, invocation);
   };
 }
 
 Runner DefineClear(CLI::App& parser) {
   const auto options = std::make_shared<ClearOptions>();
   AddDevices(parser, options->devices);
-  parser.add_flag("--yes", options->isSure, "Do not ask; needed where nobody can be asked");
+  parser.add_flag("-y,--yes", options->isSure, "Do not ask; needed where nobody can be asked");
   return [options](Invocation& invocation) { return RunClear(*options, invocation); };
 }
 

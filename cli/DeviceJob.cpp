@@ -2,11 +2,14 @@
 #include "cli/DeviceJob.h"
 
 #include <algorithm>
+#include <memory>
+#include <optional>
 #include <string_view>
 
 #include "cli/DeviceArguments.h"
 #include "cli/LogPrinter.h"
 #include "cli/UdevRule.h"
+#include "worker/Stopwatch.h"
 
 namespace cli {
 namespace {
@@ -31,6 +34,21 @@ void PrintTable(const std::vector<DeviceOutcome>& outcomes, Invocation& invocati
   }
 }
 
+/// "tc421: mode 2 of 3, step 17 of 48", where a person looks on. A demo shows its own line.
+void ShowProgress(TCBase::Worker& worker, Invocation& invocation) {
+  if (!invocation.environment.terminal.isError || invocation.options.quiet) return;
+  if (worker.Control().demoState != TCBase::JobControl::NoDemo) return;
+  std::string line;
+  if (const auto job = worker.RunningJob()) {
+    for (const DeviceOutcome& device : job->devices) {
+      if (device.stage != DeviceOutcome::Stage::Working || device.detail.reasons.empty()) continue;
+      if (job->devices.size() > 1) line = ArgumentOf(device.device) + ": ";
+      line += invocation.Text(device.detail);
+    }
+  }
+  invocation.printer.ShowProgress(line);
+}
+
 struct JobEnd {
   bool isInterrupted = false;
   bool isStopped = false;
@@ -49,6 +67,7 @@ JobEnd WaitFor(TCBase::Worker& worker, const DeviceJob& job, Invocation& invocat
                                                : qor::Sentence{"stopping after the device in hand", {}});
     }
     invocation.printer.Print();
+    ShowProgress(worker, invocation);
     invocation.environment.clock.Sleep(PollMilliseconds);
   }
   return end;
@@ -66,7 +85,7 @@ ExitStatus Report(const std::vector<DeviceOutcome>& outcomes, const JobEnd& end,
     needsRule |= outcome.denial == TCBase::Denial::NoPermission &&
                  outcome.device.kind != TCBase::DeviceKind::TC421Network;
   }
-  if (needsRule) invocation.printer.Complain(AccessAdvice());
+  if (needsRule) invocation.printer.Complain(AccessAdvice(LookAround(invocation)));
   if (outcomes.size() > 1) PrintTable(outcomes, invocation);
   if (hasFailed) return isDenied ? NoAccess : DeviceFailed;
   return end.isInterrupted ? Interrupted : Done;
@@ -74,9 +93,18 @@ ExitStatus Report(const std::vector<DeviceOutcome>& outcomes, const JobEnd& end,
 
 }  // namespace
 
-TCBase::DeviceContext ContextOf(Invocation& invocation) {
-  return {invocation.environment.clock, invocation.printer.Log(), invocation.environment.network,
-          &invocation.environment.locks};
+TCBase::DeviceContext ContextOf(Invocation& invocation, int waitSeconds) {
+  Environment& environment = invocation.environment;
+  const auto waited = std::make_shared<std::optional<TCBase::Stopwatch>>();
+  return {environment.clock, invocation.printer.Log(), environment.network, &environment.locks,
+          [=, &environment, &log = invocation.printer.Log()] {
+            if (waitSeconds == 0 || environment.isInterrupted()) return false;
+            if (!waited->has_value()) {
+              waited->emplace(environment.clock);
+              log.Message("In use by another program, waiting for up to {1} seconds", {waitSeconds});
+            }
+            return (*waited)->Elapsed() < waitSeconds;
+          }};
 }
 
 ExitStatus RunJob(const DeviceJob& job, Invocation& invocation) {
@@ -89,7 +117,7 @@ ExitStatus RunJob(const DeviceJob& job, Invocation& invocation) {
 ExitStatus RunJob(const DeviceJob& job, Invocation& invocation,
                   const std::function<std::vector<DeviceOutcome>(TCBase::Worker&)>& outcomes) {
   invocation.environment.watchInterrupts();
-  TCBase::Worker worker(ContextOf(invocation), TCBase::Worker::UsbWatch::Off);
+  TCBase::Worker worker(ContextOf(invocation, job.waitSeconds), TCBase::Worker::UsbWatch::Off);
   job.start(worker);
   const JobEnd end = WaitFor(worker, job, invocation);
   invocation.printer.Print();

@@ -9,12 +9,13 @@
 
 namespace cli {
 
-/// What devices use of this run.
-TCBase::DeviceContext ContextOf(Invocation& invocation);
+/// What devices use of this run. They wait so long for one that another program has.
+TCBase::DeviceContext ContextOf(Invocation& invocation, int waitSeconds = 0);
 
 /// A job of the worker over some devices, as a command runs it.
 struct DeviceJob {
   std::function<void(TCBase::Worker&)> start;
+  int waitSeconds = 0;
   qor::Sentence stopping = {};  // said at Ctrl+C; empty for the usual words
   /// Called again and again while the job runs; true asks for a stop, which is no failure.
   std::function<bool(TCBase::JobControl&)> steer = [](TCBase::JobControl&) { return false; };

@@ -28,22 +28,27 @@ struct Findings {
 };
 
 void FindOnUsb(Findings& findings, Invocation& invocation) {
-  for (const auto kind : {TCBase::DeviceKind::TC420, TCBase::DeviceKind::TC421Usb}) {
-    const TCBase::DeviceInfo info = TCBase::DeviceOfKind(kind);
+  const std::vector<UsbController> plugged = PluggedIn();
+  for (const UsbController& controller : plugged) {
+    const TCBase::DeviceInfo info = TCBase::DeviceOfKind(controller.kind);
     const auto device = TCBase::CreateDevice(info, ContextOf(invocation));
     if (device->Open()) {
-      findings.devices.push_back({{"device", ArgumentOf(info)}, {"name", info.name}, {"transport", "usb"}});
-    } else if (device->OpenFault().denial != TCBase::Denial::None) {
-      findings.isUsbDenied = true;
-      const bool needsRule = device->OpenFault().denial == TCBase::Denial::NoPermission;
-      invocation.printer.Complain(qor::About(info.name, device->OpenFault().text));
-      if (needsRule) invocation.printer.Complain(AccessAdvice());
+      for (std::size_t i = 0; i < controller.paths.size(); ++i) {
+        findings.devices.push_back({{"device", ArgumentOf(info)}, {"name", info.name}, {"transport", "usb"}});
+      }
+      continue;
+    }
+    findings.isUsbDenied |= device->OpenFault().denial != TCBase::Denial::None;
+    invocation.printer.Complain(qor::About(info.name, device->OpenFault().text));
+    if (device->OpenFault().denial == TCBase::Denial::NoPermission) {
+      invocation.printer.Complain(AccessAdvice(LookAround(invocation)));
     }
   }
+  WarnOfEquals(plugged, invocation);
 }
 
-void FindOnNetwork(Findings& findings, Invocation& invocation) {
-  TCBase::Worker worker(ContextOf(invocation), TCBase::Worker::UsbWatch::Off);
+void FindOnNetwork(Findings& findings, int waitSeconds, Invocation& invocation) {
+  TCBase::Worker worker(ContextOf(invocation, waitSeconds), TCBase::Worker::UsbWatch::Off);
   worker.StartNetworkScan(nullptr);
   while (worker.IsBusy()) {
     invocation.printer.Print();
@@ -64,6 +69,7 @@ void FindOnNetwork(Findings& findings, Invocation& invocation) {
 
 struct DevicesOptions {
   bool scan = false;
+  int waitSeconds = 0;
   bool asJson = false;
 };
 
@@ -79,19 +85,27 @@ ExitStatus RunDevices(const DevicesOptions& options, Invocation& invocation) {
   invocation.printer.KeepStandardOutputFree();
   Findings findings;
   FindOnUsb(findings, invocation);
-  if (options.scan) FindOnNetwork(findings, invocation);
+  if (options.scan) FindOnNetwork(findings, options.waitSeconds, invocation);
   std::ostream& out = invocation.environment.out;
   options.asJson ? Print(findings.devices, out) : PrintLines(findings.devices, out);
   if (findings.searchFailed) return *findings.searchFailed;
   if (!findings.devices.empty()) return Done;
   if (findings.isUsbDenied) return NoAccess;
-  if (!options.asJson) invocation.printer.Complain(qor::Sentence{"no controller was found", {}});
+  if (!options.asJson) {
+    invocation.printer.Complain(
+        options.scan ? qor::Sentence{"no controller was found", {}}
+                     : qor::Sentence{"no controller is plugged in (halvex doctor says more)", {}});
+  }
   return NothingFound;
 }
 
 ExitStatus RunMonitor(Invocation& invocation) {
   Environment& environment = invocation.environment;
   environment.watchInterrupts();
+  if (!invocation.options.quiet) {
+    invocation.printer.Complain(
+        qor::Sentence{"waiting for controllers to be plugged in or out; Ctrl+C ends", {}});
+  }
   const TCBase::Worker worker(ContextOf(invocation), TCBase::Worker::UsbWatch::On);
   while (!environment.isInterrupted() && environment.out) {
     invocation.printer.Print();
@@ -105,6 +119,7 @@ ExitStatus RunMonitor(Invocation& invocation) {
 Runner DefineDevices(CLI::App& parser) {
   const auto options = std::make_shared<DevicesOptions>();
   parser.add_flag("--scan", options->scan, "Search the local network for TC421 controllers, too");
+  AddWait(parser, options->waitSeconds);
   parser.add_flag("--json", options->asJson, "Answer as JSON");
   return [options](Invocation& invocation) { return RunDevices(*options, invocation); };
 }

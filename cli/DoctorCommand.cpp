@@ -36,7 +36,6 @@ struct Finding {
   qor::Sentence text;
   qor::Sentence advice = {};  // what to do; empty where nothing is to be done
   ExitStatus status = Done;   // of a problem
-  bool needsRule = false;     // whether udev's rule would help
 };
 using Findings = std::vector<Finding>;
 using State = Finding::State;
@@ -50,7 +49,7 @@ Finding Versions(const Computer& computer) {
 // Controllers on the USB
 
 /// A controller is opened and closed again; nothing is sent to it.
-Finding OnUsb(TCBase::DeviceKind kind, const Computer& computer, Invocation& invocation) {
+Finding OnUsb(TCBase::DeviceKind kind, bool isPluggedIn, const Computer& computer, Invocation& invocation) {
   const TCBase::DeviceInfo info = TCBase::DeviceOfKind(kind);
   const std::string check = ArgumentOf(info);
   const auto lock = invocation.environment.locks.TryTake(TCBase::LockNameOf(info));
@@ -63,45 +62,47 @@ Finding OnUsb(TCBase::DeviceKind kind, const Computer& computer, Invocation& inv
   }
   const auto device = TCBase::CreateDevice(info, ContextOf(invocation));
   if (device->Open()) return {check, State::Ok, {"plugged in, and may be opened", {}}};
+  if (!isPluggedIn) return {check, State::Note, {"not plugged in", {}}};
   const TCBase::OpenFailure& failure = device->OpenFault();
-  if (failure.denial == Denial::None) return {check, State::Note, {"not plugged in", {}}};
-  Finding finding{check,
-                  State::Problem,
-                  {"plugged in, but may not be opened", {}, {failure.text}},
-                  {"end the other program that has it", {}},
-                  NoAccess};
-  if (failure.denial == Denial::NoPermission && computer.hasUdev) {
-    finding.advice = {"see to the udev rule (below), then plug the controller in again", {}};
-    finding.needsRule = true;
+  const bool isDenied = failure.denial == Denial::NoPermission;
+  return {check,
+          State::Problem,
+          {"plugged in, but may not be opened", {}, {failure.text}},
+          isDenied ? AccessAdvice(computer) : qor::Sentence{"end the other program that has it", {}},
+          NoAccess};
+}
+
+/// The rule as a file; who may open a controller that is plugged in is said with that.
+Finding Rule(const Computer& computer) {
+  Finding rule{"udev-rule", State::Ok, qor::Verbatim(computer.udevRule)};
+  if (!computer.udevRule.empty()) return rule;
+  if (!computer.deviceGroup.empty()) {
+    rule.text = {"not installed; controllers are for the group {1}", {computer.deviceGroup}};
+    return rule;
   }
-  return finding;
+  rule.text = computer.isAdministrator ? qor::Sentence{"not installed; you are root, who needs none", {}}
+                                       : qor::Sentence{"not installed, controllers are for root only", {}};
+  rule.advice = qor::Verbatim(InstallRuleCommand(computer));
+  rule.state = State::Note;
+  return rule;
 }
 
 Findings UsbFindings(const Computer& computer, Invocation& invocation) {
-  Findings findings = {OnUsb(TCBase::DeviceKind::TC420, computer, invocation),
-                       OnUsb(TCBase::DeviceKind::TC421Usb, computer, invocation)};
-  if (std::ranges::all_of(findings, [](const Finding& finding) { return finding.state == State::Note; })) {
+  Findings findings;
+  const std::vector<UsbController> plugged = PluggedIn();
+  for (const auto kind : {TCBase::DeviceKind::TC420, TCBase::DeviceKind::TC421Usb}) {
+    const auto controller = std::ranges::find(plugged, kind, &UsbController::kind);
+    findings.push_back(OnUsb(kind, controller != plugged.end(), computer, invocation));
+    if (controller == plugged.end() || controller->paths.size() == 1) continue;
+    findings.push_back({findings.back().check, State::Note, RemarkOnEquals(*controller)});
+  }
+  if (plugged.empty()) {
     findings.back().advice = {
         "plug a controller in; where one is, try another cable: some carry power only (\"halvex monitor\" "
         "tells when it comes)",
         {}};
   }
-  if (!computer.hasUdev) return findings;
-  const bool isNeeded = std::ranges::any_of(findings, &Finding::needsRule);
-  Finding rule{"udev-rule", State::Ok, qor::Verbatim(computer.udevRule)};
-  if (computer.udevRule.empty()) {
-    rule.text = computer.isAdministrator ? qor::Sentence{"not installed; you are root, who needs none", {}}
-                                         : qor::Sentence{"not installed, controllers are for root only", {}};
-    rule.advice = qor::Verbatim(InstallRuleCommand());
-    rule.state = isNeeded ? State::Problem : State::Note;
-  } else if (isNeeded) {
-    rule.state = State::Note;
-    rule.advice = {
-        "plug the controller in again; where nobody sits at the screen (over SSH), put the rule for a group "
-        "there: halvex udev-rule --group plugdev",
-        {}};
-  }
-  findings.push_back(rule);
+  if (computer.hasUdev) findings.push_back(Rule(computer));
   return findings;
 }
 
@@ -181,7 +182,7 @@ Finding LogFile(const std::string& folder) {
 }
 
 Findings Examine(Invocation& invocation) {
-  const Computer computer = invocation.environment.lookAtComputer();
+  const Computer computer = LookAround(invocation);
   const std::string& folder = invocation.environment.settingsFolder;
   Findings findings = {Versions(computer)};
   for (Finding& finding : UsbFindings(computer, invocation)) findings.push_back(std::move(finding));

@@ -33,11 +33,16 @@ struct Environment {
   platform::Clock& clock;
   platform::Network& network;
   platform::DeviceLocks& locks;
-  std::function<platform::Computer()> lookAtComputer;
+  /// Given the paths of the controllers that are plugged in.
+  std::function<platform::Computer(const std::vector<std::string>&)> lookAtComputer;
   std::string settingsFolder;
   std::function<void()> watchInterrupts;  // called before a device is touched
   std::function<bool()> isInterrupted;
   Terminal terminal;
+  /// Has the user edit a file in an editor of choice; false when that failed.
+  std::function<bool(const std::string& path)> edit = [](const std::string&) { return false; };
+  /// A variable of the user's environment; empty when it is not set.
+  std::function<std::string(const char*)> variable = [](const char*) { return std::string(); };
 };
 
 /// The options that every command takes.

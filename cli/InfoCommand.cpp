@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // info
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 
@@ -87,13 +88,21 @@ void PrintInfo(const TCBase::Program& program, Invocation& invocation) {
   }
 }
 
+bool HasRemarks(const TCBase::Program& program) {
+  return !TCBase::RemarksOn(program).empty() ||
+         std::ranges::any_of(program.modes,
+                             [](const TCBase::Mode& mode) { return !TCBase::RemarksOn(mode).empty(); });
+}
+
 }  // namespace
 
 Runner DefineInfo(CLI::App& parser) {
   const auto path = std::make_shared<std::string>();
   const auto asJson = std::make_shared<bool>(false);
+  const auto isStrict = std::make_shared<bool>(false);
   AddFile(parser, *path);
   parser.add_flag("--json", *asJson, "Answer as JSON");
+  parser.add_flag("--strict", *isStrict, "End with status 1 when something is remarked on");
   return [=](Invocation& invocation) {
     const TCBase::Program program = Load(*path, invocation);
     if (*asJson) {
@@ -101,7 +110,7 @@ Runner DefineInfo(CLI::App& parser) {
     } else {
       PrintInfo(program, invocation);
     }
-    return Done;
+    return *isStrict && HasRemarks(program) ? DeviceFailed : Done;
   };
 }
 

@@ -107,10 +107,8 @@ ExitStatus RunPackets(const PacketsOptions& options, Invocation& invocation) {
 Runner DefinePackets(CLI::App& parser) {
   const auto options = std::make_shared<PacketsOptions>();
   AddFile(parser, options->path);
-  parser.add_option("--model", options->model, "The controller: tc420, tc421-usb or tc421-net")
-      ->required()
-      ->type_name("MODEL")
-      ->check(CLI::IsMember({TC420Model, UsbModel, NetworkModel}));
+  TakeWord(*parser.add_option("--model", options->model, "The controller")->required(),
+           {TC420Model, UsbModel, NetworkModel});
   parser
       .add_option("--identity", options->identity,
                   "The controller's identity in the packets for tc421-net, of 12 bytes; else none")

@@ -6,6 +6,7 @@
 #include <numeric>
 
 #include "QorLib/Format.h"
+#include "cli/ArgumentFault.h"
 #include "cli/ExitStatus.h"
 #include "model/ModeSample.h"
 
@@ -68,7 +69,12 @@ void Report(const TCBase::EditResult& result, std::size_t index, const TCBase::M
         WrongUsage,
         {"{1} was not written", {out}, {{"mode {1}, '{2}'", {index + 1, mode.name}}, result.status}});
   }
-  if (result.status) invocation.printer.Log().Message(result.status);
+  if (result.status) ReportOn(index, mode, result.status, invocation);
+}
+
+void ReportOn(std::size_t index, const TCBase::Mode& mode, const qor::Sentence& sentence,
+              Invocation& invocation) {
+  invocation.printer.Log().Message({"Mode {1}, '{2}'", {index + 1, mode.name}, {sentence}});
 }
 
 int SecondOf(std::string_view time) {
@@ -94,16 +100,28 @@ int SecondOf(std::string_view time) {
   return parts == 2 ? second * 60 : second;
 }
 
-std::function<std::string(const std::string&)> CheckNumber(int most) {
-  return [most](const std::string& text) {
+std::function<std::string(const std::string&)> CheckNumber(int least, int most) {
+  return [=](const std::string& text) {
     int number = 0;
     const char* end = text.data() + text.size();
     const auto [next, failed] = std::from_chars(text.data(), end, number);
-    const bool isPlain = failed == std::errc{} && next == end && text[0] != '0';
-    if (isPlain && number >= 1 && number <= most) return std::string();
+    const bool isPlain = failed == std::errc{} && next == end && (text[0] != '0' || text.size() == 1);
+    if (isPlain && number >= least && number <= most) return std::string();
     const std::string range = most == MostModes ? "" : " to " + std::to_string(most);
-    return qor::Format("'{1}' is no number from 1{2}", {text, range});
+    return qor::Format("'{1}' is no number from {2}{3}", {text, least, range});
   };
+}
+
+void TakeWord(CLI::Option& option, const std::vector<std::string>& words) {
+  std::string value, list;
+  for (const std::string& word : words) {
+    value += (value.empty() ? "" : "|") + word;
+    list += (list.empty() ? "" : word == words.back() ? " or " : ", ") + word;
+  }
+  option.type_name(value)->check([words, list](const std::string& word) {
+    if (std::ranges::find(words, word) != words.end()) return std::string();
+    return qor::Format("'{1}' is not {2}{3}", {word, list, DidYouMean(word, words)});
+  });
 }
 
 std::string CheckPath(const std::string& path) {
@@ -111,26 +129,43 @@ std::string CheckPath(const std::string& path) {
 }
 
 void AddFile(CLI::App& parser, std::string& path) {
-  parser.add_option("FILE", path, "The program file")->required()->type_name("")->check(CheckPath);
-}
-
-CLI::Option* AddOutput(CLI::App& parser, std::string& path) {
-  return parser.add_option("-o", path, "The file to write, which may be FILE itself")
-      ->type_name("OUT")
+  parser.add_option("FILE", path, "The program file; - is standard input")
+      ->required()
+      ->type_name("PROGRAM")
       ->check(CheckPath);
 }
 
-CLI::Option* AddMode(CLI::App& parser, int& number) {
-  return parser.add_option("--mode", number, "The mode")
+void AddForce(CLI::App& parser, Output& output) {
+  parser.add_flag("--force", output.isForced, "Replace an existing file without asking");
+}
+
+void AddOutput(CLI::App& parser, Output& output, const std::string& what) {
+  parser.add_option("-o,--output", output.path, what + "; - is standard output")
       ->required()
+      ->type_name("OUT")
+      ->check(CheckPath);
+  AddForce(parser, output);
+}
+
+void AddEditOutput(CLI::App& parser, Output& output) {
+  parser.add_option("-o,--output", output.path, "The program file to write; - is standard output")
+      ->type_name("PROGRAM")
+      ->check(CheckPath);
+  parser.add_flag("-i,--in-place", output.isInPlace, "Change FILE itself");
+  AddForce(parser, output);
+}
+
+void AddMode(CLI::App& parser, int& number) {
+  number = 1;
+  parser.add_option("-m,--mode", number, "The mode; the first one unless told otherwise")
       ->type_name("N")
-      ->check(CheckNumber(MostModes));
+      ->check(CheckNumber(1, MostModes));
 }
 
 void AddModes(CLI::App& parser, std::vector<int>& numbers) {
-  parser.add_option("--mode", numbers, "Only this mode; may be given several times")
+  parser.add_option("-m,--mode", numbers, "Only this mode; may be given several times")
       ->type_name("N")
-      ->check(CheckNumber(MostModes))
+      ->check(CheckNumber(1, MostModes))
       ->expected(1)
       ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
 }

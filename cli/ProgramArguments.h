@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "cli/LogPrinter.h"
+#include "cli/ProgramFiles.h"
 #include "model/Editing.h"
 #include "model/Program.h"
 
@@ -26,21 +27,30 @@ void WarnOfLongModes(const TCBase::Program::ModeListView& modes, LogPrinter& pri
 /// Logs what an edit of the mode at `index` says. Throws where it was refused: `out` is not to be written.
 void Report(const TCBase::EditResult& result, std::size_t index, const TCBase::Mode& mode,
             const std::string& out, Invocation& invocation);
+/// Logs a sentence on the mode at `index`.
+void ReportOn(std::size_t index, const TCBase::Mode& mode, const qor::Sentence& sentence,
+              Invocation& invocation);
 
 /// The second of the day that "HH:MM" or "HH:MM:SS" names.
 int SecondOf(std::string_view time);
 
-/// What makes sure of a whole number from 1 to `most`, in plain decimal digits.
-std::function<std::string(const std::string&)> CheckNumber(int most);
+/// What makes sure of a whole number from `least` to `most`, in plain decimal digits.
+std::function<std::string(const std::string&)> CheckNumber(int least, int most);
+/// Has the option take one of those words only.
+void TakeWord(CLI::Option& option, const std::vector<std::string>& words);
 /// What is wrong with a text as the name of a file; empty when nothing is.
 std::string CheckPath(const std::string& path);
 
 /// Adds the argument FILE.
 void AddFile(CLI::App& parser, std::string& path);
-/// Adds "-o OUT".
-CLI::Option* AddOutput(CLI::App& parser, std::string& path);
-/// Adds "--mode N", for one mode that must be given.
-CLI::Option* AddMode(CLI::App& parser, int& number);
+/// Adds "--force".
+void AddForce(CLI::App& parser, Output& output);
+/// Adds "-o OUT" and "--force", to a command that makes another file; `what` describes that.
+void AddOutput(CLI::App& parser, Output& output, const std::string& what);
+/// Adds "-o OUT", "-i" and "--force", to a command that edits a program.
+void AddEditOutput(CLI::App& parser, Output& output);
+/// Adds "--mode N" for one mode, which is the first unless told otherwise.
+void AddMode(CLI::App& parser, int& number);
 /// Adds "--mode N", which may be given several times.
 void AddModes(CLI::App& parser, std::vector<int>& numbers);
 

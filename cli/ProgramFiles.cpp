@@ -1,43 +1,116 @@
 // SPDX-License-Identifier: MIT
 #include "cli/ProgramFiles.h"
 
+#include <istream>
+#include <ostream>
+
+#include "QorLib/Exceptions.h"
+#include "QorLib/qor_win_str_utils.h"
+#include "QorLib/xml/reader.h"
 #include "cli/ExitStatus.h"
 #include "cli/LogPrinter.h"
+#include "cli/Question.h"
+#include "formats/FileBytes.h"
 #include "model/Presets.h"
 #include "platform/Files.h"
 
 namespace cli {
 namespace {
 
+constexpr std::size_t MaxTextBytes = std::size_t{1} << 20;
+
+/// All of standard input, but at most `limit` + 1 bytes.
+std::string ReadStandardInput(std::size_t limit, std::istream& in) {
+  constexpr std::size_t BlockBytes = std::size_t{1} << 16;
+  std::string bytes;
+  while (in && bytes.size() <= limit) {
+    const std::size_t start = bytes.size();
+    bytes.resize(std::min(start + BlockBytes, limit + 1));
+    in.read(bytes.data() + start, static_cast<std::streamsize>(bytes.size() - start));
+    bytes.resize(start + static_cast<std::size_t>(in.gcount()));
+  }
+  return bytes;
+}
+
 /// Says what a file of one mode does not take of the program.
 void WarnOfLoss(const TCBase::FileFormat& format, const TCBase::Program& program, const TCBase::Mode& mode,
-                const std::string& path, Invocation& invocation) {
-  const auto warn = [&](const qor::Sentence& loss) { invocation.printer.Warn(qor::About(path, loss)); };
+                const std::string& name, Invocation& invocation) {
+  const auto warn = [&](const qor::Sentence& loss) { invocation.printer.Warn(qor::About(name, loss)); };
   if (program.modes.size() > 1) {
     warn({"only the mode '{1}' is written, since {2} files hold one (see --mode)", {mode.name, format.name}});
   }
   for (const qor::Sentence& loss : TCBase::LossesOf(format, mode)) warn(loss);
 }
 
+/// Whether the file holds a program of the format, or nothing at all.
+bool MayBecomeProgram(const std::string& path, const TCBase::FileFormat& format) {
+  std::string start;
+  if (!format.IsRead() || (!platform::ReadWholeFile(path, 0, start) && start.empty())) return true;
+  TCBase::Program program;
+  TCBase::Mode mode;
+  return format.IsOfOneMode() ? TCBase::ReadMode(format, path, mode).isImported
+                              : TCBase::ReadWholeProgram(path, program).isImported;
+}
+
 }  // namespace
 
-std::string KnownEndings(bool areRead) {
+std::string NameOf(const std::string& path, const Invocation& invocation) {
+  return IsStandardStream(path) ? invocation.Text({"standard input", {}}) : path;
+}
+
+void CheckEnding(const std::string& path, bool isRead) {
+  if (TCBase::FormatOf(path) != nullptr) return;
   std::string endings;
   for (const TCBase::FileFormat& format : TCBase::FileFormats()) {
-    if (format.IsRead() || !areRead) endings += (endings.empty() ? "" : ", ") + std::string(format.ending);
+    if (format.IsRead() || !isRead) endings += (endings.empty() ? "" : ", ") + std::string(format.ending);
   }
-  return endings;
+  throw CommandError(WrongUsage, {"{1} does not end in {2}", {path, endings}});
+}
+
+const TCBase::FileFormat& FormatIn(const std::string& path) {
+  const TCBase::FileFormat* format = TCBase::FormatOf(path);
+  return format != nullptr ? *format : TCBase::FileFormats()[0];
 }
 
 TCBase::Program Load(const std::string& path, Invocation& invocation) {
+  return Load(path, FormatIn(path), invocation);
+}
+
+TCBase::Program Load(const std::string& path, const TCBase::FileFormat& format, Invocation& invocation) {
   CheckIsNoLog(path, invocation);
-  const TCBase::FileFormat* format = TCBase::FormatOf(path);
+  const std::string name = NameOf(path, invocation);
   TCBase::Program program;
-  if (format != nullptr && format->IsOfOneMode()) program = TCBase::NewProgram(invocation.texts.Translator());
-  const TCBase::ImportResult result = TCBase::ReadAnyFile(path, program);
+  if (format.IsOfOneMode()) program = TCBase::NewProgram(invocation.texts.Translator());
+  std::string bytes;
+  try {
+    constexpr std::size_t Most = qor::xml::reader::MaxBytes;
+    bytes = IsStandardStream(path) ? ReadStandardInput(Most, invocation.environment.in)
+                                   : TCBase::ReadFileBytes(path, Most);
+  } catch (const qor::win::xsystem& failed) {
+    throw CommandError(FileFailed, {"Error loading program {1}", {name}, {failed.Reason()}});
+  }
+  const TCBase::ImportResult result = TCBase::ReadAnyBytes(format, std::move(bytes), name, program);
   if (!result.isImported) throw CommandError(FileFailed, result.message);
-  if (result.message) invocation.printer.Warn(qor::About(path, result.message));
+  if (result.message) invocation.printer.Warn(qor::About(name, result.message));
   return program;
+}
+
+std::string LoadText(const std::string& path, Invocation& invocation) {
+  const std::string name = NameOf(path, invocation);
+  std::string text;
+  try {
+    text = IsStandardStream(path) ? ReadStandardInput(MaxTextBytes, invocation.environment.in)
+                                  : TCBase::ReadFileBytes(path, MaxTextBytes);
+  } catch (const qor::win::xsystem& failed) {
+    throw CommandError(FileFailed, {"{1} could not be read", {name}, {failed.Reason()}});
+  }
+  if (text.size() > MaxTextBytes) {
+    throw CommandError(FileFailed, {"{1} is larger than {2} MiB", {name, MaxTextBytes >> 20}});
+  }
+  if (qor::win::FindBrokenUtf8(text) != std::string::npos || text.find('\0') != std::string::npos) {
+    throw CommandError(FileFailed, {"{1} is no UTF-8 text; save it as such", {name}});
+  }
+  return text;
 }
 
 void CheckIsNoLog(const std::string& path, const Invocation& invocation) {
@@ -46,31 +119,104 @@ void CheckIsNoLog(const std::string& path, const Invocation& invocation) {
   throw CommandError(FileFailed, {"{1} is the log file; give --log another one", {path}});
 }
 
-void CheckIsAnother(const std::string& input, const std::string& output) {
-  if (platform::IsSameFile(input, output)) {
-    throw CommandError(FileFailed, {"{1} is the file that is read; give another one to write", {output}});
+void CheckOutput(const std::string& input, const Output& output, Invocation& invocation) {
+  const std::string& path = output.path;
+  if (IsStandardStream(path)) {
+    invocation.printer.KeepStandardOutputFree();
+    return;
+  }
+  CheckIsNoLog(path, invocation);
+  if (platform::IsSameFile(input, path)) {
+    throw CommandError(FileFailed, {"{1} is the file that is read; give another one to write", {path}});
+  }
+  if (!platform::IsFile(path) || output.isForced) return;
+  if (!invocation.environment.terminal.isInput) {
+    throw CommandError(FileFailed, {"{1} exists; add --force to replace it, or give another name", {path}});
+  }
+  if (!IsConfirmed({"{1} exists. Replace it?", {path}}, invocation)) {
+    throw CommandError(Interrupted, {"nothing was written", {}});
   }
 }
 
-void CheckOutput(const std::string& input, const std::string& output, const Invocation& invocation) {
-  CheckIsNoLog(output, invocation);
-  const TCBase::FileFormat* format = TCBase::FormatOf(output);
-  if (format == nullptr) {
-    throw CommandError(WrongUsage, {"{1} does not end in {2}", {output, KnownEndings(false)}});
+void CheckProgramOutput(const std::string& input, Output& output, Invocation& invocation) {
+  if (output.isInPlace) {
+    if (!output.path.empty()) {
+      throw CommandError(WrongUsage, {"-i changes {1} itself; give either that or -o", {input}});
+    }
+    if (IsStandardStream(input)) {
+      throw CommandError(WrongUsage, {"standard input cannot be changed in place; give -o", {}});
+    }
+    output.path = input;
+  } else if (output.path.empty()) {
+    throw CommandError(WrongUsage,
+                       {"give the file to write with -o OUT, or -i to change {1} itself", {input}});
   }
-  // What says no format is read as a whole program.
-  const TCBase::FileFormat* read = TCBase::FormatOf(input);
-  if (format != (read != nullptr ? read : &TCBase::FileFormats()[0])) CheckIsAnother(input, output);
+  if (!IsStandardStream(output.path) && !output.isInPlace) CheckEnding(output.path, false);
+  CheckProgramOutput(input, output, FormatIn(output.path), invocation);
+}
+
+void CheckProgramOutput(const std::string& input, const Output& output, const TCBase::FileFormat& format,
+                        Invocation& invocation) {
+  const std::string& path = output.path;
+  const bool isInput = platform::IsSameFile(input, path);
+  if (isInput && &format == &FormatIn(input)) {
+    CheckIsNoLog(path, invocation);
+    return;
+  }
+  if (!isInput && platform::IsFile(path) && !MayBecomeProgram(path, format)) {
+    throw CommandError(FileFailed, {"{1} exists and is no {2} program; remove it first, or give another name",
+                                    {path, format.name}});
+  }
+  CheckOutput(input, output, invocation);
+}
+
+bool CheckTextEdit(const std::string& input, const std::string& text, Output& output,
+                   Invocation& invocation) {
+  if (text.empty()) {
+    if (output.path.empty() && !output.isInPlace) return false;
+    throw CommandError(WrongUsage, {"there is nothing to write: -o and -i go with a text that is read", {}});
+  }
+  if (IsStandardStream(input) && IsStandardStream(text)) {
+    throw CommandError(WrongUsage, {"standard input cannot be both the program and the text", {}});
+  }
+  if (platform::IsSameFile(text, output.path)) {
+    throw CommandError(FileFailed, {"{1} is the file that is read; give another one to write", {text}});
+  }
+  CheckProgramOutput(input, output, invocation);
+  return true;
 }
 
 void Save(const TCBase::Program& program, std::size_t mode, const std::string& path, Invocation& invocation) {
-  CheckIsNoLog(path, invocation);
-  const TCBase::FileFormat* format = TCBase::FormatOf(path);
-  const bool isOfOneMode = format != nullptr && format->IsOfOneMode();
-  if (isOfOneMode) WarnOfLoss(*format, program, program.modes[mode], path, invocation);
-  const qor::Sentence failure = isOfOneMode ? TCBase::WriteMode(*format, program.modes[mode], path)
+  Save(program, mode, path, FormatIn(path), invocation);
+}
+
+void Save(const TCBase::Program& program, std::size_t mode, const std::string& path,
+          const TCBase::FileFormat& format, Invocation& invocation) {
+  const bool isOfOneMode = format.IsOfOneMode();
+  if (isOfOneMode) WarnOfLoss(format, program, program.modes[mode], path, invocation);
+  if (IsStandardStream(path)) {
+    const qor::Sentence refusal =
+        isOfOneMode ? TCBase::RefusalOf(format, program.modes[mode]) : qor::Sentence();
+    if (refusal) throw CommandError(FileFailed, refusal);
+    SaveBytes(TCBase::BytesOf(format, program, mode), path, invocation);
+    return;
+  }
+  const qor::Sentence failure = isOfOneMode ? TCBase::WriteMode(format, program.modes[mode], path)
                                             : TCBase::WriteWholeProgram(program, path);
   if (failure) throw CommandError(FileFailed, failure);
+}
+
+void SaveBytes(const std::string& bytes, const std::string& path, Invocation& invocation) {
+  if (IsStandardStream(path)) {
+    invocation.environment.out << bytes << std::flush;
+    return;
+  }
+  CheckIsNoLog(path, invocation);
+  try {
+    TCBase::ReplaceFileBytes(path, bytes);
+  } catch (const qor::win::xsystem& failed) {
+    throw CommandError(FileFailed, {"{1} could not be written", {path}, {failed.Reason()}});
+  }
 }
 
 }  // namespace cli

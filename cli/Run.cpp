@@ -1,47 +1,37 @@
 // SPDX-License-Identifier: MIT
 #include "cli/Run.h"
 
-#include <algorithm>
 #include <exception>
 #include <new>
 #include <ostream>
 
 #include "QorLib/Exceptions.h"
-#include "QorLib/Format.h"
+#include "cli/ArgumentFault.h"
 #include "cli/Commands.h"
+#include "cli/Help.h"
 #include "cli/LogPrinter.h"
 #include "formats/Settings.h"
 
 namespace cli {
 namespace {
 
-constexpr const char* Version = HALVEX_VERSION;
-
-constexpr const char* Footer =
-    "Program files end in .xml; .tmf and .lmf files are read as programs of one mode, too.\n"
-    "Devices: emulator, tc420, tc421 (on the USB), tc421@ADDRESS[,IDENTITY] (on the network).\n"
-    "Modes and channels count from 1.\n"
-    "Exit status: 0 done; 1 a device refused or could not be reached; 2 wrong usage; 3 a file could not be\n"
-    "read or written; 4 nothing found; 5 more than one device fits; 6 no permission, or the device or UDP\n"
-    "port 5000 in use by another program; 130 interrupted after the device was left in order.";
-
 /// A parser for all commands; the chosen command's runner is stored in `chosen`.
 void Define(CLI::App& parser, CommonOptions& options, Runner& chosen) {
   parser.name("halvex");
-  parser.set_version_flag("--version", std::string("halvex ") + Version, "Print the version and exit");
+  parser.set_version_flag("-v,--version", std::string("halvex ") + HALVEX_VERSION,
+                          "Print the version and exit");
+  parser.set_help_flag("-h,--help", "Print this help and exit");
   parser.require_subcommand(1);
   parser.fallthrough();
-  parser.footer(Footer);
-  parser.get_formatter()->column_width(34);
-  parser.add_flag("--quiet", options.quiet, "No log lines on standard output");
-  parser.add_flag("--trace", options.trace, "The communication trace on standard error");
-  parser.add_option("--log", options.logFile, "Append all log lines to a file")->type_name("FILE");
-  parser
-      .add_option("--lang", options.language, "The language of messages and of new texts, such as de or en")
+  parser.add_flag("-q,--quiet", options.quiet, "Print nothing when all goes well, but the result");
+  parser.add_flag("--trace", options.trace, "Print what goes to controllers and comes back");
+  parser.add_option("--log", options.logFile, "Append all lines to a file, too")->type_name("FILE");
+  parser.add_option("--lang", options.language, "The language of messages and new texts, such as de")
       ->type_name("ID");
   for (const Command& command : Commands()) {
     CLI::App& subcommand = *parser.add_subcommand(command.name, command.summary);
     subcommand.fallthrough();
+    subcommand.footer(command.examples);
     subcommand.parse_complete_callback([runner = command.define(subcommand), &chosen] { chosen = runner; });
   }
 }
@@ -51,38 +41,44 @@ int Complain(Environment& environment, const std::string& text, ExitStatus statu
   return status;
 }
 
-/// The first argument where a command belongs, if it is none.
-std::string UnknownCommand(const std::vector<std::string>& arguments) {
+/// The first argument where a command belongs; empty when there is none.
+std::string CommandIn(const std::vector<std::string>& arguments) {
   auto argument = arguments.begin();
   while (argument != arguments.end() && argument->starts_with('-')) {
     const bool takesValue = *argument == "--log" || *argument == "--lang";
     argument += takesValue && argument + 1 != arguments.end() ? 2 : 1;
   }
-  if (argument == arguments.end()) return {};
-  const std::span<const Command> commands = Commands();
-  const bool isKnown = std::any_of(commands.begin(), commands.end(),
-                                   [&](const Command& command) { return command.name == *argument; });
-  return isKnown ? "" : *argument;
+  return argument == arguments.end() ? "" : *argument;
 }
 
-/// Makes the language current that was asked for, or else the one in the settings.
-void ChooseLanguage(const std::string& asked, const std::string& settingsFolder,
-                    TCBase::Localisation& texts) {
+/// What the user's environment says of languages: of these variables the first that is set (POSIX, 8.2).
+std::string LanguageOfEnvironment(const Environment& environment) {
+  for (const char* variable : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    if (std::string language = environment.variable(variable); !language.empty()) return language;
+  }
+  return {};
+}
+
+/// Makes the language current that was asked for, or else the one in the settings or in the environment.
+void ChooseLanguage(const std::string& asked, const Environment& environment, TCBase::Localisation& texts) {
   if (asked.empty()) {
     qor::Log unused([] { return qor::TimeOfDay{}; });  // reading settings logs nothing
-    texts.SetLanguage(TCBase::Settings(settingsFolder, unused).Get(TCBase::SettingLocale));
+    const std::string kept = TCBase::Settings(environment.settingsFolder, unused).Get(TCBase::SettingLocale);
+    texts.SetLanguage(texts.FindLanguage(kept.empty() ? LanguageOfEnvironment(environment) : kept));
     return;
   }
-  texts.SetLanguage(asked);
-  if (texts.CurrentLanguage() == asked) return;
-  std::string known(TCBase::EnglishId);
-  for (const TCBase::StringTable::Language& language : texts.Languages()) known += ", " + language.id;
-  throw CommandError(WrongUsage, {"there is no language '{1}'; languages are {2}", {asked, known}});
+  const std::string found = texts.FindLanguage(asked);
+  if (found.empty()) {
+    std::string known(TCBase::EnglishId);
+    for (const TCBase::StringTable::Language& language : texts.Languages()) known += ", " + language.id;
+    throw CommandError(WrongUsage, {"there is no language '{1}'; languages are {2}", {asked, known}});
+  }
+  texts.SetLanguage(found);
 }
 
 ExitStatus RunCommand(const Runner& chosen, const CommonOptions& options, TCBase::Localisation& texts,
                       Environment& environment) {
-  ChooseLanguage(options.language, environment.settingsFolder, texts);
+  ChooseLanguage(options.language, environment, texts);
   LogPrinter printer(environment, options, texts.Translator());
   Invocation invocation{environment, texts, printer, options};
   try {
@@ -102,17 +98,25 @@ int Run(const std::vector<std::string>& arguments, Environment& environment) {
   CommonOptions options;
   Runner chosen;
   Define(parser, options, chosen);
-  if (const std::string unknown = UnknownCommand(arguments); !unknown.empty()) {
-    return Complain(environment, qor::Format("there is no command '{1}' (see halvex --help)", {unknown}),
-                    WrongUsage);
+  if (arguments.empty()) {
+    environment.out << ProgramHelp(parser);
+    return Done;
+  }
+  if (const std::string command = CommandIn(arguments); !command.empty()) {
+    const std::string fault = CommandFault(command);
+    if (!fault.empty()) return Complain(environment, fault, WrongUsage);
   }
   try {
     parser.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+  } catch (const CLI::CallForHelp&) {
+    const std::vector<CLI::App*> command = parser.get_subcommands();
+    environment.out << (command.empty() ? ProgramHelp(parser) : CommandHelp(*command.front()));
+    return Done;
   } catch (const CLI::Success& asked) {
     parser.exit(asked, environment.out, environment.err);
     return Done;
   } catch (const CLI::ParseError& failed) {
-    return Complain(environment, std::string(failed.what()) + " (see halvex --help)", WrongUsage);
+    return Complain(environment, ArgumentFault(parser, failed), WrongUsage);
   }
   TCBase::Localisation texts;
   try {

@@ -11,7 +11,13 @@
 namespace cli {
 namespace {
 
-ExitStatus Export(const std::string& path, Invocation& invocation) {
+ExitStatus Export(const Output& output, Invocation& invocation) {
+  const std::string& path = output.path;
+  CheckOutput({}, output, invocation);
+  if (IsStandardStream(path)) {
+    SaveBytes(invocation.texts.ExportText(), path, invocation);
+    return Done;
+  }
   const TCBase::ExportResult result = invocation.texts.Export(path);
   if (!result.isExported) throw CommandError(FileFailed, result.message);
   invocation.printer.Log().Message(result.message);
@@ -29,9 +35,12 @@ void ComplainOfLines(std::string text, LogPrinter& printer) {
 }
 
 ExitStatus Test(const std::string& path, Invocation& invocation) {
-  const TCBase::TranslationTest result = invocation.texts.Test(path);
+  CheckIsNoLog(path, invocation);
+  const TCBase::TranslationTest result =
+      IsStandardStream(path) ? invocation.texts.TestText(LoadText(path, invocation), NameOf(path, invocation))
+                             : invocation.texts.Test(path);
   for (const qor::Sentence& remark : result.remarks) {
-    invocation.printer.Complain(qor::About(path, remark));
+    invocation.printer.Complain(qor::About(NameOf(path, invocation), remark));
   }
   if (!result.isWhole) {
     ComplainOfLines(invocation.Text(result.message), invocation.printer);
@@ -44,17 +53,21 @@ ExitStatus Test(const std::string& path, Invocation& invocation) {
 }  // namespace
 
 Runner DefineTranslation(CLI::App& parser) {
-  const auto exported = std::make_shared<std::string>();
+  const auto output = std::make_shared<Output>();
   const auto tested = std::make_shared<std::string>();
-  CLI::Option_group& what = *parser.add_option_group("what");
-  what.add_option("--export", *exported, "Write all texts, with those marked that --lang lacks")
-      ->type_name("OUT")
-      ->check(CheckPath);
-  what.add_option("--test", *tested, "Check a translator's file")->type_name("FILE")->check(CheckPath);
-  what.require_option(1);
+  CLI::Option* exporting =
+      parser.add_option("--export", output->path, "Write all texts, with those marked that --lang lacks");
+  exporting->type_name("OUT")->check(CheckPath);
+  parser.add_option("--test", *tested, "Check a translator's file")
+      ->type_name("FILE")
+      ->check(CheckPath)
+      ->excludes(exporting);
+  AddForce(parser, *output);
   return [=](Invocation& invocation) {
-    CheckIsNoLog(tested->empty() ? *exported : *tested, invocation);
-    return tested->empty() ? Export(*exported, invocation) : Test(*tested, invocation);
+    if (tested->empty() && output->path.empty()) {
+      throw CommandError(WrongUsage, {"give --export OUT or --test FILE", {}});
+    }
+    return tested->empty() ? Export(*output, invocation) : Test(*tested, invocation);
   };
 }
 

@@ -20,6 +20,8 @@ constexpr const char* ForWhoeverSits =
 # "halvex udev-rule --group GROUP" one for a computer that nobody sits at. It belongs into /etc/udev/rules.d.
 )";
 
+constexpr const char* UsualGroup = "plugdev";  // which Debian has for this
+
 constexpr const char* ForGroup =
     R"(# SPDX-License-Identifier: MIT
 # Lets the members of the group {1}, and whoever sits at the computer, reach TC420 and TC421 controllers over USB.
@@ -44,15 +46,33 @@ std::string CheckGroup(const std::string& name) {
 
 }  // namespace
 
-std::string InstallRuleCommand() {
-  return std::string("halvex udev-rule | sudo tee /etc/udev/rules.d/") + UdevRuleName;
+std::string InstallRuleCommand(const platform::Computer& computer) {
+  const std::string group = computer.isRemote ? std::string(" --group ") + UsualGroup : "";
+  return "halvex udev-rule" + group + " | sudo tee /etc/udev/rules.d/" + UdevRuleName;
 }
 
-qor::Sentence AccessAdvice() {
-  return {
-      "on Linux, \"{1}\" gives you access once the controller is plugged in again (\"halvex doctor\" tells "
-      "more)",
-      {InstallRuleCommand()}};
+qor::Sentence AccessAdvice(const platform::Computer& computer) {
+  using platform::Computer;
+  if (!computer.hasUdev) return {"end the other program that has it", {}};
+  const bool isForGroup = !computer.deviceGroup.empty();
+  if (isForGroup && computer.inDeviceGroup == Computer::Membership::AfterLogin) {
+    return {"log out and in again: you have joined the group {1}, but not yet in this session",
+            {computer.deviceGroup}};
+  }
+  if (isForGroup && computer.inDeviceGroup == Computer::Membership::None) {
+    return {"the controller is for the group {1}: \"sudo adduser {2} {1}\", then log out and in again",
+            {computer.deviceGroup, computer.user}};
+  }
+  if (computer.isRemote) {
+    return {
+        "\"{1}\" and \"sudo adduser {2} {3}\" give you access over the network; then plug the controller "
+        "in again, and log in again",
+        {InstallRuleCommand(computer), computer.user, UsualGroup}};
+  }
+  if (!computer.udevRule.empty()) {
+    return {"plug the controller in again; the rule {1} is there", {computer.udevRule}};
+  }
+  return {"\"{1}\" gives you access once the controller is plugged in again", {InstallRuleCommand(computer)}};
 }
 
 std::string UdevRule(const std::string& group) {

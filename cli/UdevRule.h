@@ -4,6 +4,7 @@
 #include <string>
 
 #include "QorLib/Sentence.h"
+#include "platform/Computer.h"
 
 namespace cli {
 
@@ -14,10 +15,10 @@ inline constexpr const char* UdevRuleName = "71-halvex.rules";
 /// the name of a group, its members wherever they are.
 std::string UdevRule(const std::string& group);
 
-/// What helps Linux users who may not open a controller on the USB.
-qor::Sentence AccessAdvice();
+/// What helps a user who may not open a controller on the USB of that computer.
+qor::Sentence AccessAdvice(const platform::Computer& computer);
 
 /// The command that puts the rule in its place.
-std::string InstallRuleCommand();
+std::string InstallRuleCommand(const platform::Computer& computer);
 
 }  // namespace cli

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // wifi
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <ostream>
@@ -8,6 +9,7 @@
 #include "cli/DeviceArguments.h"
 #include "cli/DeviceJob.h"
 #include "cli/LogPrinter.h"
+#include "cli/ProgramArguments.h"
 #include "worker/WiFiJob.h"
 
 namespace cli {
@@ -17,12 +19,19 @@ using TCBase::WiFiFault;
 using TCBase::WiFiSettings;
 
 struct WiFiOptions {
-  std::string device;
+  DeviceOptions devices;
   std::string ssid;
   std::string security;
   std::optional<int> encryption;
   bool passwordFromInput = false;
 };
+
+/// What the number means that is sent; of the second one it is known, of the first it is the obvious guess.
+struct Security {
+  std::string_view name;
+  int number;
+};
+constexpr Security Securities[] = {{"open", WiFiSettings::Open}, {"wpa", 1}, {"wpa2", 2}, {"1", 1}, {"2", 2}};
 
 /// A line of standard input; from a terminal without showing it.
 std::string ReadPassword(Environment& environment) {
@@ -41,11 +50,12 @@ std::string ReadPassword(Environment& environment) {
   return password;
 }
 
-WiFiSettings SettingsOf(const WiFiOptions& options, Environment& environment) {
+/// All but the password.
+WiFiSettings SettingsOf(const WiFiOptions& options, const Environment& environment) {
   WiFiSettings settings;
   settings.ssid = options.ssid;
   settings.encryption = options.encryption.value_or(0);
-  settings.security = options.security == "open" ? WiFiSettings::Open : std::stoi(options.security);
+  settings.security = std::ranges::find(Securities, options.security, &Security::name)->number;
   const bool isOpen = settings.security == WiFiSettings::Open;
   if (isOpen && (options.passwordFromInput || options.encryption)) {
     throw CommandError(WrongUsage,
@@ -56,13 +66,12 @@ WiFiSettings SettingsOf(const WiFiOptions& options, Environment& environment) {
         WrongUsage,
         {"a protected network needs its password: add --password-stdin and give it on standard input", {}});
   }
-  if (!isOpen) settings.password = ReadPassword(environment);
   return settings;
 }
 
-void Check(const WiFiSettings& settings) {
+void Complain(WiFiFault found, const WiFiSettings& settings) {
   qor::Sentence fault;
-  switch (TCBase::FaultOf(settings)) {
+  switch (found) {
     case WiFiFault::None: return;
     case WiFiFault::NoName: fault = {"the network's name is empty", {}}; break;
     case WiFiFault::NoPassword: fault = {"the password is empty", {}}; break;
@@ -79,19 +88,34 @@ void Check(const WiFiSettings& settings) {
 }
 
 ExitStatus RunWiFi(const WiFiOptions& options, Invocation& invocation) {
-  const TCBase::DeviceInfo device = DeviceOf(options.device);
+  WiFiSettings settings = SettingsOf(options, invocation.environment);
+  const WiFiFault fault = TCBase::FaultOf(settings);
+  if (fault != WiFiFault::NoPassword) Complain(fault, settings);
+  const std::vector<TCBase::DeviceInfo> devices = DevicesOf(options.devices, invocation);
+  if (devices.size() > 1) throw CommandError(WrongUsage, {"one controller at a time can be set up", {}});
+  const TCBase::DeviceInfo& device = devices.front();
   if (!TCBase::IsTC421(device.kind)) {
     throw CommandError(WrongUsage,
-                       {"only a TC421 has Wi-Fi; devices are {1}", {"tc421, tc421@ADDRESS[,IDENTITY]"}});
+                       {"only a TC421 has Wi-Fi; name one with --device tc421, or its address", {}});
   }
-  const WiFiSettings settings = SettingsOf(options, invocation.environment);
-  Check(settings);
+  // The controller is there, so the password is asked for.
+  if (settings.security != WiFiSettings::Open) settings.password = ReadPassword(invocation.environment);
+  Complain(TCBase::FaultOf(settings), settings);
   TCBase::DeviceOutcome outcome{device, TCBase::DeviceOutcome::Stage::NotReached, {}};
-  const auto setUp = [&] { outcome = TCBase::SetupWiFi(device, settings, ContextOf(invocation)); };
+  const int wait = options.devices.waitSeconds;
+  const auto setUp = [&] { outcome = TCBase::SetupWiFi(device, settings, ContextOf(invocation, wait)); };
   // A name without its password would leave the controller in no network at all: it is finished in any case.
-  return RunJob({[&](TCBase::Worker& worker) { worker.Enqueue(setUp); },
-                 {"waiting for the controller, which needs all of it", {}}},
-                invocation, [&](TCBase::Worker&) { return std::vector{outcome}; });
+  const ExitStatus status = RunJob({[&](TCBase::Worker& worker) { worker.Enqueue(setUp); },
+                                    wait,
+                                    {"waiting for the controller, which needs all of it", {}}},
+                                   invocation, [&](TCBase::Worker&) { return std::vector{outcome}; });
+  if (status == Done) {
+    invocation.printer.Log().Message(
+        "The controller has the settings of {1}. Whether it could join, it does not say: look for it with "
+        "halvex devices --scan in a minute.",
+        {settings.ssid});
+  }
+  return status;
 }
 
 }  // namespace
@@ -99,21 +123,24 @@ ExitStatus RunWiFi(const WiFiOptions& options, Invocation& invocation) {
 Runner DefineWiFi(CLI::App& parser) {
   constexpr int MostEncryption = 255;  // a byte in the packet
   const auto options = std::make_shared<WiFiOptions>();
-  parser.add_option("--device", options->device, "The TC421: tc421 or tc421@ADDRESS[,IDENTITY]")
-      ->required()
-      ->type_name("D");
+  AddDevices(parser, options->devices);
   parser.add_option("--ssid", options->ssid, "The name of the network to join")
       ->required()
       ->type_name("NAME");
-  parser.add_option("--security", options->security, "How the network is protected: open, 1 or 2")
-      ->required()
-      ->type_name("S")
-      ->check(CLI::IsMember({"open", "1", "2"}));
+  std::vector<std::string> securities;
+  for (const Security& security : Securities) securities.emplace_back(security.name);
+  TakeWord(
+      *parser
+           .add_option("--security", options->security,
+                       "How the network is protected; open has no password, 1 and 2 are the numbers that "
+                       "are sent for wpa and wpa2")
+           ->required(),
+      securities);
   parser
       .add_option("--encryption", options->encryption,
                   "A number that goes along with a protected network's name; else 0")
       ->type_name("N")
-      ->check(CLI::Range(0, MostEncryption));
+      ->check(CheckNumber(0, MostEncryption));
   parser.add_flag("--password-stdin", options->passwordFromInput, "Read the password from standard input");
   return [options](Invocation& invocation) { return RunWiFi(*options, invocation); };
 }

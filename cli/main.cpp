@@ -19,12 +19,16 @@ int main(int argc, char** argv) {
                                platform::SystemClock(),
                                platform::SystemNetwork(),
                                platform::SystemDeviceLocks(),
-                               [] { return platform::LookAtComputer(cli::UdevRuleName); },
+                               [](const std::vector<std::string>& devices) {
+                                 return platform::LookAtComputer(cli::UdevRuleName, devices);
+                               },
                                platform::SettingsFolder(),
                                platform::WatchInterrupts,
                                platform::IsInterrupted,
                                {platform::IsInputTerminal(), platform::IsErrorTerminal(),
-                                platform::OpenKeyboard, platform::ReadHiddenLine}};
+                                platform::OpenKeyboard, platform::ReadHiddenLine},
+                               platform::RunEditor,
+                               platform::Variable};
   int status = cli::Run(arguments, environment);
   hid_exit();
   std::cout.flush();

@@ -3,7 +3,22 @@
 
 namespace TCBase {
 
+bool WaitsFor(const OpenFailure& failure, const DeviceContext& context) {
+  constexpr std::uint32_t PauseMilliseconds = 200;
+  if (failure.denial != Denial::InUse || !context.mayWait()) return false;
+  context.clock.Sleep(PauseMilliseconds);
+  return true;
+}
+
 bool DeviceBase::OpenAlone(const std::string& lockName) {
+  while (!TryOpenAlone(lockName)) {
+    if (!WaitsFor(openFault_, context_)) return false;
+  }
+  return true;
+}
+
+bool DeviceBase::TryOpenAlone(const std::string& lockName) {
+  lock_.reset();
   if (context_.locks != nullptr && !lockName.empty()) {
     lock_ = context_.locks->TryTake(lockName);
     if (lock_ == nullptr) {

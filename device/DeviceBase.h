@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "QorLib/Log.h"
@@ -22,6 +25,9 @@ struct DeviceContext {
   qor::Log& log;
   platform::Network& network;
   platform::DeviceLocks* locks = nullptr;  // null: no other program is kept from the devices
+  /// Asked again and again, from the worker's thread, while another program has a device or the UDP port:
+  /// whether to go on waiting for it.
+  std::function<bool()> mayWait = [] { return false; };
 };
 
 /// Who keeps a program from a device that is there.
@@ -32,6 +38,9 @@ struct OpenFailure {
   qor::Sentence text;  // empty when nothing is known
   Denial denial = Denial::None;
 };
+
+/// Waits a little where another program stands in the way and may soon be gone; whether to try again.
+bool WaitsFor(const OpenFailure& failure, const DeviceContext& context);
 
 /// A controller: opened once, used for one job's operations, closed by its destructor. Every operation
 /// blocks, reports failure by false and writes the communication trace; none throws. One thread at a time.
@@ -67,6 +76,11 @@ class DeviceBase {
   virtual bool DemoSetChannels(const int (&channels)[ChannelCount]);
   virtual bool DemoFinish();
 
+  /// Has that function told how far UploadMode is: with which step, from 1, of how many.
+  void OnProgress(std::function<void(std::size_t step, std::size_t steps)> told) {
+    onProgress_ = std::move(told);
+  }
+
   /// Why `Open` or `OpenAlone` failed, as far as the system tells.
   const OpenFailure& OpenFault() const { return openFault_; }
   /// How many transactions have failed since the device was made. Some operations go on after a failed packet
@@ -98,16 +112,23 @@ class DeviceBase {
   /// that may be silent. False when the answers do not end.
   bool ClearLine();
   SurplusAnswers& Surplus() { return surplus_; }
+  /// Told by the models how many of a mode's steps the controller has got.
+  void SetProgress(std::size_t step, std::size_t steps) const {
+    if (onProgress_) onProgress_(step, steps);
+  }
   /// Counts a transaction that failed; returns its result.
   bool Counted(bool succeeded);
 
  private:
+  bool TryOpenAlone(const std::string& lockName);
+
   DeviceContext context_;
   SurplusAnswers surplus_;
   std::unique_ptr<platform::DeviceLock> lock_;
   OpenFailure openFault_;
   int failedTransactions_ = 0;
   qor::Sentence lastFailure_;
+  std::function<void(std::size_t, std::size_t)> onProgress_;
 };
 
 }  // namespace TCBase

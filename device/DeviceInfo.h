@@ -18,13 +18,14 @@ inline constexpr std::string_view TC420DisplayName = "Orvanta 24";
 inline constexpr std::string_view TC421DisplayName = "Orvanta 24 Wi-Fi";
 inline constexpr std::string_view EmulatorDisplayName = "TC420_Emulator";
 
-/// How a controller shows on the USB.
+/// How a model shows on the USB.
 struct UsbId {
   std::uint16_t vendor;
   std::uint16_t product;
+  const char* model;
 };
-inline constexpr UsbId TC420UsbId = {0x0888, 0x4000};
-inline constexpr UsbId TC421UsbId = {0x0483, 0x5750};
+inline constexpr UsbId TC420UsbId = {0x0888, 0x4000, "TC420"};
+inline constexpr UsbId TC421UsbId = {0x0483, 0x5750, "TC421"};
 
 /// What a device list knows of a controller; copied into jobs.
 struct DeviceInfo {

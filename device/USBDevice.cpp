@@ -23,18 +23,29 @@ std::string LastErrorText(hid_device* handle) {
 }
 
 /// In plain words what can be told apart, with the system's behind them.
-OpenFailure FailureOf(const std::string& text) {
+OpenFailure FailureOf(const std::string& text, const UsbId& id) {
   const qor::Sentence system = qor::Verbatim(text);
   switch (platform::KindOfText(text)) {
     case platform::ErrorKind::AccessDenied:
       return {{"no permission to open it", {}, {system}}, Denial::NoPermission};
     case platform::ErrorKind::SharingViolation:
       return {{"in use by another program", {}, {system}}, Denial::InUse};
-    default: return {system};
+    default:
+      return PathsOnUsb(id).empty() ? OpenFailure{{"no {1} is plugged in", {id.model}}} : OpenFailure{system};
   }
 }
 
 }  // namespace
+
+std::vector<std::string> PathsOnUsb(const UsbId& id) {
+  hid_device_info* first = hid_enumerate(id.vendor, id.product);
+  std::vector<std::string> paths;
+  for (const hid_device_info* device = first; device != nullptr; device = device->next) {
+    paths.emplace_back(device->path != nullptr ? device->path : "");
+  }
+  hid_free_enumeration(first);
+  return paths;
+}
 
 USBDevice::~USBDevice() {
   if (handle_ != nullptr) hid_close(handle_);
@@ -47,7 +58,7 @@ bool USBDevice::Open() {
     const std::lock_guard lock(opening);
     handle_ = hid_open(id_.vendor, id_.product, nullptr);
     if (handle_ == nullptr) {
-      SetOpenFailure(FailureOf(LastErrorText(nullptr)));
+      SetOpenFailure(FailureOf(LastErrorText(nullptr), id_));
       return false;
     }
   }

@@ -8,6 +8,9 @@ struct hid_device_;
 
 namespace TCBase {
 
+/// The system's paths of the model's controllers that are plugged in. None is opened.
+std::vector<std::string> PathsOnUsb(const UsbId& id);
+
 /// A controller as a USB HID device (USB HID class definition 1.11): packets go out as reports of 65 bytes,
 /// the first the report id 0; replies come in as reports of 64 bytes.
 class USBDevice : public DeviceBase {

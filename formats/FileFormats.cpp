@@ -29,6 +29,19 @@ ImportResult FailedToLoad(const std::string& path, qor::Sentence reason) {
   return {false, {"Error loading program {1}", {path}, {std::move(reason)}}};
 }
 
+constexpr std::size_t MostBytes = qor::xml::reader::MaxBytes;
+
+ImportResult ImportMode(const FileFormat& format, std::string_view bytes, const std::string& name,
+                        Mode& mode) {
+  if (!format.IsRead()) return FailedToLoad(name, {"{1} files are written only", {format.name}});
+  if (bytes.size() > MostBytes) {
+    return FailedToLoad(name, {"the file is larger than {1} MiB", {MostBytes >> 20}});
+  }
+  mode = {BareName(name), "", {}};
+  ImportResult result = format.import(bytes, mode);
+  return result.isImported ? result : FailedToLoad(name, result.message);
+}
+
 bool HasJump(const Channel& channel) {
   return std::ranges::any_of(channel.steps, &Step::jump);
 }
@@ -61,14 +74,8 @@ std::string BareName(const std::string& path) {
 }
 
 ImportResult ReadMode(const FileFormat& format, const std::string& path, Mode& mode) {
-  if (!format.IsRead()) return FailedToLoad(path, {"{1} files are written only", {format.name}});
-  constexpr std::size_t Most = qor::xml::reader::MaxBytes;
   try {
-    const std::string bytes = ReadFileBytes(path, Most);
-    if (bytes.size() > Most) return FailedToLoad(path, {"the file is larger than {1} MiB", {Most >> 20}});
-    mode = {BareName(path), "", {}};
-    ImportResult result = format.import(bytes, mode);
-    return result.isImported ? result : FailedToLoad(path, result.message);
+    return ImportMode(format, ReadFileBytes(path, MostBytes), path, mode);
   } catch (const qor::win::xsystem& failed) {
     return FailedToLoad(path, failed.Reason());
   }
@@ -82,11 +89,22 @@ ImportResult ReadWholeProgram(const std::string& path, Program& program) {
 ImportResult ReadAnyFile(const std::string& path, Program& program) {
   const FileFormat* format = FormatOf(path);
   if (format == nullptr || !format->IsOfOneMode()) return ReadWholeProgram(path, program);
+  try {
+    return ReadAnyBytes(*format, ReadFileBytes(path, MostBytes), path, program);
+  } catch (const qor::win::xsystem& failed) {
+    return FailedToLoad(path, failed.Reason());
+  }
+}
+
+ImportResult ReadAnyBytes(const FileFormat& format, std::string bytes, const std::string& name,
+                          Program& program) {
+  if (!format.IsOfOneMode()) {
+    const auto failed = ReadProgram(std::move(bytes), program);
+    return failed ? FailedToLoad(name, failed->Told()) : ImportResult{true, {}};
+  }
   Mode mode;
-  ImportResult result = ReadMode(*format, path, mode);
-  if (!result.isImported) return result;
-  program.modes.clear();
-  program.modes.push_back(std::move(mode));
+  ImportResult result = ImportMode(format, bytes, name, mode);
+  if (result.isImported) program.modes = {std::move(mode)};
   return result;
 }
 
@@ -106,6 +124,10 @@ std::vector<qor::Sentence> LossesOf(const FileFormat& format, const Mode& mode) 
         {"the mode has {1} steps; a reader may take only the first {2}", {steps, format.mostSteps}});
   }
   return losses;
+}
+
+std::string BytesOf(const FileFormat& format, const Program& program, std::size_t mode) {
+  return format.IsOfOneMode() ? format.exported(program.modes[mode]) : WriteProgram(program);
 }
 
 qor::Sentence WriteMode(const FileFormat& format, const Mode& mode, const std::string& path) {

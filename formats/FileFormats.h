@@ -45,11 +45,16 @@ ImportResult ReadWholeProgram(const std::string& path, Program& program);
 /// Reads either of them, by the name; what says no format is a whole program. A single mode takes the place
 /// of the program's modes.
 ImportResult ReadAnyFile(const std::string& path, Program& program);
+/// The same with the bytes of a file of that format. `name` is what messages call it, and its mode.
+ImportResult ReadAnyBytes(const FileFormat& format, std::string bytes, const std::string& name,
+                          Program& program);
 
 /// Why the mode cannot be written in the format; nothing when it can.
 qor::Sentence RefusalOf(const FileFormat& format, const Mode& mode);
 /// What the format does not carry of the mode.
 std::vector<qor::Sentence> LossesOf(const FileFormat& format, const Mode& mode);
+/// The bytes of a file of the program, or of that mode of it; the mode must not be refused.
+std::string BytesOf(const FileFormat& format, const Program& program, std::size_t mode);
 /// Write files safely. They return why that failed, or nothing.
 qor::Sentence WriteMode(const FileFormat& format, const Mode& mode, const std::string& path);
 qor::Sentence WriteWholeProgram(const Program& program, const std::string& path);

@@ -49,6 +49,15 @@ std::string Localisation::CurrentLanguage() {
   return current_ ? table_.Languages()[*current_].id : std::string(EnglishId);
 }
 
+std::string Localisation::FindLanguage(std::string_view asked) {
+  std::string id(asked.substr(0, asked.find_first_of("_-.@")));
+  for (char& c : id) c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  if (id == "cs") id = "cz";  // ISO 639 has the language, the table the country
+  if (id == EnglishId) return id;
+  const std::lock_guard lock(mutex_);
+  return table_.LanguageIndex(id) ? id : "";
+}
+
 std::vector<qor::Sentence> Localisation::SetLanguage(std::string_view id) {
   const std::lock_guard lock(mutex_);
   current_ = table_.LanguageIndex(id);
@@ -59,14 +68,14 @@ std::vector<qor::Sentence> Localisation::SetLanguage(std::string_view id) {
   return report;
 }
 
+std::string Localisation::ExportText() {
+  const std::lock_guard lock(mutex_);
+  return table_.Write(current_);
+}
+
 ExportResult Localisation::Export(const std::string& path) {
   try {
-    std::string table;
-    {
-      const std::lock_guard lock(mutex_);
-      table = table_.Write(current_);
-    }
-    ReplaceFileBytes(path, table);
+    ReplaceFileBytes(path, ExportText());
     return {true, {"Localization file {1} exported successfully!", {path}}};
   } catch (const qor::win::xsystem& failed) {
     return {false, {"Error exporting localization file {1}!", {path}, {failed.Reason()}}};
@@ -74,14 +83,16 @@ ExportResult Localisation::Export(const std::string& path) {
 }
 
 TranslationTest Localisation::Test(const std::string& path) {
-  std::string bytes;
   try {
-    bytes = ReadFileBytes(path, MaxFileBytes);
+    return TestText(ReadFileBytes(path, MaxFileBytes), path);
   } catch (const qor::win::xsystem& failed) {
     return Unread(path, failed.Reason());
   }
+}
+
+TranslationTest Localisation::TestText(std::string bytes, const std::string& name) {
   if (bytes.size() > MaxFileBytes) {
-    return Unread(path, {"the file is larger than {1} MiB", {MaxFileBytes >> 20}});
+    return Unread(name, {"the file is larger than {1} MiB", {MaxFileBytes >> 20}});
   }
   const std::lock_guard lock(mutex_);
   StringTable::MergeResult merged = table_.Merge(std::move(bytes));
@@ -95,18 +106,18 @@ TranslationTest Localisation::Test(const std::string& path) {
          "Please try to open your XML file in your web browser to see the parsing error location.",
          {merged.failure.In(translate)}});
   }
-  if (merged.failure) return Refused({"{1} is no file of translations", {path}, {std::move(merged.failure)}});
+  if (merged.failure) return Refused({"{1} is no file of translations", {name}, {std::move(merged.failure)}});
   if (!merged.isWhole) {
     return {true,
             false,
             {"Invalid Translation File", {}},
-            {"Translation file {1} loaded in part, without what is faulty", {path}},
+            {"Translation file {1} loaded in part, without what is faulty", {name}},
             std::move(merged.remarks)};
   }
   return {true,
           true,
           {"Test localization XML", {}},
-          {"Translation file {1} loaded successfully!", {path}},
+          {"Translation file {1} loaded successfully!", {name}},
           std::move(merged.remarks)};
 }
 

@@ -52,15 +52,22 @@ class Localisation {
 
   /// "en" or the id of a language of the table.
   std::string CurrentLanguage();
+  /// The id of the language that is meant by an id, or by a locale such as "de_DE.UTF-8" or "cs"; empty when
+  /// there is none.
+  std::string FindLanguage(std::string_view asked);
   /// Makes a language current; an empty or unknown id is English. Returns what to report: one text, and a
   /// second one where the translator is known.
   std::vector<qor::Sentence> SetLanguage(std::string_view id);
 
-  /// Writes the table for translators into the current language, safely.
+  /// The table for translators into the current language.
+  std::string ExportText();
+  /// Writes it into a file, safely.
   ExportResult Export(const std::string& path);
 
   /// Merges a translator's file into the table, but for its faults, of which the remarks tell.
   TranslationTest Test(const std::string& path);
+  /// The same with the file's bytes; `name` is what messages call it.
+  TranslationTest TestText(std::string bytes, const std::string& name);
 
  private:
   std::mutex mutex_;  // guards the members below

@@ -6,38 +6,13 @@
 #include "QorLib/Format.h"
 #include "QorLib/ParseInteger.h"
 #include "QorLib/qor_win_str_utils.h"
+#include "formats/TextLines.h"
 #include "model/TimeText.h"
 
 namespace TCBase {
 namespace {
 
-constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";  // what some editors put before UTF-8 text
 constexpr std::string_view Separators = " \t:";
-
-/// Takes the text up to one of the separators off the front, and the separator.
-std::string_view TakeUntil(std::string_view separators, std::string_view& text) {
-  const std::size_t end = std::min(text.find_first_of(separators), text.size());
-  const std::string_view taken = text.substr(0, end);
-  text.remove_prefix(std::min(end + 1, text.size()));
-  return taken;
-}
-
-/// Takes a line off the front of a text that is not empty.
-std::string_view TakeLine(std::string_view& text) {
-  const std::size_t end = text.find_first_of("\r\n");
-  const bool isPair = end != std::string_view::npos && text.substr(end).starts_with("\r\n");
-  const std::string_view line = TakeUntil("\r\n", text);
-  if (isPair) text.remove_prefix(1);
-  return line;
-}
-
-std::vector<std::string_view> FieldsOf(std::string_view line) {
-  std::vector<std::string_view> fields;
-  while (!line.empty()) {
-    if (const std::string_view field = TakeUntil(Separators, line); !field.empty()) fields.push_back(field);
-  }
-  return fields;
-}
 
 /// The number at the start of a field, as the C library reads it, but saturating.
 std::int32_t NumberAt(std::string_view field) {
@@ -60,12 +35,6 @@ Step StepOf(const std::vector<std::string_view>& fields) {
             fields.size() == 4 && IsJump(fields[3]), 0};
   step.Clamp();
   return step;
-}
-
-/// Words of the text as a remark shows them.
-std::string Shown(std::string_view words) {
-  constexpr std::size_t Longest = 20;
-  return qor::win::WellFormedUtf8(words.substr(0, Longest)) + (words.size() > Longest ? "…" : "");
 }
 
 /// "2, 5, 7"; of many lines the first ones.
@@ -115,9 +84,9 @@ std::string WriteStepsText(const std::vector<Step>& steps) {
 StepsReading ReadStepsText(std::string_view text) {
   StepsReading reading;
   std::vector<std::size_t> skipped, withoutNumber;
-  if (text.starts_with(ByteOrderMark)) text.remove_prefix(ByteOrderMark.size());
+  text = WithoutByteOrderMark(text);
   for (std::size_t number = 1; !text.empty(); ++number) {
-    const std::vector<std::string_view> fields = FieldsOf(TakeLine(text));
+    const std::vector<std::string_view> fields = FieldsOf(TakeLine(text), Separators);
     if (fields.size() == 3 || fields.size() == 4) {
       reading.steps.push_back(StepOf(fields));
       if (std::all_of(fields.begin(), fields.begin() + 3, HasNumber)) {

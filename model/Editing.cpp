@@ -65,17 +65,19 @@ Step WithNewId(Step step) {
   return step;
 }
 
-/// Puts the steps, in order, in the place of the channel's, unless there come to be too many. Those that stay
-/// keep their ids.
-EditResult Put(Mode& mode, std::size_t channel, Channel edited) {
-  const std::vector<Step>& before = mode.channels[channel].steps;
+/// The channel, in order, with the ids of those of its steps that were there before.
+Channel WithKeptIds(Channel edited, const Channel& before) {
+  PutInOrder(edited);
   for (Step& step : edited.steps) {
     const auto kept =
-        std::ranges::find_if(before, [&step](const Step& other) { return IsSame(other, step); });
-    step = kept != before.end() ? *kept : WithNewId(step);
+        std::ranges::find_if(before.steps, [&step](const Step& other) { return IsSame(other, step); });
+    step = kept != before.steps.end() ? *kept : WithNewId(step);
   }
-  Mode changed = mode;
-  changed.channels[channel] = std::move(edited);
+  return edited;
+}
+
+/// Puts what it was changed to in the place of the mode, unless there come to be too many steps.
+EditResult Put(Mode& mode, Mode changed) {
   if (IsOverLimit(changed, mode)) return RefusedAtLimit();
   const bool isChanged = changed != mode;
   mode = std::move(changed);
@@ -198,26 +200,40 @@ EditResult AddSteps(Mode& mode, std::size_t channel, const std::vector<Step>& st
                     std::vector<Step>& added) {
   added.clear();
   if (channel >= ChannelCount || steps.empty()) return {};
-  const std::vector<Step> before = mode.channels[channel].steps;
+  const Channel before = mode.channels[channel];
   // The first of a minute stays: the last of the new steps, then the old one.
   Channel edited{{steps.rbegin(), steps.rend()}};
-  edited.steps.insert(edited.steps.end(), before.begin(), before.end());
-  PutInOrder(edited);
-  EditResult result = Put(mode, channel, std::move(edited));
+  edited.steps.insert(edited.steps.end(), before.steps.begin(), before.steps.end());
+  Mode changed = mode;
+  changed.channels[channel] = WithKeptIds(std::move(edited), before);
+  EditResult result = Put(mode, std::move(changed));
   if (result.isRefused) return result;
   if (!result.isChanged) return Unchanged("The channel has these steps already, nothing was added.");
   std::ranges::copy_if(mode.channels[channel].steps, std::back_inserter(added), [&before](const Step& step) {
-    return std::ranges::find(before, step) == before.end();
+    return std::ranges::find(before.steps, step) == before.steps.end();
   });
   return result;
 }
 
 EditResult ReplaceSteps(Mode& mode, std::size_t channel, const std::vector<Step>& steps) {
   if (channel >= ChannelCount) return {};
-  Channel edited{steps};
-  PutInOrder(edited);
+  Mode changed = mode;
+  Channel& edited = changed.channels[channel];
+  edited = WithKeptIds({steps}, mode.channels[channel]);
   if (edited.steps.size() < MinChannelSteps) return RefusedAtFewest();
-  return Put(mode, channel, std::move(edited));
+  return Put(mode, std::move(changed));
+}
+
+EditResult ReplaceAllSteps(Mode& mode, const std::array<std::vector<Step>, ChannelCount>& steps) {
+  Mode changed = mode;
+  for (std::size_t i = 0; i < ChannelCount; ++i) {
+    Channel& edited = changed.channels[i];
+    edited = WithKeptIds({steps[i]}, mode.channels[i]);
+    if (edited.steps.size() < MinChannelSteps) {
+      return {false, {"Channel {1}", {i + 1}, {RefusedAtFewest().status}}, true};
+    }
+  }
+  return Put(mode, std::move(changed));
 }
 
 void RenewIds(Channel& channel) {

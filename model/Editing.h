@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <optional>
 #include <vector>
@@ -63,6 +64,9 @@ EditResult AddSteps(Mode& mode, std::size_t channel, const std::vector<Step>& st
 /// Puts the steps in the place of the channel's: sorted, the first of each minute. Steps that were there,
 /// equal in all, keep their ids. Refused for fewer than 2 steps, and as AddSteps is.
 EditResult ReplaceSteps(Mode& mode, std::size_t channel, const std::vector<Step>& steps);
+
+/// The same for all channels at once.
+EditResult ReplaceAllSteps(Mode& mode, const std::array<std::vector<Step>, ChannelCount>& steps);
 
 /// Gives the channel's steps new ids: they are copies of others.
 void RenewIds(Channel& channel);

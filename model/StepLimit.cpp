@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "model/StepLimit.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "model/ModeSample.h"
@@ -40,17 +41,17 @@ RemovalCandidate FindRemovalCandidate(const Mode& mode) {
   return cheapest;
 }
 
-bool OptimiseMode(Mode& mode, qor::Log& log) {
-  if (StepCount(mode) <= MaxModeSteps) return true;
-  log.Message("Mode {1} has more than {2} steps, optimizing...", {mode.name, MaxModeSteps});
+bool OptimiseMode(Mode& mode, qor::Log& log, int most) {
+  if (StepCount(mode) <= most) return true;
+  log.Message("Mode {1} has more than {2} steps, optimizing...", {mode.name, most});
   StepThinner thinner(mode);
-  while (thinner.StepCount() > MaxModeSteps) {
+  while (thinner.StepCount() > most) {
     const RemovalCandidate candidate = thinner.Cheapest();
     if (!candidate) break;
     thinner.Remove(candidate);
   }
   thinner.PutBack();
-  if (thinner.StepCount() <= MaxModeSteps) return true;
+  if (thinner.StepCount() <= most) return true;
   log.Message("Unable to optimize mode {1}, please remove some steps.", {mode.name});
   return false;
 }
@@ -68,6 +69,18 @@ void RemoveRedundantSteps(Mode& mode) {
     thinner.Remove(next);
   }
   thinner.PutBack();
+}
+
+int GreatestDifference(const Mode& mode, const Mode& other) {
+  float greatest = 0;
+  for (std::size_t i = 0; i < ChannelCount; ++i) {
+    for (std::int64_t second = 0; second < SecondsPerDay;
+         second += 60) {  // between minutes light is straight
+      const float difference = mode.channels[i].ValueAt(second) - other.channels[i].ValueAt(second);
+      greatest = std::max(greatest, std::fabs(difference));
+    }
+  }
+  return static_cast<int>(std::ceil(greatest));
 }
 
 Mode ResampleAt30Minutes(const Mode& source) {

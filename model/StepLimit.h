@@ -27,15 +27,18 @@ int RemovalCost(const Channel& channel, std::size_t step);
 /// definition, quadratic in the number of steps; `StepThinner` finds the same ones faster.
 RemovalCandidate FindRemovalCandidate(const Mode& mode);
 
-/// Brings the mode to at most 48 steps. False, with the steps removed so far gone and a line in the log, when
-/// no channel can be thinned any more. n log n in the number of steps for channels in order.
-bool OptimiseMode(Mode& mode, qor::Log& log);
+/// Brings the mode to at most `most` steps. False, with the steps removed so far gone and a line in the log,
+/// when no channel can be thinned any more. n log n in the number of steps for channels in order.
+bool OptimiseMode(Mode& mode, qor::Log& log, int most = MaxModeSteps);
 
 /// Optimises the modes in order, up to and with the first that fails.
 bool OptimiseProgram(Program& program, qor::Log& log);
 
 /// Removes every step whose removal costs nothing.
 void RemoveRedundantSteps(Mode& mode);
+
+/// By how much of the full brightness the light of one differs from the other's at most, in whole percent.
+int GreatestDifference(const Mode& mode, const Mode& other);
 
 /// The source's name, description and, in each channel, its value at every half hour, without jumps.
 Mode ResampleAt30Minutes(const Mode& source);

@@ -17,12 +17,17 @@ struct Computer {
   std::string system;                    // its kind and version, such as "Linux 6.1.0-25-amd64"
   std::vector<NetworkAdapter> adapters;  // that are up, without the loop back to itself
   bool hasUdev = false;                  // whether udev decides on who may open controllers
-  std::string udevRule;                  // the file of the program's rule that counts; empty for none
+  std::string udevRule = {};             // the file of the program's rule that counts; empty for none
   bool isAdministrator = false;          // whether the user may open everything anyway
+  std::string user = {};                 // the user's name; empty where it is not known
+  bool isRemote = false;                 // whether the user is here over the network, at no screen
+  std::string deviceGroup = {};          // whose members may open the devices; empty for root or none
+  enum class Membership { None, AfterLogin, Yes } inDeviceGroup = Membership::None;  // of the user
 };
 
-/// Looks at this computer; nothing is sent. `udevRule` is the name of the program's rule in udev's folders.
-Computer LookAtComputer(const std::string& udevRule);
+/// Looks at this computer; nothing is sent. `udevRule` is the name of the program's rule in udev's folders,
+/// `devices` are the paths of the controllers' device nodes.
+Computer LookAtComputer(const std::string& udevRule, const std::vector<std::string>& devices);
 
 /// Whether it is a folder in which the user may make files.
 bool MayWriteInto(const std::string& folder);

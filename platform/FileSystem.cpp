@@ -46,6 +46,11 @@ bool IsThere(const std::string& path) {
   return fs::exists(PathOf(path), failed);
 }
 
+bool IsFile(const std::string& path) {
+  std::error_code failed;
+  return fs::is_regular_file(PathOf(path), failed);
+}
+
 std::string NearestFolder(const std::string& path) {
   std::error_code failed;
   fs::path folder = PathOf(path);

@@ -32,8 +32,10 @@ SystemError RenameFile(const std::string& from, const std::string& to);
 /// Removes a file; one that is not there is no error.
 void RemoveFile(const std::string& path);
 
-/// Whether there is anything of that path.
+/// Whether there is anything of that path; whether it is a file, and so neither a folder, a device nor a
+/// pipe.
 bool IsThere(const std::string& path);
+bool IsFile(const std::string& path);
 
 /// The closest of the folders above a path that exists; the current one where none does.
 std::string NearestFolder(const std::string& path);

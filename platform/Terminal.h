@@ -25,6 +25,10 @@ std::unique_ptr<Keyboard> OpenKeyboard();
 /// interrupt, which must be watched, and at the end of the input.
 std::optional<std::string> ReadHiddenLine();
 
+/// Opens the file in the editor that the variable VISUAL or EDITOR names, with its arguments if there are
+/// any, or else in the system's; returns when the editor has ended, whether well.
+bool RunEditor(const std::string& path);
+
 bool IsInputTerminal();
 bool IsErrorTerminal();
 

@@ -36,7 +36,9 @@ void ReceiveAnswer(UdpPort& port, const std::string& question, std::vector<Devic
 std::optional<OpenFailure> ScanNetwork(std::vector<DeviceInfo>& found, float timeoutSeconds,
                                        const DeviceContext& context) {
   UdpPort port(context);
-  if (!port.Open()) return port.OpenFault();
+  while (!port.Open()) {
+    if (!WaitsFor(port.OpenFault(), context)) return port.OpenFault();
+  }
   found.clear();
   std::string question;
   TC421::Packet_Find().Serialize(question);

@@ -22,7 +22,11 @@ ModesResult UploadModes(DeviceBase& device, const DeviceInfo& info, const Progra
   ModesResult result;
   for (std::size_t index = 0; index < modes.Size(); ++index) {
     const Mode& mode = modes[index];
-    job.working({"Mode {1} of {2}", {index + 1, modes.Size()}});
+    const qor::Sentence working = {"Mode {1} of {2}", {index + 1, modes.Size()}};
+    job.working(working);
+    device.OnProgress([&job, working](std::size_t step, std::size_t steps) {
+      job.working({working.english, working.arguments, {{"step {1} of {2}", {step, steps}}}});
+    });
     const std::vector<ModeSample> samples = SamplesFor(info.kind, mode, log);
     log.Message("Uploading mode: {1}", {mode.name});
     if (!device.UploadMode(static_cast<int>(index), mode.name, samples)) {

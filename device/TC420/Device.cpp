@@ -31,7 +31,10 @@ bool Device::DoUploadMode(int bank, const std::string& name, const std::vector<T
   if (bank >= TCBase::BankCount || name.empty() || samples.size() < TCBase::FewestSamples) return false;
   if (!Send(Packet_ModeInit(bank, samples.size(), name.substr(0, TCBase::ModeNameBytes)))) return false;
   // A step that got lost does not stop the mode: the controller keeps the others.
-  for (const TCBase::ModeSample& sample : samples) Send(Packet_ModeStep(sample));
+  for (std::size_t i = 0; i < samples.size(); ++i) {
+    SetProgress(i + 1, samples.size());
+    Send(Packet_ModeStep(samples[i]));
+  }
   return Send(Packet_ModeStepsStop());
 }
 

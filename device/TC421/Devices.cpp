@@ -49,6 +49,7 @@ bool Device<Transport>::DoUploadMode(int bank, const std::string& name,
   }
   // A step that got lost does not stop the mode: the controller keeps the others.
   for (std::size_t i = 0; i < samples.size(); ++i) {
+    this->SetProgress(i + 1, samples.size());
     this->Clock().Sleep(StepPauseMilliseconds);
     Send(Packet_ModeStep(route, static_cast<int>(i), samples[i]));
   }

@@ -1,16 +1,21 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Computer.h"
 
+#include <grp.h>
 #include <ifaddrs.h>
 #include <net/if.h>
 #include <netinet/in.h>
+#include <pwd.h>
 #include <sys/stat.h>
 #include <sys/utsname.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
+#include <optional>
 
+#include "platform/Console.h"
 #include "platform/SocketAddress.h"
 
 namespace platform {
@@ -41,6 +46,30 @@ std::string PathOfRule(const std::string& name) {
   return {};
 }
 
+/// The group whose members may read and write the device; none for root's own.
+std::optional<gid_t> GroupOf(const std::string& device) {
+  struct stat status {};
+  if (stat(device.c_str(), &status) != 0 || status.st_gid == 0) return std::nullopt;
+  constexpr mode_t ReadAndWrite = S_IRGRP | S_IWGRP;
+  if ((status.st_mode & ReadAndWrite) != ReadAndWrite) return std::nullopt;
+  return status.st_gid;
+}
+
+/// What the session has, or else what the next one will: who joins a group has it from the next login on.
+Computer::Membership MembershipIn(gid_t group, const std::string& user) {
+  std::vector<gid_t> groups(static_cast<std::size_t>(std::max(getgroups(0, nullptr), 0)));
+  getgroups(static_cast<int>(groups.size()), groups.data());
+  if (getegid() == group || std::ranges::find(groups, group) != groups.end())
+    return Computer::Membership::Yes;
+  int count = 0;
+  getgrouplist(user.c_str(), 0, nullptr, &count);  // says how many there are
+  groups.resize(static_cast<std::size_t>(std::max(count, 0)));
+  // The group that is handed in stands among those that come out: hand in root's.
+  getgrouplist(user.c_str(), 0, groups.data(), &count);
+  return std::ranges::find(groups, group) != groups.end() ? Computer::Membership::AfterLogin
+                                                          : Computer::Membership::None;
+}
+
 std::string SystemName() {
   utsname name{};
   if (uname(&name) != 0) return "an unknown system";
@@ -49,8 +78,19 @@ std::string SystemName() {
 
 }  // namespace
 
-Computer LookAtComputer(const std::string& udevRule) {
-  return {SystemName(), Adapters(), true, PathOfRule(udevRule), geteuid() == 0};
+Computer LookAtComputer(const std::string& udevRule, const std::vector<std::string>& devices) {
+  Computer computer{SystemName(), Adapters(), true, PathOfRule(udevRule), geteuid() == 0};
+  const passwd* user = getpwuid(geteuid());
+  if (user != nullptr) computer.user = user->pw_name;
+  computer.isRemote = !Variable("SSH_CONNECTION").empty() && Variable("XDG_SEAT").empty();
+  for (const std::string& device : devices) {
+    if (const std::optional<gid_t> group = GroupOf(device)) {
+      const struct group* entry = getgrgid(*group);
+      computer.deviceGroup = entry != nullptr ? entry->gr_name : std::to_string(*group);
+      computer.inDeviceGroup = MembershipIn(*group, computer.user);
+    }
+  }
+  return computer;
 }
 
 bool MayWriteInto(const std::string& folder) {

@@ -6,6 +6,7 @@
 
 #include <atomic>
 #include <csignal>
+#include <cstdlib>
 
 namespace platform {
 namespace {
@@ -30,6 +31,11 @@ std::vector<std::string> StartConsole(int argc, char** argv) {
   OccupyStandardDescriptors();
   std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow is an error like a full disk, not the end
   return {argv + (argc > 0 ? 1 : 0), argv + argc};
+}
+
+std::string Variable(const char* name) {
+  const char* value = std::getenv(name);
+  return value != nullptr ? value : "";
 }
 
 void WatchInterrupts() {

@@ -1,17 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Folders.h"
 
-#include <cstdlib>
+#include "platform/Console.h"
 
 namespace platform {
-namespace {
-
-std::string Variable(const char* name) {
-  const char* value = std::getenv(name);
-  return value != nullptr ? value : "";
-}
-
-}  // namespace
 
 std::string SettingsFolder() {
   if (std::string own = Variable("HALVEX_HOME"); !own.empty()) return own;

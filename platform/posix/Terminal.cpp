@@ -6,6 +6,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 
 #include "platform/Console.h"
@@ -108,6 +109,15 @@ std::optional<std::string> ReadHiddenLine() {
     if (byte == '\n') return line;
     line += byte;
   }
+}
+
+bool RunEditor(const std::string& path) {
+  std::string editor = Variable("VISUAL");
+  if (editor.empty()) editor = Variable("EDITOR");
+  if (editor.empty()) editor = "$(command -v editor || command -v nano || command -v vi)";
+  // The shell takes the command apart; the path it gets whole.
+  setenv("HALVEX_TEXT", path.c_str(), 1);
+  return std::system((editor + " \"$HALVEX_TEXT\"").c_str()) == 0;
 }
 
 bool IsInputTerminal() {

@@ -55,7 +55,7 @@ std::string SystemName() {
 
 }  // namespace
 
-Computer LookAtComputer(const std::string&) {
+Computer LookAtComputer(const std::string&, const std::vector<std::string>&) {
   return {SystemName(), Adapters(), false, {}, false};
 }
 

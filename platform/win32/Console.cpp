@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Console.h"
 
+#include <fcntl.h>
+#include <io.h>
 #include <windows.h>
 // after windows.h
 #include <shellapi.h>
 
 #include <atomic>
+#include <cstdio>
 
 #include "platform/win32/Strings.h"
 
@@ -26,6 +29,7 @@ BOOL WINAPI NoteInterrupt(DWORD event) {
 
 std::vector<std::string> StartConsole(int, char**) {
   SetConsoleOutputCP(CP_UTF8);
+  for (FILE* stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
   std::vector<std::string> arguments;
   int count = 0;
   if (wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &count)) {
@@ -33,6 +37,13 @@ std::vector<std::string> StartConsole(int, char**) {
     LocalFree(wide);
   }
   return arguments;
+}
+
+std::string Variable(const char* name) {
+  const std::wstring wideName = Widen(name);
+  std::wstring value(GetEnvironmentVariableW(wideName.c_str(), nullptr, 0), L'\0');
+  value.resize(GetEnvironmentVariableW(wideName.c_str(), value.data(), static_cast<DWORD>(value.size())));
+  return Narrow(value);
 }
 
 void WatchInterrupts() {

@@ -7,14 +7,13 @@
 #include <knownfolders.h>
 #include <shlobj.h>
 
+#include "platform/Console.h"
 #include "platform/win32/Strings.h"
 
 namespace platform {
 
 std::string SettingsFolder() {
-  std::wstring own(GetEnvironmentVariableW(L"HALVEX_HOME", nullptr, 0), L'\0');
-  own.resize(GetEnvironmentVariableW(L"HALVEX_HOME", own.data(), static_cast<DWORD>(own.size())));
-  if (!own.empty()) return Narrow(own);
+  if (std::string own = Variable("HALVEX_HOME"); !own.empty()) return own;
 
   PWSTR documents = nullptr;
   std::string folder;

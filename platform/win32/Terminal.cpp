@@ -67,6 +67,14 @@ std::optional<std::string> ReadHiddenLine() {
   return Narrow(line);
 }
 
+bool RunEditor(const std::string& path) {
+  std::string editor = Variable("VISUAL");
+  if (editor.empty()) editor = Variable("EDITOR");
+  if (editor.empty()) editor = "notepad";
+  // The command processor takes the outer quotes off (cmd /c).
+  return _wsystem(Widen("\"" + editor + " \"" + path + "\"\"").c_str()) == 0;
+}
+
 bool IsInputTerminal() {
   return IsConsole(STD_INPUT_HANDLE);
 }

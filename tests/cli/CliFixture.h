@@ -5,6 +5,8 @@
 
 #include <algorithm>
 #include <atomic>
+#include <functional>
+#include <map>
 #include <sstream>
 
 #include "cli/ExitStatus.h"
@@ -30,14 +32,16 @@ class Cli : public testing::Test {
                                  clock,
                                  network,
                                  locks,
-                                 [this] { return computer; },
+                                 [this](const std::vector<std::string>&) { return computer; },
                                  folder.File("home"),
                                  [] {},
                                  [this] {
                                    ++interruptQuestions;
                                    return isInterrupted.load();
                                  },
-                                 terminal};
+                                 terminal,
+                                 edit,
+                                 [this](const char* name) { return variables[name]; }};
     const int status = cli::Run(arguments, environment);
     out = outStream.str();
     err = errStream.str();
@@ -59,11 +63,20 @@ class Cli : public testing::Test {
   test::TempFolder folder;
   std::atomic<bool> isInterrupted = false;
   std::atomic<int> interruptQuestions = 0;
+  std::function<bool(const std::string&)> edit = [](const std::string&) { return false; };
+  std::map<std::string, std::string> variables;
   std::string in, out, err;
 };
 
 inline std::size_t LineCount(const std::string& text) {
   return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+}
+
+inline std::size_t LongestLine(const std::string& text) {
+  std::istringstream lines(text);
+  std::size_t longest = 0;
+  for (std::string line; std::getline(lines, line);) longest = std::max(longest, line.size());
+  return longest;
 }
 
 }  // namespace test

@@ -15,7 +15,7 @@ TEST_F(Cli, ConvertsWithoutChangingAByte) {
   const std::string b = folder.File("b.XML");
   EXPECT_EQ(Run({"convert", a, b}), cli::Done) << err;
   EXPECT_EQ(test::Contents(a), test::Contents(b));
-  EXPECT_EQ(Run({"convert", a, b, "--mode", "2"}), cli::Done) << err;
+  EXPECT_EQ(Run({"convert", a, b, "--mode", "2", "--force"}), cli::Done) << err;
   EXPECT_EQ(Run({"info", b}), cli::Done);
   EXPECT_EQ(out.substr(0, out.find("Channel 1")),
             "Mode 1: AlwaysOn, 2 steps:\n  the name is cut to 7 bytes on a TC421: 'AlwaysO'\n");
@@ -32,11 +32,15 @@ TEST_F(Cli, ShowsAProgram) {
   EXPECT_EQ(info["channels"][4]["colour"], "#90EE90");
 
   EXPECT_EQ(Run({"sample", path, "--mode", "1", "--at", "11:45"}), cli::Done);
-  EXPECT_EQ(out, "11:45:00   65    65    65    65    30\n");
+  EXPECT_EQ(out, "    time     1     2     3     4     5\n11:45:00   65    65    65    65    30\n");
+  EXPECT_EQ(Run({"sample", path, "--every", "720", "--csv"}), cli::Done);
+  EXPECT_EQ(out,
+            "time,Channel 1,Channel 2,Channel 3,Channel 4,Channel "
+            "5\n00:00:00,0,0,0,0,0\n12:00:00,50,50,50,50,30\n");
   EXPECT_EQ(Run({"sample", path, "--mode", "1", "--table"}), cli::Done);
-  EXPECT_EQ(LineCount(out), 12u);
+  EXPECT_EQ(LineCount(out), 1u + 12);
   EXPECT_EQ(Run({"sample", path, "--mode", "2", "--table", "--json"}), cli::Done);
-  EXPECT_EQ(nlohmann::json::parse(out)[1]["time"], "22:00");
+  EXPECT_EQ(nlohmann::json::parse(out)[1]["time"], "22:00:00");
 }
 
 TEST_F(Cli, PrintsThePacketsOfAnUpload) {
@@ -90,14 +94,15 @@ TEST_F(Cli, SendsTheLogWhereItIsWanted) {
 
 TEST_F(Cli, NeverCallsAFailedUploadDone) {
   const std::string path = NewProgram();
-  EXPECT_EQ(Run({"upload", path, "--device", "tc420"}), cli::DeviceFailed);
-  EXPECT_EQ(out, "Configuring device Orvanta 24\nConnect error\nFinished configuring device Orvanta 24\n");
-  EXPECT_EQ(err, "halvex: Orvanta 24: Not connected: no such device\n");
+  EXPECT_EQ(Run({"upload", path, "--device", "tc420"}), cli::NothingFound);
+  EXPECT_EQ(out + err, "halvex: no TC420 is plugged in (halvex doctor says more)\n");
+  EXPECT_EQ(Run({"upload", path, "--device", "tc420", "--device", "emulator"}), cli::DeviceFailed);
+  EXPECT_EQ(err, "halvex: Orvanta 24: Not connected: no TC420 is plugged in\n");
 
+  hid.plugged = TCBase::TC420UsbId;
   hid.isDenied = true;
   EXPECT_EQ(Run({"upload", path, "--device", "tc420"}), cli::NoAccess);
   hid.isDenied = false;
-  hid.plugged = TCBase::TC420UsbId;
   hid.unplugAfter = 3;
   EXPECT_EQ(Run({"upload", path, "--device", "tc420", "--device", "emulator"}), cli::DeviceFailed);
   EXPECT_EQ(
@@ -124,10 +129,10 @@ TEST_F(Cli, StopsAtAnInterruptAndSaysSo) {
 
 TEST_F(Cli, ListsControllers) {
   EXPECT_EQ(Run({"devices"}), cli::NothingFound);
+  hid.plugged = TCBase::TC421UsbId;
   hid.isDenied = true;
   EXPECT_EQ(Run({"devices"}), cli::NoAccess);
   hid.isDenied = false;
-  hid.plugged = TCBase::TC421UsbId;
   EXPECT_EQ(Run({"devices"}), cli::Done);
   EXPECT_EQ(out, "tc421  Orvanta 24 Wi-Fi  USB\n");
   EXPECT_EQ(Run({"devices", "--json"}), cli::Done);
@@ -136,12 +141,11 @@ TEST_F(Cli, ListsControllers) {
 
 TEST_F(Cli, RefusesWrongUsageInASentence) {
   const std::string path = NewProgram();
+  hid.plugged = TCBase::TC420UsbId;
   const std::vector<std::string> cases[] = {
-      {},
       {"paint"},
       {"info"},
       {"info", path, "more"},
-      {"upload", path},
       {"upload", path, "--device", "toaster"},
       {"upload", path, "--device", "tc420", "--device", "tc420"},
       {"upload", path, "--device", "tc421@reef"},
@@ -180,15 +184,79 @@ TEST_F(Cli, RefusesWrongUsageInASentence) {
   }
 }
 
+TEST_F(Cli, NamesWhatIsWrongInItsOwnWords) {
+  const std::string path = NewProgram();
+  struct Case {
+    std::vector<std::string> arguments;
+    std::string fault;
+  };
+  for (const Case& one :
+       {Case{{"uplaod", path}, "there is no command 'uplaod'; did you mean upload? (see halvex help)"},
+        {{"upload", path, "--devcie", "tc420"},
+         "there is no option --devcie; did you mean --device? (see halvex help upload)"},
+        {{"upload", path, "--device", "TC420"},
+         "there is no device 'TC420'; devices are tc420, tc421, an address such as 192.168.1.20, emulator, "
+         "all: "
+         "did you mean tc420?"},
+        {{"packets", path, "--model", "tc42"},
+         "--model: 'tc42' is not tc420, tc421-usb or tc421-net; did you mean tc420? (see halvex help "
+         "packets)"},
+        {{"info"}, "FILE is missing (see halvex help info)"},
+        {{"info", path, "more"}, "'more' is one argument too many (see halvex help info)"},
+        {{"steps", path}, "--channel C is missing (see halvex help steps)"},
+        {{"steps", path, "--channel"}, "--channel needs a value: --channel C (see halvex help steps)"},
+        {{"steps", path, "--channel", "1", "--channel", "2"},
+         "--channel was given twice (see halvex help steps)"},
+        {{"info", path, "--json=maybe"}, "--json takes no value (see halvex help info)"},
+        {{"--quiet"}, "a command is missing (see halvex help)"},
+        {{"sample", path, "--every", "15", "--json", "--csv"},
+         "--json does not go with --csv (see halvex help sample)"}}) {
+    EXPECT_EQ(Run(one.arguments), cli::WrongUsage);
+    EXPECT_EQ(out + err, "halvex: " + one.fault + "\n");
+  }
+}
+
+TEST_F(Cli, PicksTheController) {
+  const std::string path = NewProgram();
+  EXPECT_EQ(Run({"sync-time"}), cli::NothingFound);
+  hid.plugged = TCBase::TC420UsbId;
+  EXPECT_EQ(Run({"sync-time"}), cli::Done);
+  EXPECT_NE(out.find("The clock was set to 2"), std::string::npos) << out;
+  EXPECT_EQ(Run({"--quiet", "sync-time", "--device", "all"}), cli::Done);
+  EXPECT_EQ(out + err, "");
+  hid.equals = 1;
+  EXPECT_EQ(Run({"sync-time"}), cli::NotUnique);
+  EXPECT_NE(err.find("tc420, tc420"), std::string::npos) << err;
+  EXPECT_EQ(Run({"sync-time", "-d", "tc420"}), cli::Done);
+  EXPECT_EQ(err, "halvex: warning: 2 TC420 are plugged in; only the first of them can be reached\n");
+  variables["HALVEX_DEVICE"] = "emulator";
+  EXPECT_EQ(Run({"upload", path, "--mode", "2", "--clear", "--sync-time"}), cli::Done);
+  EXPECT_EQ(LineCount(out), 1u + 3 + 5 + 3 + 1) << out;
+  EXPECT_EQ(err, "");
+}
+
+TEST_F(Cli, WaitsForABusyController) {
+  hid.plugged = TCBase::TC420UsbId;
+  locks.taken = {"tc420"};
+  const std::int64_t start = clock.Milliseconds();
+  EXPECT_EQ(Run({"sync-time", "--wait", "5"}), cli::NoAccess);
+  EXPECT_GE(clock.Milliseconds() - start, 5000);
+  clock.onSleep = [this, start](std::uint32_t) {
+    if (clock.Milliseconds() - start > 8000) locks.taken.clear();
+  };
+  EXPECT_EQ(Run({"sync-time", "--wait", "60"}), cli::Done) << err;
+}
+
 TEST_F(Cli, NamesABadFileAndLeavesTheOutputAlone) {
   const std::string bad = folder.File("bad.xml");
   const std::string good = folder.File("good.xml");
   test::Write(bad, "<modelist>\n  <mode name='x'>");
-  test::Write(good, "precious");
-  EXPECT_EQ(Run({"convert", bad, good}), cli::FileFailed);
+  EXPECT_EQ(Run({"new", good}), cli::Done);
+  const std::string before = test::Contents(good);
+  EXPECT_EQ(Run({"convert", bad, good, "--force"}), cli::FileFailed);
   EXPECT_EQ(err, "halvex: Error loading program " + bad +
                      ": line 2, column 18: the file ends inside <mode>; it may have been cut off\n");
-  EXPECT_EQ(test::Contents(good), "precious");
+  EXPECT_EQ(test::Contents(good), before);
   EXPECT_EQ(Run({"info", folder.File("missing.xml")}), cli::FileFailed);
   EXPECT_EQ(LineCount(err), 1u);
   EXPECT_EQ(Run({"new", folder.File("no/folder.xml")}), cli::FileFailed);

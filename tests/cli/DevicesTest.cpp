@@ -41,7 +41,7 @@ TEST_F(Devices, SayInATableHowItWentForEach) {
   EXPECT_EQ(out.substr(out.find("tc421@")),
             "tc421@10.0.0.8  Failed: the time did not get through: no answer\n"
             "tc421@10.0.0.7  Done\n"
-            "tc420           Not connected: no such device\n");
+            "tc420           Not connected: no TC420 is plugged in\n");
   EXPECT_EQ(LineCount(err), 2u) << err;
 
   network.isPortTaken = true;

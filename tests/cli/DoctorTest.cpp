@@ -50,11 +50,24 @@ TEST_F(Doctor, TellsMissingPermissionFromNoController) {
   hid.isDenied = true;
   EXPECT_EQ(Examine(), cli::NoAccess);
   EXPECT_EQ(State("tc420"), "problem");
-  EXPECT_EQ(State("udev-rule"), "problem");
-  EXPECT_NE(Advice("udev-rule").find("halvex udev-rule | sudo tee"), std::string::npos);
+  const auto advises = [&](const std::string& words) {
+    EXPECT_EQ(Examine(), cli::NoAccess);
+    EXPECT_NE(Advice("tc420").find(words), std::string::npos) << Advice("tc420");
+    EXPECT_EQ(Run({"devices"}), cli::NoAccess);
+    EXPECT_NE(err.find(words), std::string::npos) << err;
+  };
+  advises("\"halvex udev-rule | sudo tee /etc");
+  computer.user = "pi";
+  computer.isRemote = true;
+  advises("halvex udev-rule --group plugdev");
+  computer.isRemote = false;
   computer.udevRule = "/usr/lib/udev/rules.d/71-halvex.rules";
-  EXPECT_EQ(Examine(), cli::NoAccess);
-  EXPECT_NE(Advice("udev-rule").find("--group"), std::string::npos) << "the rule is there, but no seat";
+  advises("plug the controller in again");
+  computer.deviceGroup = "plugdev";
+  advises("sudo adduser pi plugdev");
+  EXPECT_EQ(err.find("tee"), std::string::npos) << "the rule is right";
+  computer.inDeviceGroup = platform::Computer::Membership::AfterLogin;
+  advises("log out and in again");
   computer.hasUdev = false;
   EXPECT_EQ(Examine(), cli::NoAccess);
   EXPECT_EQ(Advice("tc420").find("rule"), std::string::npos);

@@ -23,7 +23,7 @@ class Screen:
         self.pid = os.fork()
         if self.pid == 0:
             take_terminal(side)
-            os.execv(program, [program, *arguments])
+            os.execvp(program, [program, *arguments])
         self.text, self.minute, self.state = '', None, None
 
     def until(self, holds, what):
@@ -83,9 +83,11 @@ def main():
     expect(demo.status('Cancelled!') == 130, 'Ctrl+C did not end it in order')
     expect(demo.is_terminal_as_before(), 'Ctrl+C left the terminal changed')
 
-    wifi = ('wifi', '--device', 'tc421', '--ssid', 'x', '--security', '1')
-    for keys, last, status in ((b'\x03', 'nothing was sent', 130), (b'secret\n', 'Not connected', 1)):
-        asked = Screen(program, *wifi)
+    # In a network without any way out.
+    alone = ('unshare', '-n') if os.geteuid() == 0 else ('unshare', '-rn')
+    wifi = (program, 'wifi', '--device', '10.77.0.2', '--ssid', 'x', '--security', 'wpa')
+    for keys, last, status in ((b'\x03', 'nothing was sent', 130), (b'secret\n', 'did not get through', 1)):
+        asked = Screen(*alone, *wifi)
         asked.until(lambda: 'Password: ' in asked.text, 'the question')
         asked.until(lambda: not termios.tcgetattr(asked.side)[3] & termios.ECHO, 'hiding what is typed')
         asked.press(keys)

@@ -38,7 +38,7 @@ TEST_F(USBDevice, OpensOnlyItsModelAndClosesIt) {
   EXPECT_EQ(hid.OpenHandles(), 0);
   hid.plugged = TCBase::TC421UsbId;
   EXPECT_FALSE(device.Open());
-  EXPECT_EQ(device.OpenFault().text.In(qor::InEnglish), "no such device");
+  EXPECT_EQ(device.OpenFault().text.In(qor::InEnglish), "no TC420 is plugged in");
   EXPECT_EQ(log.Texts(), Texts{});
   hid.isDenied = true;
   EXPECT_FALSE(device.Open());

@@ -47,7 +47,7 @@ TEST(DeviceLocks, AreOnesAtATime) {
 }
 
 TEST(Computer, IsLookedAt) {
-  EXPECT_GT(platform::LookAtComputer("71-halvex.rules").system.size(), 4U);
+  EXPECT_GT(platform::LookAtComputer("71-halvex.rules", {}).system.size(), 4U);
   const test::TempFolder folder;
   EXPECT_TRUE(platform::IsThere(folder.File(".")));
   EXPECT_FALSE(platform::IsThere(folder.File("none")));

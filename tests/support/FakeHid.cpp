@@ -4,6 +4,7 @@
 #include <hidapi.h>
 
 #include <algorithm>
+#include <utility>
 
 struct hid_device_ {};
 
@@ -23,11 +24,16 @@ FakeHid::~FakeHid() {
   bus = nullptr;
 }
 
-bool FakeHid::Open(std::uint16_t vendor, std::uint16_t product) {
+int FakeHid::Count(std::uint16_t vendor, std::uint16_t product) {
   const std::lock_guard lock(mutex_);
-  if (clock != nullptr) clock->Advance(openMilliseconds);
   const bool isThere = plugged && plugged->vendor == vendor && plugged->product == product;
-  if (!isThere || isPulled_ || isDenied) return false;
+  return isThere && !isPulled_ ? 1 + equals : 0;
+}
+
+bool FakeHid::Open(std::uint16_t vendor, std::uint16_t product) {
+  if (clock != nullptr) clock->Advance(openMilliseconds);
+  if (isDenied || Count(vendor, product) == 0) return false;
+  const std::lock_guard lock(mutex_);
   ++openHandles_;
   return true;
 }
@@ -80,6 +86,20 @@ int FakeHid::OpenHandles() {
 }
 
 }  // namespace test
+
+hid_device_info* hid_enumerate(unsigned short vendor, unsigned short product) {
+  hid_device_info* first = nullptr;
+  for (int i = bus != nullptr ? bus->Count(vendor, product) : 0; i > 0; --i) {
+    auto* device = new hid_device_info{};
+    device->next = first;
+    first = device;
+  }
+  return first;
+}
+
+void hid_free_enumeration(hid_device_info* devices) {
+  while (devices != nullptr) delete std::exchange(devices, devices->next);
+}
 
 hid_device* hid_open(unsigned short vendor, unsigned short product, const wchar_t*) {
   return bus != nullptr && bus->Open(vendor, product) ? &theDevice : nullptr;

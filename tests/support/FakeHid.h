@@ -25,6 +25,7 @@ class FakeHid {
   std::optional<TCBase::UsbId> plugged;
   std::uint32_t openMilliseconds = 0;  // by which opening advances `clock`
   VirtualClock* clock = nullptr;       // needed for what takes time
+  int equals = 0;                      // more controllers of the same model
   bool isDenied = false;               // opening is not permitted
   bool isErrorless = false;            // hidapi has no text for an error
   int unplugAfter = -1;                // frames until it is pulled out; -1 never
@@ -42,6 +43,7 @@ class FakeHid {
   int OpenHandles();
 
   // For the functions of hidapi
+  int Count(std::uint16_t vendor, std::uint16_t product);
   bool Open(std::uint16_t vendor, std::uint16_t product);
   void Close();
   int Write(const std::string& report);

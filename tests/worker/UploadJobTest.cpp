@@ -63,7 +63,7 @@ TEST_F(UploadJob, TakesOnASilentControllerNothingBeyondItsWaits) {
 TEST_F(UploadJob, ReportsADeviceThatIsNotThere) {
   const TCBase::DeviceOutcome outcome = Upload(TCBase::DeviceKind::TC420);
   EXPECT_EQ(outcome.stage, Stage::NotConnected);
-  EXPECT_EQ(outcome.detail.In(qor::InEnglish), "no such device");
+  EXPECT_EQ(outcome.detail.In(qor::InEnglish), "no TC420 is plugged in");
   EXPECT_EQ(log.Texts(), Texts{"Connect error"});
 }
 

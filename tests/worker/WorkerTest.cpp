@@ -103,8 +103,8 @@ TEST_F(Worker, GoesOnAfterADeviceThatFails) {
   devices[0].kind = TCBase::DeviceKind::TC420;
   worker.StartUpload(devices, TCBase::Program::ModeListView(OneMode()));
   WaitFor(worker);
-  EXPECT_EQ(Ended(worker), (Texts{"1", "E1: Not connected: no such device", "E2: Done"}));
-  EXPECT_EQ(log.Texts()[2], "E1: Not connected: no such device");
+  EXPECT_EQ(Ended(worker), (Texts{"1", "E1: Not connected: no TC420 is plugged in", "E2: Done"}));
+  EXPECT_EQ(log.Texts()[2], "E1: Not connected: no TC420 is plugged in");
 }
 
 TEST_F(Worker, StopsBeforeTheNextDevice) {
@@ -138,7 +138,8 @@ TEST_F(Worker, KeepsTheOutcomesOfEachJobAndTellsHowFarItIs) {
     worker.StartTimeSync(Emulators(1), {});
   });
   WaitFor(worker);
-  EXPECT_EQ(Ended(worker), (Texts{"1", "E1: Not connected: no such device", "E2: Done", "2", "E1: Done"}));
+  EXPECT_EQ(Ended(worker),
+            (Texts{"1", "E1: Not connected: no TC421 is plugged in", "E2: Done", "2", "E1: Done"}));
   seen.clear();
   worker.Enqueue([&] {
     worker.StartUpload(Emulators(2), TCBase::Program::ModeListView(TCBase::NewProgram(qor::InEnglish)));
