@@ -25,6 +25,12 @@ class FormatArgument {
   std::string text_;
 };
 
+/// Whether a byte of UTF-8 is a control character of ASCII, which a terminal would obey.
+constexpr bool IsControl(char c) {
+  constexpr unsigned char Delete = 0x7F;
+  return static_cast<unsigned char>(c) < ' ' || c == Delete;
+}
+
 /// `number` in decimal with at least `width` digits, filled with zeros behind the sign: (7, 2) is "07".
 std::string ZeroFilled(long long number, std::size_t width);
 

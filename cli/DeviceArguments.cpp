@@ -38,9 +38,8 @@ bool IsControllers(const platform::SocketAddress& address) {
 }
 
 bool IsTypeable(std::string_view text) {
-  const bool hasControls =
-      std::ranges::any_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; });
-  return !text.empty() && !hasControls && qor::win::WellFormedUtf8(text) == text;
+  return !text.empty() && std::ranges::none_of(text, qor::IsControl) &&
+         qor::win::WellFormedUtf8(text) == text;
 }
 
 DeviceInfo NetworkDeviceOf(std::string_view place) {

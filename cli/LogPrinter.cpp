@@ -28,7 +28,7 @@ std::string DateAndTime(platform::Clock& clock) {
 
 std::string Printable(std::string text) {
   for (char& c : text) {
-    if ((c >= 0 && c < 0x20) || c == 0x7F) c = '.';
+    if (qor::IsControl(c)) c = '.';
   }
   return text;
 }

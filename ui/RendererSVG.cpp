@@ -48,7 +48,7 @@ std::string Escaped(const std::string& text) {
       case '&': escaped += "&amp;"; break;
       case '<': escaped += "&lt;"; break;
       case '>': escaped += "&gt;"; break;
-      default: escaped += c >= 0 && c < 0x20 ? ' ' : c;
+      default: escaped += qor::IsControl(c) ? ' ' : c;
     }
   }
   return escaped;
