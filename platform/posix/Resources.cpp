@@ -12,9 +12,11 @@ asm(".pushsection .rodata\n"
     "ownStringsEnd:\n"
     ".popsection\n");
 
-extern const char systemStrings[] asm("systemStrings");
-extern const char ownStrings[] asm("ownStrings");
-extern const char ownStringsEnd[] asm("ownStringsEnd");
+// Hidden, so that they are addressed directly: on ARM their addresses would come from a table in which the
+// assembler, for which they are one place and an offset, gives all three the same entry.
+[[gnu::visibility("hidden")]] extern const char systemStrings[] asm("systemStrings");
+[[gnu::visibility("hidden")]] extern const char ownStrings[] asm("ownStrings");
+[[gnu::visibility("hidden")]] extern const char ownStringsEnd[] asm("ownStringsEnd");
 
 namespace platform {
 

@@ -223,6 +223,8 @@ TEST(BuiltInTable, HoldsAllTextsInAllLanguages) {
 TEST(BuiltInTable, KeepsTheShapeOfTheTexts) {
   const auto [system, own] = platform::StringTableResources();
   StringTable table(system);
+  ASSERT_NE(table.Size(), 0u);
+  ASSERT_NE(StringTable(own).Size(), 0u);
   table.Add(own);
   const auto lineEnds = [](std::string_view text) { return std::count(text.begin(), text.end(), '\r'); };
   for (std::size_t entry = 0; entry < table.Size(); ++entry) {
