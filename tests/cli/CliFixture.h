@@ -22,6 +22,8 @@ namespace test {
 /// Runs the program with a fake USB, a virtual clock and settings of its own.
 class Cli : public testing::Test {
  protected:
+  Cli() { clock.waiting = std::this_thread::get_id(); }
+
   /// Runs the program; what it wrote is in `out` and `err`.
   int Run(std::vector<std::string> arguments) {
     std::istringstream inStream(in);
