@@ -27,6 +27,9 @@ if(WIN32)
   target_link_options(halvex_options INTERFACE -Wl,--no-insert-timestamp)
   # Sections that begin at pages of the file can be mapped from it as they are, also by Wine.
   target_link_options(halvex_options INTERFACE -Wl,--file-alignment=4096)
+else()
+  # Systems of 32 bits, too, read files of any size and date.
+  add_compile_definitions(_FILE_OFFSET_BITS=64 _TIME_BITS=64)
 endif()
 
 # halvex_library(NAME SOURCES file... LINKS library...): one folder's static library. It sees the headers of

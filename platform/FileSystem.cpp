@@ -59,9 +59,4 @@ std::string NearestFolder(const std::string& path) {
   return {text.begin(), text.end()};
 }
 
-bool IsSameFile(const std::string& path, const std::string& other) {
-  std::error_code failed;
-  return fs::equivalent(PathOf(path), PathOf(other), failed) && !failed;
-}
-
 }  // namespace platform

@@ -154,4 +154,12 @@ SystemError ReplaceWholeFile(const std::string& path, std::string_view bytes) {
   return {};
 }
 
+// By std::filesystem a file dated after 2037 is none where its library has times of 32 bits.
+bool IsSameFile(const std::string& path, const std::string& other) {
+  struct stat one {
+  }, two{};
+  return stat(path.c_str(), &one) == 0 && stat(other.c_str(), &two) == 0 && one.st_dev == two.st_dev &&
+         one.st_ino == two.st_ino;
+}
+
 }  // namespace platform

@@ -4,7 +4,9 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "platform/win32/Strings.h"
@@ -129,6 +131,11 @@ SystemError ReplaceWholeFile(const std::string& path, std::string_view bytes) {
   }
   if (!isDone) DeleteFileW(temporary.c_str());
   return failed;
+}
+
+bool IsSameFile(const std::string& path, const std::string& other) {
+  std::error_code failed;
+  return std::filesystem::equivalent(Widen(path), Widen(other), failed) && !failed;
 }
 
 }  // namespace platform
