@@ -6,12 +6,16 @@ native_packages=(g++ cmake ninja-build pkg-config libhidapi-dev libcli11-dev nlo
 test_packages=(libgtest-dev libexpat1-dev python3)
 windows_packages=(g++-mingw-w64-x86-64-posix googletest libstb-dev wine wine64)
 
-# build PRESET [TARGET...]: configures and builds; what the tools print is shown only when they fail.
+# build PRESET [TARGET...]: configures and builds; what the tools print is shown only when they fail. With
+# HALVEX_WERROR set warnings fail, and go on doing so in that folder.
 build() {
   local preset=$1 log=build/$1/build.log
   shift
   mkdir -p "build/$preset"
-  if ! { cmake --preset "$preset" && cmake --build --preset "$preset" ${1+--target "$@"}; } >"$log" 2>&1; then
+  if ! {
+    cmake --preset "$preset" ${HALVEX_WERROR:+-DHALVEX_WERROR=ON} &&
+      cmake --build --preset "$preset" ${1+--target "$@"}
+  } >"$log" 2>&1; then
     grep -E -A 12 'error|FAILED|Error' "$log" | tail -n 60 >&2
     echo "The build of $preset failed; all of it is in $log" >&2
     return 1
