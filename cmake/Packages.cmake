@@ -52,9 +52,10 @@ else()
     install(FILES ${generated}/${name}.gz DESTINATION ${folder})
   endfunction()
 
-  # install_completion(SHELL FOLDER NAME): the program prints it.
+  # install_completion(SHELL FOLDER NAME): the program prints it, one for another processor in an emulator.
   function(install_completion shell folder name)
-    install(CODE "execute_process(COMMAND \"$<TARGET_FILE:halvex>\" completion ${shell}
+    install(CODE "set(emulator \"${CMAKE_CROSSCOMPILING_EMULATOR}\")
+                  execute_process(COMMAND \${emulator} \"$<TARGET_FILE:halvex>\" completion ${shell}
                                   OUTPUT_FILE \"${generated}/${name}\" COMMAND_ERROR_IS_FATAL ANY)")
     install(FILES ${generated}/${name} DESTINATION ${CMAKE_INSTALL_DATADIR}/${folder})
   endfunction()

@@ -4,6 +4,7 @@
 
 native_packages=(g++ cmake ninja-build pkg-config libhidapi-dev libcli11-dev nlohmann-json3-dev)
 test_packages=(libgtest-dev libexpat1-dev python3)
+arm_packages=(g++-aarch64-linux-gnu g++-arm-linux-gnueabihf qemu-user-static dpkg-dev)
 windows_packages=(g++-mingw-w64-x86-64-posix googletest libstb-dev wine wine64)
 
 # build PRESET [TARGET...]: configures and builds; what the tools print is shown only when they fail. With
@@ -21,3 +22,13 @@ build() {
     return 1
   fi
 }
+
+# The same for a Debian package of ARCH, with Debian's own options, such as those against overflows, but for what is
+# stripped in the end: build_for_debian ARCH PRESET [TARGET...]
+build_for_debian() (
+  export DEB_HOST_ARCH=$1 DEB_BUILD_MAINT_OPTIONS=hardening=+all DEB_CFLAGS_MAINT_STRIP=-g DEB_CXXFLAGS_MAINT_STRIP=-g
+  shift
+  CPPFLAGS=$(dpkg-buildflags --get CPPFLAGS)
+  CXXFLAGS="$CPPFLAGS $(dpkg-buildflags --get CXXFLAGS)" CFLAGS="$CPPFLAGS $(dpkg-buildflags --get CFLAGS)" \
+    LDFLAGS="$(dpkg-buildflags --get LDFLAGS)" build "$@"
+)

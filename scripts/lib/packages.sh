@@ -29,3 +29,24 @@ need_packages() {
   fi
   rm -f "$log"
 }
+
+debian_codename() {
+  (. /etc/os-release && echo "$VERSION_CODENAME")
+}
+
+# The mirror that apt takes this Debian from.
+debian_mirror() {
+  local mirror
+  mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' "Codename: $(debian_codename)" \
+    'Component: main' | head -n 1)
+  mirror=${mirror%/}
+  case $mirror in mirror+file:*) mirror=$(awk 'NR == 1 { print $1 }' "/${mirror#mirror+file:*/}") ;; esac
+  [ -n "$mirror" ] || { echo "apt's sources name no mirror of $(debian_codename)" >&2; return 1; }
+  echo "$mirror"
+}
+
+# What is downloaded comes the way that apt takes: an assignment for env, if it needs one.
+apt_proxy() {
+  [ -n "${http_proxy:-}" ] || eval "$(apt-config shell http_proxy Acquire::http::Proxy)"
+  echo "${http_proxy:+http_proxy=$http_proxy}"
+}
