@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Runs the program on a terminal and presses keys: keys.py PROGRAM FILE. Prints what went wrong; exits with 1 then."""
+"""Runs the program on a terminal and presses keys: keys.py PROGRAM... FILE. Prints what went wrong; exits with 1 then."""
 import fcntl
 import os
 import pty
@@ -23,7 +23,7 @@ class Screen:
         self.pid = os.fork()
         if self.pid == 0:
             take_terminal(side)
-            os.execvp(program, [program, *arguments])
+            os.execvp(program[0], [*program, *arguments])
         self.text, self.minute, self.state = '', None, None
 
     def until(self, holds, what):
@@ -62,7 +62,7 @@ def expect(holds, what):
 
 
 def main():
-    program, file = sys.argv[1:]
+    *program, file = sys.argv[1:]
     demo = Screen(program, 'demo', file, '--device', 'emulator', '--start', '12:00', '--seconds', '86400')
     demo.until(lambda: demo.minute == 720, 'noon')
     demo.press(b' ')
@@ -84,10 +84,10 @@ def main():
     expect(demo.is_terminal_as_before(), 'Ctrl+C left the terminal changed')
 
     # In a network without any way out.
-    alone = ('unshare', '-n') if os.geteuid() == 0 else ('unshare', '-rn')
-    wifi = (program, 'wifi', '--device', '10.77.0.2', '--ssid', 'x', '--security', 'wpa')
+    alone = ['unshare', '-n'] if os.geteuid() == 0 else ['unshare', '-rn']
+    wifi = ('wifi', '--device', '10.77.0.2', '--ssid', 'x', '--security', 'wpa')
     for keys, last, status in ((b'\x03', 'nothing was sent', 130), (b'secret\n', 'did not get through', 1)):
-        asked = Screen(*alone, *wifi)
+        asked = Screen([*alone, *program], *wifi)
         asked.until(lambda: 'Password: ' in asked.text, 'the question')
         asked.until(lambda: not termios.tcgetattr(asked.side)[3] & termios.ECHO, 'hiding what is typed')
         asked.press(keys)
