@@ -2,6 +2,7 @@
 #include "formats/FileFormats.h"
 
 #include <algorithm>
+#include <set>
 
 #include "QorLib/Exceptions.h"
 #include "QorLib/qor_win_str_utils.h"
@@ -12,6 +13,7 @@
 #include "formats/RawFile.h"
 #include "formats/TmfFile.h"
 #include "model/ModeSample.h"
+#include "model/TimeText.h"
 
 namespace TCBase {
 namespace {
@@ -40,6 +42,24 @@ ImportResult ImportMode(const FileFormat& format, std::string_view bytes, const 
   mode = {BareName(name), "", {}};
   ImportResult result = format.import(bytes, mode);
   return result.isImported ? result : FailedToLoad(name, result.message);
+}
+
+/// "08:05, 12:10"; of many the first ones.
+std::string TimesOffHalfHours(const Mode& mode) {
+  constexpr std::size_t Most = 8;
+  std::set<std::int64_t> minutes;
+  for (const Channel& channel : mode.channels) {
+    for (const Step& step : channel.steps) {
+      if (step.MinuteOfDay() % 30 != 0) minutes.insert(step.MinuteOfDay());
+    }
+  }
+  std::string text;
+  std::size_t count = 0;
+  for (const std::int64_t minute : minutes) {
+    if (++count > Most) return text + ", ...";
+    text += (text.empty() ? "" : ", ") + MinuteText(minute);
+  }
+  return text;
 }
 
 bool HasJump(const Channel& channel) {
@@ -115,8 +135,12 @@ qor::Sentence RefusalOf(const FileFormat& format, const Mode& mode) {
 
 std::vector<qor::Sentence> LossesOf(const FileFormat& format, const Mode& mode) {
   std::vector<qor::Sentence> losses;
-  if (format.losesJumps && std::ranges::any_of(mode.channels, HasJump)) {
+  if (format.isHalfHourly && std::ranges::any_of(mode.channels, HasJump)) {
     losses.push_back({"{1} files carry no jumps, only the values at each half hour", {format.name}});
+  }
+  if (const std::string times = TimesOffHalfHours(mode); format.isHalfHourly && !times.empty()) {
+    losses.push_back(
+        {"{1} files hold the values at half hours; lost are the steps at {2}", {format.name, times}});
   }
   const int steps = StepCount(mode);
   if (format.mostSteps > 0 && steps > format.mostSteps) {

@@ -19,9 +19,9 @@ struct FileFormat {
   // Of a single mode; null in the format of whole programs, the first also in one that is written only.
   ImportResult (*import)(std::string_view bytes, Mode& mode) = nullptr;
   std::string (*exported)(const Mode& mode) = nullptr;
-  int fewestSteps = 0;  // of a mode, else it is refused
-  int mostSteps = 0;    // that a reader may take; 0 for any number
-  bool losesJumps = false;
+  int fewestSteps = 0;        // of a mode, else it is refused
+  int mostSteps = 0;          // that a reader may take; 0 for any number
+  bool isHalfHourly = false;  // holds the values at the half hours alone
 
   bool IsOfOneMode() const { return exported != nullptr; }
   bool IsRead() const { return !IsOfOneMode() || import != nullptr; }

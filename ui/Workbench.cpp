@@ -223,7 +223,9 @@ qor::Sentence Workbench::Activity() const {
   if (!runningJob_) return {};
   for (const TCBase::DeviceOutcome& device : runningJob_->devices) {
     if (device.stage != Stage::Connecting && device.stage != Stage::Working) continue;
-    return qor::About(device.device.name, TCBase::SentenceOf(device));
+    qor::Sentence doing = TCBase::SentenceOf(device);
+    doing.reasons.clear();  // there is little room
+    return qor::About(device.device.name, std::move(doing));
   }
   return {};
 }

@@ -156,7 +156,12 @@ TEST(FileFormats, SayWhatTheyDoNotCarry) {
   for (int i = 0; i < 49; ++i) mode.channels[0].Add(MakeStep(i / 60, i % 60, 1, true));
   EXPECT_FALSE(RefusalOf(tmf, mode));
   EXPECT_EQ(LossesOf(tmf, mode).size(), 1u) << "more steps than are read";
-  EXPECT_EQ(LossesOf(*FormatOf("x.lmf"), mode).size(), 1u) << "jumps";
+  const std::vector<qor::Sentence> losses = LossesOf(*FormatOf("x.lmf"), mode);
+  ASSERT_EQ(losses.size(), 2u) << "jumps, and times";
+  EXPECT_EQ(
+      losses[1].In(qor::InEnglish),
+      "LMF files hold the values at half hours; lost are the steps at 00:01, 00:02, 00:03, 00:04, 00:05, "
+      "00:06, 00:07, 00:08, ...");
   EXPECT_EQ(FormatOf("a.tmf/b"), nullptr);
   EXPECT_EQ(BareName("C:\\a.b\\Reef.1.tmf"), "Reef.1");
 }

@@ -107,8 +107,10 @@ def whole_upload(case, run='upload', controller='tc420'):
 @check('absent')
 def nothing_plugged_in(case):
     case.status('new', 0)
-    case.log('upload', [UPLOAD_LOG[0], 'Connect error', UPLOAD_LOG[-1]])
-    case.status('upload', 1)
+    case.log('upload', [])
+    case.status('upload', 4)
+    if 'no TC420 is plugged in (halvex doctor says more)' not in case.text('upload.err'):
+        raise Failure(f'it complained of something else{case.said("upload")}')
 
 
 @check('upload')
@@ -170,6 +172,10 @@ def no_permission(case):
     for advice in case.text('upload.err'), case.text('doctor.out'):
         if 'halvex udev-rule | sudo tee' not in advice:
             raise Failure(f'no remedy is named in "{advice.strip()}"')
+    for run, remedy in (('remote', 'halvex udev-rule --group plugdev'), ('group', 'sudo adduser user plugdev')):
+        case.status(run, 6)
+        if remedy not in case.text(run + '.err'):
+            raise Failure(f'"{run}" names another remedy{case.said(run)}')
 
 
 @check('devices')
@@ -181,6 +187,18 @@ def devices(case):
     case.status('plugged', 0)
     case.status('nothing', 4)
     case.arrived('tc420', [])
+
+
+@check('equals')
+def two_of_the_same_model(case):
+    case.log('list', 2 * ['tc420  Orvanta 24  USB'])
+    case.status('which', 5)
+    case.status('first', 0)
+    for run in ('list', 'first'):
+        if '2 TC420 are plugged in; only the first of them can be reached' not in case.text(run + '.err'):
+            raise Failure(f'"{run}" does not tell them apart{case.said(run)}')
+    if sorted(len(case.lines(name + '.frames')) for name in ('first', 'second')) != [0, len(frames.TC420_UPLOAD)]:
+        raise Failure('the frames did not go to one of them')
 
 
 @check('interrupted')

@@ -2,7 +2,7 @@
 # shellcheck shell=dash
 # The cases in the order of their run; check.py knows what each must leave behind.
 
-cases='absent upload two_reports silent nonsense unplugged refused devices interrupted monitor
+cases='absent upload two_reports silent nonsense unplugged refused devices equals interrupted monitor
 tc421 both_models tc421_silent tc421_twice tc421_demo'
 program=/home/user/presets.xml
 
@@ -11,9 +11,10 @@ case_absent() {
   halvex upload upload $program --device tc420
 }
 
+# The only one needs no name.
 case_upload() {
   plug tc420
-  halvex upload upload $program --device tc420
+  halvex upload upload $program
 }
 
 case_two_reports() {
@@ -44,6 +45,13 @@ case_refused() {
   halvex upload upload $program --device tc420
   halvex list devices
   halvex doctor doctor
+  export SSH_CONNECTION=1
+  halvex remote devices
+  unset SSH_CONNECTION
+  node=$(sed -n 's/^Plugged in as //p' tc420.log)
+  chgrp plugdev "$node"
+  chmod 660 "$node"
+  halvex group devices
 }
 
 case_devices() {
@@ -51,6 +59,14 @@ case_devices() {
   halvex plugged devices
   unplug tc420
   halvex nothing devices
+}
+
+case_equals() {
+  plug first --udc dummy_udc.0
+  plug second --udc dummy_udc.1
+  halvex list devices
+  halvex which upload $program
+  halvex first upload $program --device tc420
 }
 
 case_interrupted() {
