@@ -107,7 +107,7 @@ std::string ZshArguments(const CommandWords& command, const std::string& indent,
 
 // fish
 
-const std::string FishPrograms = " -k -a '(__fish_complete_suffix .xml .tmf .lmf)'";
+constexpr const char* FishPrograms = " -k -a '(__fish_complete_suffix .xml .tmf .lmf)'";
 
 std::string FishOptions(const CommandWords& command) {
   const std::string with =
@@ -120,7 +120,7 @@ std::string FishOptions(const CommandWords& command) {
     if (option.value.isFile) {
       text += " -r -F";
     } else if (option.value.isProgram) {
-      text += " -x" + FishPrograms;
+      text.append(" -x").append(FishPrograms);
     } else if (!option.value.isNone) {
       text += " -x";
       if (!option.value.choices.empty()) text += " -a " + Quoted(Joined(option.value.choices, " "));
@@ -212,7 +212,8 @@ std::string FishScript(const std::vector<CommandWords>& commands) {
                 Quoted(command.summary) + "\n";
       const std::string seen = " -n " + Quoted("__fish_seen_subcommand_from " + command.name);
       if (command.operand.isFile) script += "complete -c halvex" + seen + " -F\n";
-      if (command.operand.isProgram) script += "complete -c halvex" + seen + FishPrograms + "\n";
+      if (command.operand.isProgram)
+        script.append("complete -c halvex").append(seen).append(FishPrograms) += '\n';
       if (!command.operand.choices.empty())
         script += "complete -c halvex" + seen + " -a " + Quoted(Joined(command.operand.choices, " ")) + "\n";
     }

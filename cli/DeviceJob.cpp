@@ -43,7 +43,9 @@ void ShowProgress(TCBase::Worker& worker, Invocation& invocation) {
     for (const DeviceOutcome& device : job->devices) {
       if (device.stage != DeviceOutcome::Stage::Working || device.detail.reasons.empty()) continue;
       if (job->devices.size() > 1) line = ArgumentOf(device.device) + ": ";
-      line += invocation.Text(device.detail);
+      qor::Sentence mode = device.detail;
+      mode.reasons.clear();
+      line += invocation.Text(mode) + ", " + invocation.Text(device.detail.reasons.front());
     }
   }
   invocation.printer.ShowProgress(line);

@@ -159,10 +159,8 @@ void CheckProgramOutput(const std::string& input, const Output& output, const TC
                         Invocation& invocation) {
   const std::string& path = output.path;
   const bool isInput = platform::IsSameFile(input, path);
-  if (isInput && &format == &FormatIn(input)) {
-    CheckIsNoLog(path, invocation);
-    return;
-  }
+  if (!IsStandardStream(path)) CheckIsNoLog(path, invocation);
+  if (isInput && &format == &FormatIn(input)) return;
   if (!isInput && platform::IsFile(path) && !MayBecomeProgram(path, format)) {
     throw CommandError(FileFailed, {"{1} exists and is no {2} program; remove it first, or give another name",
                                     {path, format.name}});

@@ -154,14 +154,15 @@ TEST_F(CliFiles, SetsAndAddsStepsFromText) {
   const std::string text = folder.File("steps.txt");
   test::Write(text, "10:00 80 j\r\n09:00 7\r\n25:00 50\r\n10:00 1");
   EXPECT_EQ(Run({"steps", a, "--mode", "1", "--channel", "5", "--set", text, "--force", "-o", b}), cli::Done);
-  EXPECT_EQ(out, "Text contains 4 steps\n");
+  EXPECT_EQ(out, "Text contains 4 steps\nMode 1, 'Normal': 10 steps\n");
   EXPECT_EQ(Steps(b, "5"), "09:00 7\n10:00 80 J\n23:59 50\n");
 
   in = "12:00 5\nnoon\n# in the morning\n9:30 1";
   EXPECT_EQ(Run({"steps", a, "--mode", "1", "--channel", "5", "--add", "-", "--force", "-o", b}), cli::Done);
   EXPECT_EQ(
       out,
-      "Text contains 3 steps\nAdded new step 00:00 0.\nAdded new step 09:30 1.\nAdded new step 12:00 5.\n");
+      "Text contains 3 steps\nAdded new step 00:00 0.\nAdded new step 09:30 1.\nAdded new step 12:00 5.\n"
+      "Mode 1, 'Normal': 13 steps\n");
   EXPECT_EQ(err,
             "halvex: warning: standard input: Skipped lines: 2\n"
             "halvex: warning: standard input: Lines with a missing number (read as 0): 3\n");
