@@ -109,10 +109,11 @@ ExitStatus RunSample(const SampleOptions& options, Invocation& invocation) {
                         program, invocation);
   if (options.table) {
     for (const TCBase::ModeSample& sample : TCBase::SampleTable(mode))
-      printer.Add((sample.hour * 60 + sample.minute) * 60, sample);
+      printer.Add(std::int64_t{sample.hour * 60 + sample.minute} * 60, sample);
   } else if (options.minutes > 0) {
-    for (int minute = 0; minute < TCBase::MinutesPerDay; minute += options.minutes)
-      printer.Add(minute * 60, TCBase::SampleAt(mode, minute * 60));
+    constexpr std::int64_t Minute = 60;
+    for (std::int64_t at = 0; at < TCBase::SecondsPerDay; at += options.minutes * Minute)
+      printer.Add(at, TCBase::SampleAt(mode, at));
   } else {
     printer.Add(second, TCBase::SampleAt(mode, second));
   }
