@@ -58,7 +58,8 @@ std::optional<gid_t> GroupOf(const std::string& device) {
 /// What the session has, or else what the next one will: who joins a group has it from the next login on.
 Computer::Membership MembershipIn(gid_t group, const std::string& user) {
   std::vector<gid_t> groups(static_cast<std::size_t>(std::max(getgroups(0, nullptr), 0)));
-  getgroups(static_cast<int>(groups.size()), groups.data());
+  groups.resize(
+      static_cast<std::size_t>(std::max(getgroups(static_cast<int>(groups.size()), groups.data()), 0)));
   if (getegid() == group || std::ranges::find(groups, group) != groups.end())
     return Computer::Membership::Yes;
   int count = 0;
