@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 // What is done with a controller; the emulator stands for one.
-#include "formats/ProgramFile.h"
-#include "model/Presets.h"
 #include "tests/gui/driver/App.h"
 #include "tests/gui/driver/Cases.h"
 #include "tests/gui/driver/Check.h"
@@ -93,18 +91,9 @@ void ClosesDuringADemo() {
   Expect(Contains(BytesOf(app.FileIn("TC42xLog.txt")), "Demo finished"), "the demo was not ended");
 }
 
-/// The path of a program whose upload lasts some seconds.
-std::string LongProgram() {
-  TCBase::Program program = TCBase::NewProgram([](std::string_view text) { return std::string(text); });
-  program.modes.resize(16, program.modes.front());
-  const std::string path = TheRig().folder + "\\long.xml";
-  WriteBytes(path, TCBase::WriteProgram(program));
-  return path;
-}
-
 /// While controllers are worked on, the button cancels that, and who closes the window is asked.
 void CancelsAnUpload() {
-  App app({"upload-cancel", "<last_open_file>" + LongProgram() + "</last_open_file>", "", true});
+  App app("upload-cancel");
   const HWND devices = app.Control(UX::DeviceListId), upload = app.Control(UX::command::Upload);
   app.PickEmulator();
   Click(MiddleOf(upload));
