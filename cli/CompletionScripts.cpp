@@ -107,7 +107,8 @@ std::string ZshArguments(const CommandWords& command, const std::string& indent,
 
 // fish
 
-constexpr const char* FishPrograms = " -k -a '(__fish_complete_suffix .xml .tmf .lmf)'";
+constexpr const char* FishPrograms =
+    R"( -a '(__fish_complete_path (commandline -ct) | string match -r ".*(?:/|\.xml|\.tmf|\.lmf)(?:\t.*)?\$")')";
 
 std::string FishOptions(const CommandWords& command) {
   const std::string with =
