@@ -21,13 +21,6 @@ using Devices = std::vector<TCBase::DeviceInfo>;
 
 // sync-time, set-time
 
-std::string DateAndTimeText(const platform::SYSTEMTIME& time) {
-  return qor::Format(
-      "{1}-{2}-{3} {4}:{5}:{6}",
-      {qor::ZeroFilled(time.wYear, 4), qor::ZeroFilled(time.wMonth, 2), qor::ZeroFilled(time.wDay, 2),
-       qor::ZeroFilled(time.wHour, 2), qor::ZeroFilled(time.wMinute, 2), qor::ZeroFilled(time.wSecond, 2)});
-}
-
 ExitStatus SetTime(const Devices& devices, const platform::SYSTEMTIME& time, int waitSeconds,
                    Invocation& invocation) {
   const ExitStatus status =

@@ -34,7 +34,7 @@ void PrintTable(const std::vector<DeviceOutcome>& outcomes, Invocation& invocati
   }
 }
 
-/// "tc421: mode 2 of 3, step 17 of 48", where a person looks on. A demo shows its own line.
+/// "tc421: Mode 2 of 3, step 17 of 48", where a person looks on. A demo shows its own line.
 void ShowProgress(TCBase::Worker& worker, Invocation& invocation) {
   if (!invocation.environment.terminal.isError || invocation.options.quiet) return;
   if (worker.Control().demoState != TCBase::JobControl::NoDemo) return;

@@ -16,15 +16,14 @@ qor::TimeOfDay TimeOfDayOf(platform::Clock& clock) {
   return {now.wHour, now.wMinute, now.wSecond, now.wMilliseconds};
 }
 
-std::string DateAndTime(platform::Clock& clock) {
-  const platform::SYSTEMTIME now = clock.LocalTime();
+}  // namespace
+
+std::string DateAndTimeText(const platform::SYSTEMTIME& time) {
   return qor::Format(
       "{1}-{2}-{3} {4}:{5}:{6}",
-      {qor::ZeroFilled(now.wYear, 4), qor::ZeroFilled(now.wMonth, 2), qor::ZeroFilled(now.wDay, 2),
-       qor::ZeroFilled(now.wHour, 2), qor::ZeroFilled(now.wMinute, 2), qor::ZeroFilled(now.wSecond, 2)});
+      {qor::ZeroFilled(time.wYear, 4), qor::ZeroFilled(time.wMonth, 2), qor::ZeroFilled(time.wDay, 2),
+       qor::ZeroFilled(time.wHour, 2), qor::ZeroFilled(time.wMinute, 2), qor::ZeroFilled(time.wSecond, 2)});
 }
-
-}  // namespace
 
 std::string Printable(std::string text) {
   for (char& c : text) {
@@ -121,7 +120,7 @@ void LogPrinter::WarnOfEach(const std::vector<qor::Sentence>& sentences) {
 
 void LogPrinter::WriteToFile(const std::string& text) {
   if (!file_.is_open()) return;
-  if (!isFileBegun_) file_ << "--- " << DateAndTime(environment_.clock) << '\n';
+  if (!isFileBegun_) file_ << "--- " << DateAndTimeText(environment_.clock.LocalTime()) << '\n';
   isFileBegun_ = true;
   file_ << text << std::flush;
   if (file_) return;

@@ -14,6 +14,9 @@ namespace cli {
 /// The text with control characters, which names from a file may hold, as dots: what a terminal may be shown.
 std::string Printable(std::string text);
 
+/// "2026-03-29 12:00:00"
+std::string DateAndTimeText(const platform::SYSTEMTIME& time);
+
 /// Prints the program's log: messages on standard output, failures as complaints and the trace on standard
 /// error, all in the log file.
 /// It belongs to the main thread. Lines that come on it are printed at once; those of other threads wait for

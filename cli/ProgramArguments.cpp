@@ -77,6 +77,10 @@ void ReportOn(std::size_t index, const TCBase::Mode& mode, const qor::Sentence& 
   invocation.printer.Log().Message({"Mode {1}, '{2}'", {index + 1, mode.name}, {sentence}});
 }
 
+void ReportSteps(std::size_t index, const TCBase::Mode& mode, Invocation& invocation) {
+  ReportOn(index, mode, {"{1} steps", {TCBase::StepCount(mode)}}, invocation);
+}
+
 int SecondOf(std::string_view time) {
   std::string_view rest = time;
   int second = 0;

@@ -30,6 +30,8 @@ void Report(const TCBase::EditResult& result, std::size_t index, const TCBase::M
 /// Logs a sentence on the mode at `index`.
 void ReportOn(std::size_t index, const TCBase::Mode& mode, const qor::Sentence& sentence,
               Invocation& invocation);
+/// Logs how many steps the mode at `index` has come to have.
+void ReportSteps(std::size_t index, const TCBase::Mode& mode, Invocation& invocation);
 
 /// The second of the day that "HH:MM" or "HH:MM:SS" names.
 int SecondOf(std::string_view time);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "cli/ProgramFiles.h"
 
+#include <algorithm>
 #include <istream>
 #include <ostream>
 

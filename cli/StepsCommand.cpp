@@ -8,7 +8,6 @@
 #include "cli/ProgramFiles.h"
 #include "formats/StepsText.h"
 #include "model/Editing.h"
-#include "model/ModeSample.h"
 
 namespace cli {
 namespace {
@@ -62,7 +61,7 @@ ExitStatus RunSteps(StepsOptions& options, Invocation& invocation) {
     return Done;
   }
   Report(Edit(options, mode, channel, invocation), index, mode, options.out.path, invocation);
-  ReportOn(index, mode, {"{1} steps", {TCBase::StepCount(mode)}}, invocation);
+  ReportSteps(index, mode, invocation);
   WarnOfLongModes(TCBase::Program::ModeListView(program, {index}), invocation.printer);
   Save(program, index, options.out.path, invocation);
   return Done;

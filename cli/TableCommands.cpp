@@ -12,7 +12,6 @@
 #include "cli/Question.h"
 #include "formats/TableText.h"
 #include "model/Editing.h"
-#include "model/ModeSample.h"
 #include "platform/Files.h"
 
 namespace cli {
@@ -36,10 +35,6 @@ std::vector<qor::Sentence> Apply(const std::string& text, const std::string& nam
   return reading.faults;
 }
 
-void ReportSteps(const TCBase::Mode& mode, std::size_t index, Invocation& invocation) {
-  ReportOn(index, mode, {"{1} steps", {TCBase::StepCount(mode)}}, invocation);
-}
-
 // table
 
 ExitStatus RunTable(TableOptions& options, Invocation& invocation) {
@@ -56,7 +51,7 @@ ExitStatus RunTable(TableOptions& options, Invocation& invocation) {
     for (const qor::Sentence& fault : faults) invocation.printer.Complain(fault);
     throw CommandError(FileFailed, {"{1} was not written", {options.out.path}});
   }
-  ReportSteps(mode, index, invocation);
+  ReportSteps(index, mode, invocation);
   Save(program, index, options.out.path, invocation);
   return Done;
 }
@@ -112,7 +107,7 @@ ExitStatus RunEdit(TableOptions& options, Invocation& invocation) {
     ReportOn(index, mode, {"nothing was changed", {}}, invocation);
     return Done;
   }
-  ReportSteps(mode, index, invocation);
+  ReportSteps(index, mode, invocation);
   Save(program, index, options.out.path, invocation);
   return Done;
 }
