@@ -106,16 +106,6 @@ ImportResult ReadWholeProgram(const std::string& path, Program& program) {
   return reason ? FailedToLoad(path, std::move(reason)) : ImportResult{true, {}};
 }
 
-ImportResult ReadAnyFile(const std::string& path, Program& program) {
-  const FileFormat* format = FormatOf(path);
-  if (format == nullptr || !format->IsOfOneMode()) return ReadWholeProgram(path, program);
-  try {
-    return ReadAnyBytes(*format, ReadFileBytes(path, MostBytes), path, program);
-  } catch (const qor::win::xsystem& failed) {
-    return FailedToLoad(path, failed.Reason());
-  }
-}
-
 ImportResult ReadAnyBytes(const FileFormat& format, std::string bytes, const std::string& name,
                           Program& program) {
   if (!format.IsOfOneMode()) {

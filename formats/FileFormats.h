@@ -42,10 +42,8 @@ std::string BareName(const std::string& path);
 ImportResult ReadMode(const FileFormat& format, const std::string& path, Mode& mode);
 /// Reads the file of a whole program, whatever its name. The program is as it was when that fails.
 ImportResult ReadWholeProgram(const std::string& path, Program& program);
-/// Reads either of them, by the name; what says no format is a whole program. A single mode takes the place
-/// of the program's modes.
-ImportResult ReadAnyFile(const std::string& path, Program& program);
-/// The same with the bytes of a file of that format. `name` is what messages call it, and its mode.
+/// Reads the bytes of a file of the format. A single mode takes the place of the program's modes. `name` is
+/// what messages call the file, and its mode.
 ImportResult ReadAnyBytes(const FileFormat& format, std::string bytes, const std::string& name,
                           Program& program);
 
