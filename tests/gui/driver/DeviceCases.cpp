@@ -91,27 +91,8 @@ void ClosesDuringADemo() {
   Expect(Contains(BytesOf(app.FileIn("TC42xLog.txt")), "Demo finished"), "the demo was not ended");
 }
 
-/// While controllers are worked on, the button cancels that, and who closes the window is asked.
-void CancelsAnUpload() {
-  App app("upload-cancel");
-  const HWND devices = app.Control(UX::DeviceListId), upload = app.Control(UX::command::Upload);
-  app.PickEmulator();
-  Click(MiddleOf(upload));
-  Until("the button cancels", [=] { return TextOf(upload) == "Cancel"; });
-  Sleep(350);  // a click that comes at once was meant for the upload
-  PostMessageW(app.Window(), WM_CLOSE, 0, 0);
-  Expect(Contains(app.Question(), "A job is still running."), "nothing is asked");
-  app.Answer(IDCANCEL);
-  Click(MiddleOf(upload));
-  app.AwaitLog("Cancelled!");
-  Until("the list says so", [=] { return Contains(RowsOf(devices).front().info, "Stopped"); });
-  Until("the button uploads again", [=] { return TextOf(upload) == "Upload program"; });
-  app.Close();
-}
-
 constexpr Case Cases[] = {
     {"device.upload", Uploads},
-    {"device.upload-cancel", CancelsAnUpload},
     {"device.demo", PlaysADemo},
     {"device.demo-closed", ClosesDuringADemo},
 };
