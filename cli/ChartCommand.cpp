@@ -2,10 +2,10 @@
 // chart
 #include <memory>
 
+#include "chart/RendererSVG.h"
 #include "cli/Commands.h"
 #include "cli/ProgramArguments.h"
 #include "cli/ProgramFiles.h"
-#include "ui/RendererSVG.h"
 
 namespace cli {
 namespace {

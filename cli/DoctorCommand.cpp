@@ -17,9 +17,9 @@
 #include "cli/UdevRule.h"
 #include "device/CreateDevice.h"
 #include "device/UdpPort.h"
+#include "formats/LogFile.h"
 #include "formats/Settings.h"
 #include "platform/Files.h"
-#include "ui/LogFile.h"
 
 namespace cli {
 namespace {
@@ -169,7 +169,7 @@ Finding SettingsFile(const std::string& folder, Invocation& invocation) {
 }
 
 Finding LogFile(const std::string& folder) {
-  const std::string path = platform::PathIn(folder.empty() ? "." : folder, UX::LogFileName);
+  const std::string path = platform::PathIn(folder.empty() ? "." : folder, TCBase::LogFileName);
   std::string start;
   const platform::SystemError failed = platform::ReadWholeFile(path, 0, start);
   if (!failed) return {"log", State::Ok, qor::Verbatim(path)};

@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "QorLib/Log.h"
-#include "ui/ChartGeometry.h"
+#include "chart/ChartGeometry.h"
 #include "ui/Document.h"
 #include "ui/UndoHistory.h"
 #include "ui/View.h"

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/ViewSpan.h"
+#include "chart/ViewSpan.h"
 
 /// What the commands of the table do.
 namespace UX {

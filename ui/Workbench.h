@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "chart/ViewSpan.h"
 #include "formats/Localisation.h"
 #include "formats/Settings.h"
 #include "ui/ChartEditor.h"
@@ -14,7 +15,6 @@
 #include "ui/MenuState.h"
 #include "ui/UndoHistory.h"
 #include "ui/View.h"
-#include "ui/ViewSpan.h"
 #include "worker/Worker.h"
 
 namespace UX {

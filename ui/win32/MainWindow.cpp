@@ -44,7 +44,7 @@ MainWindow::MainWindow(HINSTANCE instance, const Services& services, platform::N
                        const std::string& settingsFolder)
     : instance_(instance),
       services_(services),
-      logFile_(platform::PathIn(settingsFolder, LogFileName), services.log),
+      logFile_(platform::PathIn(settingsFolder, TCBase::LogFileName), services.log),
       dialogs_(services, network),
       workbench_(services, dialogs_, *this),
       recovery_(settingsFolder, workbench_),

@@ -4,7 +4,7 @@
 #include <atomic>
 #include <memory>
 
-#include "ui/LogFile.h"
+#include "formats/LogFile.h"
 #include "ui/Recovery.h"
 #include "ui/win32/Ctrls.h"
 #include "ui/win32/Logo.h"
@@ -86,7 +86,7 @@ class MainWindow : public View {
 
   HINSTANCE instance_;
   Services services_;
-  LogFile logFile_;
+  TCBase::LogFile logFile_;
   WindowDialogs dialogs_;
   Workbench workbench_;
   Recovery recovery_;

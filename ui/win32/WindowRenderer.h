@@ -5,7 +5,7 @@
 
 #include <memory>
 
-#include "ui/RendererBase.h"
+#include "chart/RendererBase.h"
 
 namespace UX {
 

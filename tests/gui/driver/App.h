@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "chart/ChartGeometry.h"
 #include "tests/gui/driver/Probe.h"
-#include "ui/ChartGeometry.h"
 
 namespace gui {
 

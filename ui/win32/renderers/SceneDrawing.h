@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "ui/ChartScene.h"
+#include "chart/ChartScene.h"
 
 /// What the window's renderers share, so that both draw a scene to the same pixels.
 namespace UX {

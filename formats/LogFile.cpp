@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "ui/LogFile.h"
+#include "formats/LogFile.h"
 
 #include <cerrno>
 #include <filesystem>
 
 #include "platform/SystemError.h"
 
-namespace UX {
+namespace TCBase {
 
 LogFile::LogFile(const std::string& path, qor::Log& log) {
   errno = 0;
@@ -21,4 +21,4 @@ void LogFile::Write(const std::string& text) {
   if (file_.is_open()) file_ << text << std::flush;
 }
 
-}  // namespace UX
+}  // namespace TCBase

@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "model/Mode.h"
-#include "ui/ViewSpan.h"
+#include "chart/ViewSpan.h"
 
 namespace UX {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "ui/RendererBase.h"
+#include "chart/RendererBase.h"
 
 namespace UX {
 

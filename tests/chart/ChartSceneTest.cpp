@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "ui/ChartScene.h"
+#include "chart/ChartScene.h"
 
 #include <gtest/gtest.h>
 
+#include "chart/RendererSVG.h"
 #include "model/Presets.h"
 #include "tests/support/Curves.h"
-#include "ui/RendererSVG.h"
 
 namespace {
 

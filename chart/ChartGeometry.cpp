@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/ChartGeometry.h"
+#include "chart/ChartGeometry.h"
 
 #include <algorithm>
 #include <cmath>

@@ -5,9 +5,9 @@
 
 #include <cstdlib>
 
+#include "chart/RendererSVG.h"
 #include "model/Presets.h"
 #include "tests/support/TempFolder.h"
-#include "ui/RendererSVG.h"
 
 namespace {
 

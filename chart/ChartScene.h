@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "model/Program.h"
-#include "ui/ChartGeometry.h"
+#include "chart/ChartGeometry.h"
 
 /// The chart as a finished picture: a plain value, in pixels, that any renderer can draw without asking back.
 namespace UX {

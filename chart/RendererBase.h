@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "ui/ChartScene.h"
+#include "chart/ChartScene.h"
 
 namespace UX {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/RendererSVG.h"
+#include "chart/RendererSVG.h"
 
 #include <cmath>
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/ViewSpan.h"
+#include "chart/ViewSpan.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/ChartScene.h"
+#include "chart/ChartScene.h"
 
 #include <algorithm>
 

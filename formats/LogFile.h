@@ -6,7 +6,7 @@
 
 #include "QorLib/Log.h"
 
-namespace UX {
+namespace TCBase {
 
 /// Its name, in the folder of the settings.
 inline constexpr const char* LogFileName = "TC42xLog.txt";
@@ -23,4 +23,4 @@ class LogFile {
   std::ofstream file_;
 };
 
-}  // namespace UX
+}  // namespace TCBase

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/ChartGeometry.h"
+#include "chart/ChartGeometry.h"
 
 #include <gtest/gtest.h>
 
