@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <optional>
 
-#include "model/Mode.h"
 #include "chart/ViewSpan.h"
+#include "model/Mode.h"
 
 namespace UX {
 

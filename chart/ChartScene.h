@@ -7,8 +7,8 @@
 #include <variant>
 #include <vector>
 
-#include "model/Program.h"
 #include "chart/ChartGeometry.h"
+#include "model/Program.h"
 
 /// The chart as a finished picture: a plain value, in pixels, that any renderer can draw without asking back.
 namespace UX {
