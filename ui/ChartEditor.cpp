@@ -18,7 +18,8 @@ using TCBase::MinutesPerDay;
 using TCBase::SecondsPerDay;
 
 constexpr float WobblePixels = 3;
-constexpr std::int64_t RunPauseMilliseconds = 1000;
+constexpr const char* DragRun = "drag";
+constexpr const char* KeysRun = "keys";
 
 /// Whether no step of the channel is on that minute.
 bool IsFree(const Channel& channel, std::int64_t minute) {
@@ -37,6 +38,29 @@ std::optional<std::size_t> IndexOf(const Channel& channel, std::uint32_t id) {
   return static_cast<std::size_t>(found - channel.steps.begin());
 }
 
+/// Only one step of a channel can be on a minute: the one that was moved there stays. In a channel that would
+/// be left with a single step it moves on to the next free minute instead.
+void ClearMinuteOf(Channel& channel, std::uint32_t movedId) {
+  const auto index = IndexOf(channel, movedId);
+  if (!index) return;
+  const TCBase::Step moved = channel.steps[*index];
+  Channel others = channel;
+  std::erase_if(others.steps, [&](const TCBase::Step& step) { return step.id == movedId; });
+  if (IsFree(others, moved.MinuteOfDay())) return;
+  Channel cleared = channel;
+  std::erase_if(cleared.steps, [&](const TCBase::Step& step) {
+    return step.id != movedId && step.MinuteOfDay() == moved.MinuteOfDay();
+  });
+  if (cleared.steps.size() >= TCBase::MinChannelSteps) {
+    channel = std::move(cleared);
+  } else {
+    int minute = static_cast<int>(moved.MinuteOfDay());
+    while (!IsFree(others, minute)) minute = (minute + 1) % MinutesPerDay;
+    SetMinute(channel.steps[*index], minute);
+  }
+  channel.Sort();
+}
+
 }  // namespace
 
 std::optional<StepPlace> ChartEditor::SelectedStep() const {
@@ -45,62 +69,83 @@ std::optional<StepPlace> ChartEditor::SelectedStep() const {
   return step ? std::optional(StepPlace{*channel_, *step}) : std::nullopt;
 }
 
+std::vector<qor::Sentence> ChartEditor::Hint() const {
+  return !isDemoRunning_ && SelectedStep() ? hint_ : std::vector<qor::Sentence>();
+}
+
 void ChartEditor::SetDemoRunning(bool isRunning) {
-  FinishRun();
+  EndRun();
   isDemoRunning_ = isRunning;
-  context_.view.ShowHint({});
+  hint_.clear();
 }
 
 void ChartEditor::SetSelection(std::optional<std::size_t> channel, std::optional<std::uint32_t> stepId) {
+  if (!stepId || !SelectedStep()) hint_.clear();
   channel_ = channel;
   stepId_ = stepId;
-  if (!stepId) context_.view.ShowHint({});
-  context_.view.RedrawChart();
   context_.view.Refresh();
 }
 
 void ChartEditor::SelectChannel(std::optional<std::size_t> channel) {
-  FinishRun();
+  EndRun();
   SetSelection(channel, std::nullopt);
 }
 
 void ChartEditor::Select(const StepPlace& place) {
   const std::uint32_t id = Step(place).id;
-  FinishRun();
+  EndRun();
   SetSelection(place.channel, id);
 }
 
 void ChartEditor::Reset() {
-  FinishRun();
+  EndRun();
   hovered_.reset();
   SetSelection(std::nullopt, std::nullopt);
 }
 
-void ChartEditor::ForgetLostStep() {
-  if (stepId_ && !SelectedStep()) SetSelection(channel_, std::nullopt);
+void ChartEditor::Undo() {
+  GoBack(&Document::Undo);
 }
 
-void ChartEditor::ShowContent(Snapshot content) {
-  std::optional<std::uint32_t> known = SelectedStep() ? stepId_ : std::nullopt;
+void ChartEditor::Redo() {
+  GoBack(&Document::Redo);
+}
+
+void ChartEditor::GoBack(void (Document::*where)()) {
+  EndRun();
+  if (!SelectedStep()) stepId_.reset();
+  std::optional<std::uint32_t> known = stepId_;
   if (channel_ && !known && !Mode().channels[*channel_].steps.empty()) {
     known = Mode().channels[*channel_].steps.front().id;
   }
-  context_.document.SetContent(std::move(content));
+  (context_.document.*where)();
   for (std::size_t channel = 0; known && channel < ChannelCount; ++channel) {
     if (IndexOf(Mode().channels[channel], *known)) channel_ = channel;
   }
-  SetSelection(channel_, SelectedStep() ? stepId_ : std::nullopt);
 }
 
-void ChartEditor::ChannelChanged(std::size_t channel) {
-  context_.view.RedrawLane(channel);
-  context_.view.Refresh();
+/// The step stays the same one, wherever it comes to stand; the run's end clears its minute.
+void ChartEditor::ChangeStep(const EditRun& run, const StepPlace& place,
+                             const std::function<void(TCBase::Step&)>& change) {
+  const std::size_t mode = context_.document.CurrentMode();
+  const std::uint32_t id = Step(place).id;
+  EditRun moving = run;
+  moving.finish = [mode, channel = place.channel, id](Content& content) {
+    ClearMinuteOf(content.program.modes[mode].channels[channel], id);
+  };
+  context_.document.Change(moving, [&](Content& content) {
+    Channel& channel = content.Mode().channels[place.channel];
+    change(channel.steps[place.step]);
+    channel.steps[place.step].Clamp();
+    channel.Sort();
+    return TCBase::EditResult{true, {}};
+  });
 }
 
 // The mouse
 
 void ChartEditor::ButtonDown(Point point) {
-  FinishRun();
+  EndRun();
   context_.view.CaptureMouse(true);
   press_ = Press{point};
   if (isDemoRunning_) return SeekDemo(point);
@@ -127,27 +172,27 @@ void ChartEditor::AddStep(std::size_t channel, int second, float percent) {
                          {TCBase::MaxModeSteps});
     return;
   }
-  GoOnWith(EditRun::Drag);
   TCBase::Step step = TCBase::MakeStep(second / 3600, second % 3600 / 60, percent);
   step.Clamp();
-  Channel& lane = Mode().channels[channel];
-  lane.Sort();  // a file's steps may be in any order
-  lane.Add(step);
-  lane.RemoveDuplicateTimes();
+  context_.document.Change({DragRun}, [&](Content& content) {
+    Channel& lane = content.Mode().channels[channel];
+    lane.Sort();  // a file's steps may be in any order
+    lane.Add(step);
+    lane.RemoveDuplicateTimes();
+    return TCBase::EditResult{true, {}};
+  });
   const int count = TCBase::StepCount(Mode());
   context_.log.Message("Added new step {1}. Current number of steps: {2}", {TCBase::StepText(step), count});
-  if (count == TCBase::MaxModeStepsEarlier + 1) {
-    if (press_) press_->hasHint = true;
-    context_.view.ShowHint(
-        {{"The previous model ORVANTA (blue device) supports a maximum of {1} steps in "
-          "the program. For more information check the \"Help / Known issues\" information.",
-          {TCBase::MaxModeStepsEarlier}}});
-  }
-  const auto added = std::ranges::find(lane.steps, step.MinuteOfDay(), &TCBase::Step::MinuteOfDay);
-  channel_ = channel;
-  stepId_ = added->id;
+  const auto& steps = Mode().channels[channel].steps;
+  const auto added = std::ranges::find(steps, step.MinuteOfDay(), &TCBase::Step::MinuteOfDay);
+  SetSelection(channel, added->id);
   if (press_) press_->step = *added;
-  ChannelChanged(channel);
+  if (count != TCBase::MaxModeStepsEarlier + 1) return;
+  if (press_) press_->hasHint = true;
+  hint_ = {
+      {"The previous model ORVANTA (blue device) supports a maximum of {1} steps in "
+       "the program. For more information check the \"Help / Known issues\" information.",
+       {TCBase::MaxModeStepsEarlier}}};
 }
 
 void ChartEditor::MouseMove(Point point) {
@@ -155,10 +200,7 @@ void ChartEditor::MouseMove(Point point) {
   if (press_ && press_->step && SelectedStep()) {
     const bool isOut =
         std::abs(point.x - press_->at.x) > WobblePixels || std::abs(point.y - press_->at.y) > WobblePixels;
-    if (isOut && !press_->isMoving) {
-      press_->isMoving = true;
-      GoOnWith(EditRun::Drag);
-    }
+    press_->isMoving = press_->isMoving || isOut;
     if (press_->isMoving) DragTo(point);
   }
   Hover(geometry_.NearestStep(Mode(), point));
@@ -170,10 +212,8 @@ void ChartEditor::MouseLeave() {
 
 void ChartEditor::Hover(std::optional<StepPlace> place) {
   if (hovered_ == place) return;
-  const auto former = hovered_;
   hovered_ = place;
-  if (former) context_.view.RedrawLane(former->channel);
-  if (place && (!former || former->channel != place->channel)) context_.view.RedrawLane(place->channel);
+  context_.view.Refresh();
 }
 
 /// The step goes as far as the pointer has gone since the press: where in the mark it was pressed plays no
@@ -187,14 +227,12 @@ void ChartEditor::DragTo(Point point) {
   if (second >= SecondsPerDay) return;
   const ViewSpan& view = geometry_.View();
   if (minutes != 0) second = std::clamp(second, view.Start(), view.End() - 1);
-  TCBase::Step& step = Step(place);
-  SetMinute(step, second / 60);
-  step.value = pressed.value + geometry_.PercentAt(place.channel, point.y) -
-               geometry_.PercentAt(place.channel, press_->at.y);
-  step.Clamp();
-  isMoved_ = true;
-  Mode().channels[place.channel].Sort();
-  ChannelChanged(place.channel);
+  const float percent =
+      geometry_.PercentAt(place.channel, point.y) - geometry_.PercentAt(place.channel, press_->at.y);
+  ChangeStep({DragRun}, place, [&](TCBase::Step& step) {
+    SetMinute(step, second / 60);
+    step.value = pressed.value + percent;
+  });
 }
 
 void ChartEditor::EndPress() {
@@ -206,28 +244,24 @@ void ChartEditor::EndPress() {
 void ChartEditor::ButtonUp() {
   if (!press_) return;
   const bool hasHint = press_->hasHint;
-  FinishRun();
+  EndRun();
   const auto selected = SelectedStep();
   if (isDemoRunning_ || !selected) return;
   context_.log.Message("Step {1}", {TCBase::StepText(Step(*selected))});
   if (hasHint) return;
-  context_.view.ShowHint({{"Press DELETE or BACKSPACE to remove the selected step.", {}},
-                          {"You can also use keyboard ARROWS to move the step with higher accuracy.", {}}});
+  hint_ = {{"Press DELETE or BACKSPACE to remove the selected step.", {}},
+           {"You can also use keyboard ARROWS to move the step with higher accuracy.", {}}};
+  context_.view.Refresh();
 }
 
 void ChartEditor::CancelDrag() {
   EndPress();
-  isMoved_ = false;
-  run_ = EditRun::None;
-  if (auto before = context_.history.Withdraw()) context_.document.SetContent(std::move(*before));
-  ForgetLostStep();
-  context_.view.RedrawChart();
-  context_.view.Refresh();
+  context_.document.CancelRun();
 }
 
 void ChartEditor::SelectAt(Point point) {
   if (press_ || isDemoRunning_) return;
-  FinishRun();
+  EndRun();
   if (const auto hit = geometry_.HitTest(Mode(), point)) return Select(*hit);
   for (std::size_t channel = 0; channel < ChannelCount; ++channel) {
     if (geometry_.Lane(channel).Contains(point)) SelectChannel(channel);
@@ -260,7 +294,7 @@ bool ChartEditor::Key(ChartKey key, std::int64_t milliseconds) {
   if (!selected) return false;
   switch (key) {
     case ChartKey::Delete: DeleteStep(*selected, milliseconds); return true;
-    case ChartKey::ToggleJump: ToggleJump(*selected); return true;
+    case ChartKey::ToggleJump: ToggleJump(); return true;
     case ChartKey::Earlier: MoveByKey(*selected, -1, 0, milliseconds); return true;
     case ChartKey::Later: MoveByKey(*selected, 1, 0, milliseconds); return true;
     case ChartKey::Brighter: MoveByKey(*selected, 0, 1, milliseconds); return true;
@@ -269,80 +303,39 @@ bool ChartEditor::Key(ChartKey key, std::int64_t milliseconds) {
   }
 }
 
-void ChartEditor::Tick(std::int64_t milliseconds) {
-  const bool mayPause = run_ == EditRun::Keys || run_ == EditRun::Description;
-  if (mayPause && milliseconds - lastEdit_ >= RunPauseMilliseconds) FinishRun();
-}
-
-void ChartEditor::GoOnWith(EditRun run, std::int64_t milliseconds) {
-  if (run_ != EditRun::None && run_ != run) FinishRun();
-  run_ = run;
-  lastEdit_ = milliseconds;
-  context_.history.TakePending(context_.document.Content());
-}
-
-void ChartEditor::FinishRun() {
+void ChartEditor::EndRun() {
   EndPress();
-  run_ = EditRun::None;
-  if (const auto selected = SelectedStep(); isMoved_ && selected) ClearMinuteOf(*selected);
-  isMoved_ = false;
-  context_.history.Commit();
-}
-
-/// Only one step of a channel can be on a minute: the one that was moved there stays. In a channel that would
-/// be left with a single step it moves on to the next free minute instead.
-void ChartEditor::ClearMinuteOf(const StepPlace& place) {
-  Channel& channel = Mode().channels[place.channel];
-  const TCBase::Step moved = Step(place);
-  Channel others = channel;
-  std::erase_if(others.steps, [&](const TCBase::Step& step) { return step.id == moved.id; });
-  if (IsFree(others, moved.MinuteOfDay())) return;
-  Channel cleared = channel;
-  std::erase_if(cleared.steps, [&](const TCBase::Step& step) {
-    return step.id != moved.id && step.MinuteOfDay() == moved.MinuteOfDay();
-  });
-  if (cleared.steps.size() >= TCBase::MinChannelSteps) {
-    channel = std::move(cleared);
-  } else {
-    int minute = static_cast<int>(moved.MinuteOfDay());
-    while (!IsFree(others, minute)) minute = (minute + 1) % MinutesPerDay;
-    SetMinute(Step(place), minute);
-  }
-  Mode().channels[place.channel].Sort();
-  ChannelChanged(place.channel);
+  context_.document.EndRun();
 }
 
 /// The next step is selected then, or the one before where there is none, so that one key deletes several.
 void ChartEditor::DeleteStep(const StepPlace& place, std::int64_t milliseconds) {
-  const std::vector<TCBase::Step>& steps = Mode().channels[place.channel].steps;
-  if (steps.size() > TCBase::MinChannelSteps) GoOnWith(EditRun::Keys, milliseconds);
-  const TCBase::EditResult result = TCBase::DeleteStep(Mode(), place.channel, place.step);
+  const TCBase::EditResult result = context_.document.Change(
+      {KeysRun, milliseconds},
+      [&place](Content& content) { return TCBase::DeleteStep(content.Mode(), place.channel, place.step); });
   context_.log.Message(result.status);
   if (!result.isChanged) return;
+  const std::vector<TCBase::Step>& steps = Mode().channels[place.channel].steps;
   stepId_ = steps[std::min(place.step, steps.size() - 1)].id;
-  isMoved_ = false;
   hovered_.reset();
-  ChannelChanged(place.channel);
 }
 
 void ChartEditor::MoveByKey(const StepPlace& place, int minutes, float percent, std::int64_t milliseconds) {
-  GoOnWith(EditRun::Keys, milliseconds);
-  TCBase::Step& step = Step(place);
-  SetMinute(step, static_cast<int>((step.MinuteOfDay() + minutes + MinutesPerDay) % MinutesPerDay));
-  step.value += percent;
-  step.Clamp();
-  isMoved_ = isMoved_ || minutes != 0;
-  Mode().channels[place.channel].Sort();
-  ChannelChanged(place.channel);
+  ChangeStep({KeysRun, milliseconds}, place, [&](TCBase::Step& step) {
+    SetMinute(step, static_cast<int>((step.MinuteOfDay() + minutes + MinutesPerDay) % MinutesPerDay));
+    step.value += percent;
+  });
 }
 
-void ChartEditor::ToggleJump(const StepPlace& place) {
-  FinishRun();
+void ChartEditor::ToggleJump() {
+  EndRun();
   const auto selected = SelectedStep();  // ending the run may have moved it
   if (!selected) return;
-  context_.history.Push(context_.document.Content());
-  Step(*selected).jump = !Step(*selected).jump;
-  ChannelChanged(place.channel);
+  context_.document.Change({}, [&](Content& content) {
+    TCBase::Step& step = content.Mode().channels[selected->channel].steps[selected->step];
+    step.jump = !step.jump;
+    return TCBase::EditResult{true, {}};
+  });
   context_.log.Message("Step jump toggle");
 }
 
@@ -360,7 +353,7 @@ bool ChartEditor::PauseDemo() {
 }
 
 void ChartEditor::GoToStep(int offset) {
-  FinishRun();
+  EndRun();
   if (!channel_) return GoToChannel(1);
   const auto count = static_cast<int>(Mode().channels[*channel_].steps.size());
   if (count == 0) return;
@@ -378,7 +371,7 @@ void ChartEditor::GoToChannel(int offset) {
 
 /// Adds a step on the curve, half way from the selected step to the next one.
 void ChartEditor::InsertByKey() {
-  FinishRun();
+  EndRun();
   if (!channel_) return;
   const Channel& channel = Mode().channels[*channel_];
   const auto selected = SelectedStep();
@@ -391,7 +384,7 @@ void ChartEditor::InsertByKey() {
   });
   if (isTaken) return;  // a step that is there stays
   AddStep(*channel_, minute * 60, channel.ValueAt(std::int64_t{minute} * 60));
-  FinishRun();
+  EndRun();
 }
 
 }  // namespace UX

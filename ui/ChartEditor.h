@@ -2,12 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
+#include <vector>
 
 #include "QorLib/Log.h"
 #include "chart/ChartGeometry.h"
 #include "ui/Document.h"
-#include "ui/UndoHistory.h"
 #include "ui/View.h"
 #include "worker/JobControl.h"
 
@@ -30,9 +31,6 @@ enum class ChartKey {
   Insert,
 };
 
-/// What a run of small edits changes; a run of another kind ends the one before.
-enum class EditRun { None, Keys, Description, Drag, Power };
-
 /// Turns what mouse and keys do on the chart into edits of the current mode, and while a demo runs into
 /// moving the demo. Keeps which channel and step are selected and which step the pointer touches.
 class ChartEditor {
@@ -40,7 +38,6 @@ class ChartEditor {
   /// What it works with; all outlive it.
   struct Context {
     Document& document;
-    UndoHistory& history;
     qor::Log& log;
     TCBase::JobControl& control;
     View& view;
@@ -63,14 +60,11 @@ class ChartEditor {
 
   /// `milliseconds` counts from anywhere. Whether the key meant something here.
   bool Key(ChartKey key, std::int64_t milliseconds);
-  /// Ends a run of keys that has paused for a second.
-  void Tick(std::int64_t milliseconds);
-  /// Ends a run of keys: its edits become one entry of the history, and other steps on the minute of the
-  /// moved one go. To be called before anything else is done to the program.
-  void FinishRun();
-  /// To be called before each edit of a run: keeps what was there before the first. A run of another kind is
-  /// finished first. Runs of the mouse last until FinishRun; the others end a second after their last edit.
-  void GoOnWith(EditRun run, std::int64_t milliseconds = 0);
+  /// Ends a press, and the run of edits. To be called before anything else is done to the program.
+  void EndRun();
+  /// Undo and redo; the selection goes where its steps are then.
+  void Undo();
+  void Redo();
 
   std::optional<std::size_t> SelectedChannel() const { return channel_; }
   /// Nothing where the step is no longer there.
@@ -80,10 +74,8 @@ class ChartEditor {
   void SelectChannel(std::optional<std::size_t> channel);
   /// The selected channel's steps are in another channel now, and the selection follows them.
   void FollowSteps(std::size_t channel) { channel_ = channel; }
-  /// To be called after an edit elsewhere: a selected step that is gone is selected no more.
-  void ForgetLostStep();
-  /// Shows another state of the program; the selection goes where its steps are then.
-  void ShowContent(Snapshot content);
+  /// Advice on what can be done now, for a line of its own.
+  std::vector<qor::Sentence> Hint() const;
   /// Whether the name of a channel stands there.
   bool IsName(Point point) const { return geometry_.NameAt(point).has_value(); }
   /// Nothing is selected or touched any more: another program, or another mode, is shown.
@@ -94,11 +86,13 @@ class ChartEditor {
     Point at;
     std::optional<TCBase::Step> step = {};  // the selected step, as it was when it was pressed
     bool isMoving = false;
-    bool hasHint = false;  // a hint was shown that must stay
+    bool hasHint = false;  // a hint came up that must stay
   };
 
-  TCBase::Mode& Mode() { return context_.document.Mode(); }
-  TCBase::Step& Step(const StepPlace& place) { return Mode().channels[place.channel].steps[place.step]; }
+  const TCBase::Mode& Mode() const { return context_.document.Mode(); }
+  const TCBase::Step& Step(const StepPlace& place) const {
+    return Mode().channels[place.channel].steps[place.step];
+  }
   void Select(const StepPlace& place);
   void SetSelection(std::optional<std::size_t> channel, std::optional<std::uint32_t> stepId);
   void EndPress();
@@ -110,13 +104,14 @@ class ChartEditor {
   void CancelDrag();
   void DeleteStep(const StepPlace& place, std::int64_t milliseconds);
   void MoveByKey(const StepPlace& place, int minutes, float percent, std::int64_t milliseconds);
-  void ToggleJump(const StepPlace& place);
+  void ToggleJump();
   bool PauseDemo();
   void GoToStep(int offset);
   void GoToChannel(int offset);
   void InsertByKey();
-  void ClearMinuteOf(const StepPlace& place);
-  void ChannelChanged(std::size_t channel);
+  void ChangeStep(const EditRun& run, const StepPlace& place,
+                  const std::function<void(TCBase::Step&)>& change);
+  void GoBack(void (Document::*where)());
 
   Context context_;
   ChartGeometry geometry_{0, 0, ViewSpan()};
@@ -125,9 +120,7 @@ class ChartEditor {
   std::optional<std::uint32_t> stepId_;  // of a step of the selected channel; it may be gone
   std::optional<StepPlace> hovered_;
   std::optional<Press> press_;
-  bool isMoved_ = false;         // the selected step was moved and others may stand on its minute
-  EditRun run_ = EditRun::None;  // of which the history has a pending copy
-  std::int64_t lastEdit_ = 0;    // of the run
+  std::vector<qor::Sentence> hint_;  // about the selected step
 };
 
 }  // namespace UX

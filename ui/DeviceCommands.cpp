@@ -36,8 +36,8 @@ bool IsTooLong(const TCBase::Mode& mode) {
 /// Thins the whole program, as one edit.
 void OptimiseProgram(Workbench& workbench) {
   bool isOptimised = false;
-  workbench.Edit([&] {
-    isOptimised = TCBase::OptimiseProgram(workbench.document.Program(), workbench.services.log);
+  workbench.Edit([&](Content& content) {
+    isOptimised = TCBase::OptimiseProgram(content.program, workbench.services.log);
     return TCBase::EditResult{true, {}};
   });
   if (!isOptimised) return;
@@ -78,7 +78,6 @@ void SetTime(Workbench& workbench) {
 }
 
 void UploadProgram(Workbench& workbench) {
-  workbench.editor.FinishRun();
   const auto picked = PickedDevices(workbench);
   if (picked.empty()) return;
   const std::vector<std::size_t> modes = workbench.document.UploadedModes();

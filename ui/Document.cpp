@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/Document.h"
 
-#include <algorithm>
+#include <utility>
 
 #include "formats/FileFormats.h"
 #include "formats/ProgramFile.h"
@@ -11,6 +11,7 @@ namespace UX {
 namespace {
 
 constexpr std::string_view WindowTitle = "Orvanta 24";
+constexpr std::int64_t RunPauseMilliseconds = 1000;
 
 /// A program that can be edited has a mode; a file may lack one.
 TCBase::Program Editable(TCBase::Program program) {
@@ -20,12 +21,8 @@ TCBase::Program Editable(TCBase::Program program) {
 
 }  // namespace
 
-Document::Document(const qor::Translate& translate) {
+Document::Document(const qor::Translate& translate, View& view) : view_(view) {
   New(translate);
-}
-
-void Document::SetCurrentMode(std::size_t mode) {
-  if (mode < content_.program.modes.size()) content_.currentMode = mode;
 }
 
 std::vector<std::size_t> Document::UploadedModes() const {
@@ -36,77 +33,104 @@ std::vector<std::size_t> Document::UploadedModes() const {
   return modes;
 }
 
-void Document::InsertMode(std::size_t at, TCBase::Mode mode) {
-  const std::size_t place = std::min(at, content_.program.modes.size());
-  const auto offset = static_cast<std::ptrdiff_t>(place);
-  content_.program.modes.insert(content_.program.modes.begin() + offset, std::move(mode));
-  content_.isUploaded.insert(content_.isUploaded.begin() + offset, true);
-  content_.currentMode = place;
+void Document::ShowMode(std::size_t mode) {
+  EndRun();
+  if (mode < content_.program.modes.size()) content_.currentMode = mode;
+  view_.Refresh();
 }
 
-bool Document::RemoveMode() {
-  auto& modes = content_.program.modes;
-  if (modes.size() < 2) return false;
-  const auto offset = static_cast<std::ptrdiff_t>(content_.currentMode);
-  modes.erase(modes.begin() + offset);
-  content_.isUploaded.erase(content_.isUploaded.begin() + offset);
-  content_.currentMode = std::min(content_.currentMode, modes.size() - 1);
-  return true;
+// Edits
+
+TCBase::EditResult Document::Change(const EditRun& run, const ContentEdit& edit) {
+  const bool goesOn = !run.name.empty() && IsInRun(run.name);
+  Content before;
+  if (!goesOn) {
+    EndRun();
+    before = content_;
+  }
+  TCBase::EditResult result = edit(content_);
+  view_.Refresh();
+  if (!result.isChanged) return result;
+  if (goesOn) {
+    run_->run = run;
+  } else {
+    run_ = {run, std::move(before)};
+  }
+  if (run.name.empty()) EndRun();
+  return result;
 }
 
-void Document::MoveMode(std::size_t to) {
-  if (to >= content_.program.modes.size()) return;
-  const auto move = [from = content_.currentMode, to](auto begin) {
-    const auto at = [begin](std::size_t index) { return begin + static_cast<std::ptrdiff_t>(index); };
-    if (from < to) {
-      std::rotate(at(from), at(from + 1), at(to + 1));
-    } else {
-      std::rotate(at(to), at(from), at(from + 1));
-    }
-  };
-  move(content_.program.modes.begin());
-  move(content_.isUploaded.begin());
-  content_.currentMode = to;
+void Document::EndRun() {
+  if (!run_) return;
+  auto [run, before] = *std::exchange(run_, std::nullopt);
+  if (run.finish) run.finish(content_);
+  if (before != content_) history_.Push(std::move(before));
+  view_.Refresh();
 }
 
-void Document::SetContent(Snapshot content) {
-  content_ = std::move(content);
+void Document::EndPausedRun(std::int64_t milliseconds) {
+  if (run_ && run_->run.at && milliseconds - *run_->run.at >= RunPauseMilliseconds) EndRun();
 }
 
-void Document::Show(TCBase::Program program) {
-  content_ = {std::move(program), 0, {}};
+void Document::CancelRun() {
+  if (run_) PutBack(std::exchange(run_, std::nullopt)->before);
+}
+
+void Document::Undo() {
+  EndRun();
+  PutBack(history_.Undo(content_));
+}
+
+void Document::Redo() {
+  EndRun();
+  PutBack(history_.Redo(content_));
+}
+
+void Document::PutBack(std::optional<Content> content) {
+  if (!content) return;
+  content_ = std::move(*content);
+  view_.Refresh();
+}
+
+// The file
+
+void Document::Open(TCBase::Program program, TCBase::Program saved, const std::string& path) {
+  content_ = {Editable(std::move(program)), 0, {}};
   content_.isUploaded.assign(content_.program.modes.size(), true);
+  history_ = {};
+  run_.reset();
+  saved_ = std::move(saved);
+  path_ = path;
+  view_.Refresh();
 }
 
 void Document::New(const qor::Translate& translate) {
-  Show(TCBase::NewProgram(translate));
-  saved_ = content_.program;
-  path_.clear();
+  const TCBase::Program program = TCBase::NewProgram(translate);
+  Open(program, program, {});
 }
 
 qor::Sentence Document::Load(const std::string& path) {
   TCBase::Program program;
   const TCBase::ImportResult result = TCBase::ReadWholeProgram(path, program);
   if (!result.isImported) return result.message;
-  Show(Editable(std::move(program)));
-  saved_ = content_.program;
-  path_ = path;
+  program = Editable(std::move(program));
+  Open(program, program, path);
   return {};
 }
 
 qor::Sentence Document::Save(const std::string& path) {
+  EndRun();
   if (qor::Sentence failure = TCBase::WriteWholeProgram(content_.program, path)) return failure;
   saved_ = content_.program;
   path_ = path;
+  view_.Refresh();
   return {};
 }
 
 void Document::Recover(TCBase::Program program, const std::string& path) {
   TCBase::Program original;
   if (path.empty() || TCBase::LoadProgram(path, original)) original = {};
-  Show(Editable(std::move(program)));
-  saved_ = std::move(original);
-  path_ = path;
+  Open(std::move(program), std::move(original), path);
 }
 
 std::string Document::Title(const qor::Translate& translate) const {

@@ -1,55 +1,63 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "QorLib/Translate.h"
 #include "model/Editing.h"
-#include "model/Program.h"
+#include "ui/Content.h"
+#include "ui/UndoHistory.h"
+#include "ui/View.h"
 
 namespace UX {
 
-/// What undo goes back to: all that edits change.
-struct Snapshot {
-  TCBase::Program program;
-  std::size_t currentMode = 0;
-  std::vector<bool> isUploaded;  // for each mode, whether an upload sends it
+/// A change of the content: what it did, or why not.
+using ContentEdit = std::function<TCBase::EditResult(Content&)>;
 
-  /// Whether a user could tell them apart.
-  bool operator==(const Snapshot&) const = default;
+/// Changes that undo takes back together: those that follow each other under one name. Without a name a
+/// change stands by itself.
+struct EditRun {
+  std::string name;
+  /// When the change comes, in milliseconds: a run of such ends when a second passes without another. Others
+  /// last until EndRun.
+  std::optional<std::int64_t> at = {};
+  /// Done to the content at the run's end, as its last change; that of the last change counts.
+  std::function<void(Content&)> finish = {};
 };
 
-/// The open program, where it is kept, and which of its modes is shown. There is always a mode.
+/// The open program, where it is kept, and what undo goes back to. Whatever shows it is told of each change
+/// through the view.
 class Document {
  public:
-  /// With the built-in program.
-  explicit Document(const qor::Translate& translate);
+  /// With the built-in program. The view outlives the document.
+  Document(const qor::Translate& translate, View& view);
 
   const TCBase::Program& Program() const { return content_.program; }
-  TCBase::Program& Program() { return content_.program; }
+  const TCBase::Mode& Mode() const { return content_.Mode(); }
   std::size_t CurrentMode() const { return content_.currentMode; }
-  TCBase::Mode& Mode() { return content_.program.modes[content_.currentMode]; }
-  const TCBase::Mode& Mode() const { return content_.program.modes[content_.currentMode]; }
-  /// Shows another mode; one that is not there is passed over.
-  void SetCurrentMode(std::size_t mode);
-
   bool IsUploaded(std::size_t mode) const { return content_.isUploaded[mode]; }
-  void SetUploaded(std::size_t mode, bool isUploaded) { content_.isUploaded[mode] = isUploaded; }
   /// The modes that an upload sends, in their order.
   std::vector<std::size_t> UploadedModes() const;
 
-  // The list of modes
-  /// Puts the mode there, shows it and marks it for upload.
-  void InsertMode(std::size_t at, TCBase::Mode mode);
-  /// Removes the current mode; false when it is the only one.
-  bool RemoveMode();
-  /// Moves the current mode to a place of the list.
-  void MoveMode(std::size_t to);
+  /// Shows another mode, which is no edit; one that is not there is passed over.
+  void ShowMode(std::size_t mode);
 
-  const Snapshot& Content() const { return content_; }
-  void SetContent(Snapshot content);
+  /// The one way to change the program. Ends a run of another name.
+  TCBase::EditResult Change(const EditRun& run, const ContentEdit& edit);
+  /// Ends the run: what comes then is an entry of its own.
+  void EndRun();
+  /// Ends a run that has paused for a second.
+  void EndPausedRun(std::int64_t milliseconds);
+  /// Puts back what was there before the run.
+  void CancelRun();
+  bool IsInRun(std::string_view name) const { return run_ && run_->run.name == name; }
+  /// Goes back, or forth again, by one entry.
+  void Undo();
+  void Redo();
 
   /// In UTF-8; empty for a program that was never saved.
   const std::string& Path() const { return path_; }
@@ -67,12 +75,19 @@ class Document {
   /// The title of the window: the path, or the words for a new program.
   std::string Title(const qor::Translate& translate) const;
 
-  TCBase::StepClipboard clipboard;
-
  private:
-  void Show(TCBase::Program program);
+  struct OpenRun {
+    EditRun run;
+    Content before;
+  };
 
-  Snapshot content_;
+  void Open(TCBase::Program program, TCBase::Program saved, const std::string& path);
+  void PutBack(std::optional<Content> content);
+
+  View& view_;
+  Content content_;
+  UndoHistory history_;
+  std::optional<OpenRun> run_;
   TCBase::Program saved_;
   std::string path_;
 };

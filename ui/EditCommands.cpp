@@ -16,28 +16,19 @@ using TCBase::EditResult;
 
 constexpr std::size_t MostNameCharacters = 20;
 
-/// Puts back what undo or redo gave; the selected step stays selected where it is still there.
-void Show(Workbench& workbench, std::optional<Snapshot> content) {
-  if (!content) return;
-  workbench.editor.ShowContent(std::move(*content));
-}
-
 /// An edit of the selected channel, if one is.
 template <typename Function>
 void EditChannel(Workbench& workbench, Function edit) {
   const auto channel = workbench.editor.SelectedChannel();
-  if (channel) workbench.Edit([&] { return edit(workbench.document.Mode(), *channel); });
+  if (channel) workbench.EditMode([&](TCBase::Mode& mode) { return edit(mode, *channel); });
 }
 
 template <typename Function>
 void MoveSteps(Workbench& workbench, Function move) {
   auto channel = workbench.editor.SelectedChannel();
   if (!channel) return;
-  workbench.Edit([&] {
-    EditResult result = move(workbench.document.Mode(), *channel);
-    workbench.editor.FollowSteps(*channel);
-    return result;
-  });
+  workbench.EditMode([&](TCBase::Mode& mode) { return move(mode, *channel); });
+  workbench.editor.FollowSteps(*channel);
 }
 
 using StepsEdit = std::function<EditResult(TCBase::Mode& mode, const std::vector<TCBase::Step>& steps)>;
@@ -80,8 +71,8 @@ bool AskModeName(Workbench& workbench, const char* title, TCBase::Mode& mode) {
 void Insert(Workbench& workbench, const char* title, TCBase::Mode mode) {
   if (!AskModeName(workbench, title, mode)) return;
   workbench.editor.Reset();
-  workbench.Edit([&] {
-    workbench.document.InsertMode(workbench.document.CurrentMode() + 1, std::move(mode));
+  workbench.Edit([&](Content& content) {
+    content.InsertMode(content.currentMode + 1, std::move(mode));
     return EditResult{true, {}};
   });
 }
@@ -89,13 +80,11 @@ void Insert(Workbench& workbench, const char* title, TCBase::Mode mode) {
 }  // namespace
 
 void Undo(Workbench& workbench) {
-  workbench.editor.FinishRun();
-  Show(workbench, workbench.history.Undo(workbench.document.Content()));
+  workbench.editor.Undo();
 }
 
 void Redo(Workbench& workbench) {
-  workbench.editor.FinishRun();
-  Show(workbench, workbench.history.Redo(workbench.document.Content()));
+  workbench.editor.Redo();
 }
 
 void DeleteStep(Workbench& workbench) {
@@ -108,13 +97,13 @@ void ToggleJump(Workbench& workbench) {
 
 void CopySteps(Workbench& workbench) {
   EditChannel(workbench, [&](const TCBase::Mode& mode, std::size_t channel) {
-    return TCBase::CopySteps(mode, channel, workbench.document.clipboard);
+    return TCBase::CopySteps(mode, channel, workbench.clipboard);
   });
 }
 
 void PasteSteps(Workbench& workbench) {
   EditChannel(workbench, [&](TCBase::Mode& mode, std::size_t channel) {
-    return TCBase::PasteSteps(mode, channel, workbench.document.clipboard);
+    return TCBase::PasteSteps(mode, channel, workbench.clipboard);
   });
 }
 
@@ -139,14 +128,13 @@ void AddStepsByText(Workbench& workbench) {
   };
   const auto steps = AskSteps(workbench, "Manual steps add...", "", add);
   if (!steps) return;
-  workbench.Edit([&] { return add(workbench.document.Mode(), *steps); });
+  workbench.EditMode([&](TCBase::Mode& mode) { return add(mode, *steps); });
   for (const TCBase::Step& step : added) workbench.Say({"Added new step {1}.", {TCBase::StepText(step)}});
 }
 
 void EditStepsByText(Workbench& workbench) {
   const auto channel = workbench.editor.SelectedChannel();
   if (!channel) return;
-  workbench.editor.FinishRun();
   const std::string text = TCBase::WriteStepsText(workbench.document.Mode().channels[*channel].steps);
   if (const qor::Sentence refusal = TCBase::RefusalToEdit(text)) {  // the dialog would cut it
     workbench.dialogs.Tell(workbench.Text({"Manual steps edit...", {}}), workbench.Text(refusal));
@@ -157,13 +145,13 @@ void EditStepsByText(Workbench& workbench) {
     return TCBase::ReplaceSteps(mode, *channel, steps);
   };
   const auto steps = AskSteps(workbench, "Manual steps edit...", text, replace);
-  if (steps) workbench.Edit([&] { return replace(workbench.document.Mode(), *steps); });
+  if (steps) workbench.EditMode([&](TCBase::Mode& mode) { return replace(mode, *steps); });
 }
 
 void RenameChannel(Workbench& workbench) {
   const auto selected = workbench.editor.SelectedChannel();
   if (!selected) return;
-  TCBase::Program::ChannelInfo& info = workbench.document.Program().channelInfos[*selected];
+  const TCBase::Program::ChannelInfo& info = workbench.document.Program().channelInfos[*selected];
   ValueRequest request;
   request.title = workbench.Text({"Edit channel name", {}});
   request.label = workbench.Text({"Channel name (max 20 characters)", {}});
@@ -172,16 +160,19 @@ void RenameChannel(Workbench& workbench) {
   request.secondLabel = workbench.Text({"Channel description", {}});
   request.secondValue = info.description;
   if (!workbench.dialogs.EditValue(request)) return;
-  workbench.Edit([&] {
-    info.name = request.value;
-    info.description = request.secondValue;
+  workbench.Edit([&](Content& content) {
+    TCBase::Program::ChannelInfo& edited = content.program.channelInfos[*selected];
+    edited.name = request.value;
+    edited.description = request.secondValue;
     return EditResult{true, {}};
   });
 }
 
 void ChangeChannelColour(Workbench& workbench) {
-  EditChannel(workbench, [&](const TCBase::Mode&, std::size_t channel) {
-    std::uint32_t& colour = workbench.document.Program().channelInfos[channel].colour;
+  const auto channel = workbench.editor.SelectedChannel();
+  if (!channel) return;
+  workbench.Edit([&](Content& content) {
+    std::uint32_t& colour = content.program.channelInfos[*channel].colour;
     const auto current = std::ranges::find(TCBase::ChannelPalette, colour);
     const bool hasNext =
         current != TCBase::ChannelPalette.end() && current + 1 != TCBase::ChannelPalette.end();
@@ -191,19 +182,20 @@ void ChangeChannelColour(Workbench& workbench) {
 }
 
 void OptimiseModeForTC421(Workbench& workbench) {
-  workbench.Edit([&] { return TCBase::OptimiseForTC421(workbench.document.Mode()); });
+  workbench.EditMode(TCBase::OptimiseForTC421);
 }
 
 void AddStartSteps(Workbench& workbench) {
-  workbench.Edit([&] { return TCBase::AddEndpointStep(workbench.document.Mode(), TCBase::Endpoint::Start); });
+  workbench.EditMode(
+      [](TCBase::Mode& mode) { return TCBase::AddEndpointStep(mode, TCBase::Endpoint::Start); });
 }
 
 void AddEndSteps(Workbench& workbench) {
-  workbench.Edit([&] { return TCBase::AddEndpointStep(workbench.document.Mode(), TCBase::Endpoint::End); });
+  workbench.EditMode([](TCBase::Mode& mode) { return TCBase::AddEndpointStep(mode, TCBase::Endpoint::End); });
 }
 
 void AlignSteps(Workbench& workbench, int minutes) {
-  workbench.Edit([&] { return TCBase::AlignSteps(workbench.document.Mode(), minutes); });
+  workbench.EditMode([minutes](TCBase::Mode& mode) { return TCBase::AlignSteps(mode, minutes); });
 }
 
 void AddMode(Workbench& workbench) {
@@ -219,9 +211,9 @@ void CopyMode(Workbench& workbench) {
 void RenameMode(Workbench& workbench) {
   TCBase::Mode named = workbench.document.Mode();
   if (!AskModeName(workbench, "Rename", named)) return;
-  workbench.Edit([&] {
-    workbench.document.Mode().name = named.name;
-    workbench.document.Mode().description = named.description;
+  workbench.EditMode([&](TCBase::Mode& mode) {
+    mode.name = named.name;
+    mode.description = named.description;
     return EditResult{true, {}};
   });
 }
@@ -231,7 +223,10 @@ void DeleteMode(Workbench& workbench) {
     return workbench.Say({"A program needs at least one mode.", {}});
   }
   workbench.editor.Reset();
-  workbench.Edit([&] { return EditResult{workbench.document.RemoveMode(), {}}; });
+  workbench.Edit([](Content& content) {
+    content.RemoveMode();
+    return EditResult{true, {}};
+  });
 }
 
 void MoveModeUp(Workbench& workbench) {
@@ -244,8 +239,8 @@ void MoveModeDown(Workbench& workbench) {
 
 void MoveModeTo(Workbench& workbench, std::size_t to) {
   if (to >= workbench.document.Program().modes.size()) return;
-  workbench.Edit([&] {
-    workbench.document.MoveMode(to);
+  workbench.Edit([to](Content& content) {
+    content.MoveMode(to);
     return EditResult{true, {}};
   });
 }

@@ -25,11 +25,11 @@ void Import(Workbench& workbench, const TCBase::FileFormat& format, const std::s
   TCBase::Mode mode;
   const TCBase::ImportResult result = TCBase::ReadMode(format, path, mode);
   if (!result.isImported) return workbench.TellFailure(result.message);
-  const std::size_t shown = workbench.document.CurrentMode();
   if (!workbench.IsDemoRunning()) workbench.editor.Reset();
-  workbench.Edit([&] {
-    workbench.document.InsertMode(workbench.document.Program().modes.size(), std::move(mode));
-    if (workbench.IsDemoRunning()) workbench.document.SetCurrentMode(shown);
+  workbench.Edit([&](Content& content) {
+    const std::size_t shown = content.currentMode;
+    content.InsertMode(content.program.modes.size(), std::move(mode));
+    if (workbench.IsDemoRunning()) content.currentMode = shown;
     return TCBase::EditResult{true, {"Loaded program file {1}", {path}}};
   });
   if (result.message) workbench.Say(result.message);
@@ -41,7 +41,6 @@ void AskAndImport(Workbench& workbench, FileKind kind, const char* ending) {
 }
 
 void Export(Workbench& workbench, FileKind kind, const char* ending) {
-  workbench.editor.FinishRun();
   const TCBase::FileFormat& format = *TCBase::FormatOf(ending);
   const TCBase::Mode& mode = workbench.document.Mode();
   if (const qor::Sentence refusal = TCBase::RefusalOf(format, mode)) return workbench.TellFailure(refusal);
@@ -68,9 +67,7 @@ std::string SampleLine(const TCBase::ModeSample& sample) {
 void NewProgram(Workbench& workbench) {
   if (!workbench.MayDropProgram()) return;
   workbench.editor.Reset();
-  workbench.history.Clear();
   workbench.document.New(workbench.services.texts.Translator());
-  workbench.ProgramChanged();
 }
 
 void LoadProgram(Workbench& workbench) {
@@ -92,7 +89,6 @@ void SaveProgram(Workbench& workbench) {
 }
 
 void SaveProgramAs(Workbench& workbench) {
-  workbench.editor.FinishRun();
   const auto path = workbench.dialogs.PathToSave(FileKind::Program, workbench.document.Path());
   if (path) workbench.SaveTo(*path);
 }
@@ -118,7 +114,6 @@ void ExportRAW(Workbench& workbench) {
 }
 
 void ProgramInfo(Workbench& workbench) {
-  workbench.editor.FinishRun();
   for (const TCBase::Mode& mode : workbench.document.Program().modes) {
     workbench.Say({"Steps for mode: {1}", {mode.name}});
     for (const TCBase::ModeSample& sample : TCBase::SampleTable(mode)) {

@@ -10,14 +10,9 @@ namespace {
 constexpr std::string_view EarlierModel = "ORVANTA";
 constexpr int PageSeconds = 900;
 
-void ViewMoved(Workbench& workbench) {
-  workbench.view.RedrawChart();
-  workbench.view.Refresh();
-}
-
 void MoveView(Workbench& workbench, int seconds) {
   workbench.span.MoveBy(seconds);
-  ViewMoved(workbench);
+  workbench.view.Refresh();
 }
 
 }  // namespace
@@ -81,7 +76,7 @@ void About(Workbench& workbench) {
 
 void Zoom(Workbench& workbench, BarMove move) {
   workbench.span.Zoom(move);
-  ViewMoved(workbench);
+  workbench.view.Refresh();
 }
 
 void ViewEarlier(Workbench& workbench) {

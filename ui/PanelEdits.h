@@ -6,10 +6,12 @@
 
 #include "ui/Workbench.h"
 
-/// What the panels beside the chart edit bit by bit: one entry of the history for a whole run.
+/// What the panels beside the chart edit.
 namespace UX {
 
-/// While the user types; the run ends with ChartEditor::FinishRun.
+void SetUploaded(Workbench& workbench, std::size_t mode, bool isUploaded);
+
+/// While the user types.
 void TypeDescription(Workbench& workbench, const std::string& description);
 
 /// Scales channels' curves so that they have another power. A channel that nobody has edited since starts

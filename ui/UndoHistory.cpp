@@ -10,9 +10,9 @@ namespace {
 constexpr std::size_t MostBytes = std::size_t{128} << 20;
 
 /// About what the copy takes.
-std::size_t BytesOf(const Snapshot& snapshot) {
-  std::size_t bytes = sizeof snapshot;
-  for (const TCBase::Mode& mode : snapshot.program.modes) {
+std::size_t BytesOf(const Content& content) {
+  std::size_t bytes = sizeof content;
+  for (const TCBase::Mode& mode : content.program.modes) {
     bytes += sizeof mode + mode.name.size() + mode.description.size();
     for (const TCBase::Channel& channel : mode.channels) bytes += channel.steps.size() * sizeof(TCBase::Step);
   }
@@ -21,53 +21,29 @@ std::size_t BytesOf(const Snapshot& snapshot) {
 
 }  // namespace
 
-void UndoHistory::Push(const Snapshot& before) {
-  Commit();
+void UndoHistory::Push(Content before) {
   redo_.clear();
-  Add(before);
+  Add(std::move(before));
 }
 
-void UndoHistory::TakePending(const Snapshot& before) {
-  if (!pending_) pending_ = before;
+std::optional<Content> UndoHistory::Undo(const Content& now) {
+  if (undo_.empty()) return std::nullopt;
+  Content last = std::move(undo_.back());
+  undo_.pop_back();
+  undoBytes_ -= BytesOf(last);
+  redo_.push_back(now);
+  return last;
 }
 
-void UndoHistory::Commit() {
-  if (!pending_) return;
-  redo_.clear();
-  Add(*std::exchange(pending_, std::nullopt));
-}
-
-std::optional<Snapshot> UndoHistory::Withdraw() {
-  return std::exchange(pending_, std::nullopt);
-}
-
-std::optional<Snapshot> UndoHistory::Undo(const Snapshot& now) {
-  Commit();
-  while (!undo_.empty()) {
-    Snapshot last = std::move(undo_.back());
-    undo_.pop_back();
-    undoBytes_ -= BytesOf(last);
-    if (last == now) continue;
-    redo_.push_back(now);
-    return last;
-  }
-  return std::nullopt;
-}
-
-std::optional<Snapshot> UndoHistory::Redo(const Snapshot& now) {
-  Commit();
+std::optional<Content> UndoHistory::Redo(const Content& now) {
   if (redo_.empty()) return std::nullopt;
-  Snapshot next = std::move(redo_.back());
+  Content next = std::move(redo_.back());
   redo_.pop_back();
   Add(now);
   return next;
 }
 
-void UndoHistory::Clear() {
-  *this = {};
-}
-
-void UndoHistory::Add(Snapshot before) {
+void UndoHistory::Add(Content before) {
   undoBytes_ += BytesOf(before);
   undo_.push_back(std::move(before));
   while (undoBytes_ > MostBytes && undo_.size() > 1) {

@@ -22,8 +22,8 @@ Workbench::Workbench(const Services& given, Dialogs& asking, View& showing)
     : services(given),
       dialogs(asking),
       view(showing),
-      document(given.texts.Translator()),
-      editor({document, history, given.log, given.worker.Control(), showing}) {}
+      document(given.texts.Translator(), showing),
+      editor({document, given.log, given.worker.Control(), showing}) {}
 
 std::string Workbench::Text(const qor::Sentence& sentence) const {
   return sentence.In(services.texts.Translator());
@@ -45,7 +45,7 @@ bool Workbench::Run(int number) {
   const CommandRow* row = FindCommand(number);
   if (row == nullptr) return false;
   // A run of keys may go on with a deletion, and with nothing else.
-  if (number != command::DeleteStep) editor.FinishRun();
+  if (number != command::DeleteStep) editor.EndRun();
   if (IsEnabled(*row, Conditions())) row->run(*this);
   return true;
 }
@@ -62,32 +62,25 @@ MenuConditions Workbench::Conditions() {
   return conditions;
 }
 
-void Workbench::Edit(const std::function<TCBase::EditResult()>& edit) {
-  editor.FinishRun();
-  const Snapshot before = document.Content();
-  const TCBase::EditResult result = edit();
-  if (result.isChanged) history.Push(before);
+void Workbench::Edit(const ContentEdit& edit, const EditRun& run) {
+  if (!document.IsInRun(run.name)) editor.EndRun();
+  const TCBase::EditResult result = document.Change(run, edit);
   if (result.status) Say(result.status);
-  editor.ForgetLostStep();
-  view.RedrawChart();
-  view.Refresh();
 }
 
-void Workbench::ProgramChanged() {
-  view.RedrawChart();
-  view.Refresh();
+void Workbench::EditMode(const std::function<TCBase::EditResult(TCBase::Mode&)>& edit) {
+  Edit([&edit](Content& content) { return edit(content.Mode()); });
 }
 
 void Workbench::ShowMode(std::size_t mode) {
   if (mode == document.CurrentMode()) return;
   if (IsDemoRunning()) return view.Refresh();  // the demo's mode stays in sight
   editor.Reset();
-  document.SetCurrentMode(mode);
-  ProgramChanged();
+  document.ShowMode(mode);
 }
 
 bool Workbench::MayDropProgram() {
-  editor.FinishRun();
+  editor.EndRun();
   if (!document.IsModified()) return true;
   const Answer answer =
       dialogs.Ask({Text({"Program modified", {}}), Text({"Save changes?", {}}), true, Answer::Yes});
@@ -103,10 +96,8 @@ void Workbench::Open(const std::string& path) {
 void Workbench::Load(const std::string& path) {
   if (const qor::Sentence failure = document.Load(path)) return TellFailure(failure);
   editor.Reset();
-  history.Clear();
   services.settings.Set(TCBase::SettingLastOpenFile, path);
   Say({"Loaded program file {1}", {path}});
-  ProgramChanged();
 }
 
 void Workbench::OpenLast() {
@@ -115,10 +106,9 @@ void Workbench::OpenLast() {
     document.New(services.texts.Translator());
   } else {
     Say({"Loaded program file {1}", {path}});
-    document.SetCurrentMode(
+    document.ShowMode(
         static_cast<std::size_t>(std::max(0, qor::ParseInteger(services.settings.Get(SettingLastMode)) - 1)));
   }
-  ProgramChanged();
 }
 
 void Workbench::KeepShownMode() const {
@@ -128,20 +118,16 @@ void Workbench::KeepShownMode() const {
 
 void Workbench::Recover(TCBase::Program program, const std::string& path) {
   editor.Reset();
-  history.Clear();
   document.Recover(std::move(program), path);
-  ProgramChanged();
 }
 
 bool Workbench::SaveTo(const std::string& path) {
-  editor.FinishRun();
   if (const qor::Sentence failure = document.Save(path)) {
     TellFailure(failure);
     return false;
   }
   services.settings.Set(TCBase::SettingLastOpenFile, path);
   Say({"Saved program {1}", {path}});
-  view.Refresh();
   return true;
 }
 
@@ -161,7 +147,7 @@ void Workbench::SetDemoSeconds(int seconds) {
 }
 
 void Workbench::StartDemo(const std::vector<TCBase::DeviceInfo>& picked) {
-  editor.FinishRun();
+  editor.EndRun();
   StartJob(JobKind::Demo, [&](TCBase::Worker& worker) {
     worker.StartDemo(picked, TCBase::Program::ModeListView(document.Program(), {document.CurrentMode()}),
                      {DemoSeconds(), 0});
@@ -184,7 +170,6 @@ void Workbench::SetDemoRunning(bool isRunning) {
   LookAtDemo();
   isStopWanted_ = false;
   editor.SetDemoRunning(isRunning);
-  view.RedrawChart();
   view.Refresh();
 }
 
@@ -257,7 +242,7 @@ void Workbench::PostStop() {
 }
 
 bool Workbench::Tick() {
-  editor.Tick(Milliseconds());
+  document.EndPausedRun(Milliseconds());
   const bool isBusy = services.worker.IsBusy();
   const bool hasEnded = wasBusy_ && !isBusy;
   wasBusy_ = isBusy;

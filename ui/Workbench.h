@@ -13,7 +13,6 @@
 #include "ui/Dialogs.h"
 #include "ui/Document.h"
 #include "ui/MenuState.h"
-#include "ui/UndoHistory.h"
 #include "ui/View.h"
 #include "worker/Worker.h"
 
@@ -37,10 +36,10 @@ class Workbench {
   Dialogs& dialogs;
   View& view;
   Document document;
-  UndoHistory history;
   ViewSpan span;
   DeviceList devices;
   ChartEditor editor;
+  TCBase::StepClipboard clipboard;
   void* window = nullptr;  // where the worker posts to
 
   /// The text in the user's language.
@@ -56,10 +55,10 @@ class Workbench {
   bool Run(int command);
   MenuConditions Conditions();
 
-  /// An edit of the program as one entry of the history; its status goes into the log.
-  void Edit(const std::function<TCBase::EditResult()>& edit);
-  /// Shows another program, or another state of it.
-  void ProgramChanged();
+  /// Changes the program, as an entry of its own or of a run; its status goes into the log.
+  void Edit(const ContentEdit& edit, const EditRun& run = {});
+  /// The same for what only changes the mode that is shown.
+  void EditMode(const std::function<TCBase::EditResult(TCBase::Mode&)>& edit);
   void ShowMode(std::size_t mode);
 
   // The program's file

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <map>
 #include <string>
 #include <vector>
 
@@ -67,18 +66,13 @@ class FakeDialogs : public UX::Dialogs {
   }
 };
 
-/// A window that counts what it is asked to show.
+/// A window that keeps what it is asked for.
 class FakeView : public UX::View {
  public:
-  int charts = 0, retranslations = 0;
-  std::map<std::size_t, int> lanes;  // redraws of each
+  int retranslations = 0;
   bool isCaptured = false, isClosed = false, isFree = true;
-  std::vector<qor::Sentence> hint;
 
-  void RedrawChart() override { ++charts; }
-  void RedrawLane(std::size_t channel) override { ++lanes[channel]; }
   void CaptureMouse(bool on) override { isCaptured = on; }
-  void ShowHint(const std::vector<qor::Sentence>& shown) override { hint = shown; }
   void Refresh() override {}
   void Retranslate() override { ++retranslations; }
   bool IsFree() const override { return isFree; }

@@ -20,7 +20,9 @@ using Texts = std::vector<std::string>;
 class ChartEditor : public testing::Test {
  protected:
   ChartEditor() {
-    for (TCBase::Channel& channel : document.Mode().channels) channel = Curve({{8, 0, 0}, {22, 0, 0}});
+    TCBase::Program program = document.Program();
+    for (TCBase::Channel& channel : program.modes[0].channels) channel = Curve({{8, 0, 0}, {22, 0, 0}});
+    document.Recover(program, {});
     editor.SetGeometry(chart);
     editor.SelectChannel(0);
   }
@@ -54,18 +56,23 @@ class ChartEditor : public testing::Test {
     }
     return text;
   }
+  void SetCurve(const TCBase::Channel& curve) {
+    document.Change({}, [&curve](UX::Content& content) {
+      content.Mode().channels[0] = curve;
+      return TCBase::EditResult{true, {}};
+    });
+  }
   bool Undo() {
-    auto before = history.Undo(document.Content());
-    if (before) document.SetContent(*before);
-    return before.has_value();
+    const TCBase::Program before = document.Program();
+    document.Undo();
+    return document.Program() != before;
   }
 
-  UX::Document document{qor::InEnglish};
-  UX::UndoHistory history;
   test::TestLog log;
   TCBase::JobControl control;
   test::FakeView view;
-  UX::ChartEditor editor{{document, history, log, control, view}};
+  UX::Document document{qor::InEnglish, view};
+  UX::ChartEditor editor{{document, log, control, view}};
   UX::ChartGeometry chart{744, 520, UX::ViewSpan()};
 };
 
@@ -75,8 +82,8 @@ TEST_F(ChartEditor, AddsAStepInTheSelectedChannelAndSelectsTheOthersFirst) {
   Click(At(12, 0, 40));
   EXPECT_EQ(Steps(), "08:00 0, 12:00 40*, 22:00 0");
   EXPECT_EQ(log.Texts(), (Texts{"Added new step 12:00 40. Current number of steps: 3", "Step 12:00 40"}));
-  ASSERT_EQ(view.hint.size(), 2u);
-  EXPECT_EQ(view.hint[0].english, "Press DELETE or BACKSPACE to remove the selected step.");
+  ASSERT_EQ(editor.Hint().size(), 2u);
+  EXPECT_EQ(editor.Hint()[0].english, "Press DELETE or BACKSPACE to remove the selected step.");
   Click(At(12, 0, 40, 3));
   EXPECT_EQ(Steps(3), "08:00 0, 22:00 0") << "the press selected the channel only";
   EXPECT_EQ(editor.SelectedChannel(), 3u);
@@ -95,9 +102,8 @@ TEST_F(ChartEditor, AddsAStepInTheSelectedChannelAndSelectsTheOthersFirst) {
 TEST_F(ChartEditor, RefusesTheFortyNinthStepAndWarnsOfTheTwentyFirst) {
   int hints = 0;
   for (int step = 0; step < 47; ++step) {
-    view.hint.clear();
     Click(At(step / 2, step % 2 * 30 + 15, 50));
-    if (!view.hint.empty() && view.hint[0].english.starts_with("The previous model ORVANTA")) ++hints;
+    if (editor.Hint()[0].english.starts_with("The previous model ORVANTA")) ++hints;
   }
   EXPECT_EQ(hints, 1);
   EXPECT_EQ(TCBase::StepCount(document.Mode()), 48);
@@ -112,7 +118,6 @@ TEST_F(ChartEditor, DragsAStepWithinTheViewAsOneEdit) {
   EXPECT_FALSE(Undo());
   editor.ButtonDown(At(8, 0, 0));
   for (int hour = 9; hour < 23; ++hour) editor.MouseMove(At(hour, 0, 30));
-  EXPECT_EQ(view.lanes[1], 0) << "only the lane that changed is drawn anew";
   editor.ButtonUp();
   EXPECT_EQ(Steps(), "22:00 0, 22:01 30*");
   EXPECT_TRUE(Undo());
@@ -153,7 +158,9 @@ TEST_F(ChartEditor, KeepsADraggedStepInTheVisiblePartOfTheDay) {
 
 TEST_F(ChartEditor, KeepsTheSelectedStepWhenOthersComeBeforeIt) {
   Click(At(22, 0, 0));
-  TCBase::AddEndpointStep(document.Mode(), TCBase::Endpoint::Start);
+  document.Change({}, [](UX::Content& content) {
+    return TCBase::AddEndpointStep(content.Mode(), TCBase::Endpoint::Start);
+  });
   EXPECT_EQ(Steps(), "00:00 0, 08:00 0, 22:00 0*");
   editor.Key(ChartKey::Delete, 0);
   EXPECT_EQ(Steps(), "00:00 0, 08:00 0*");
@@ -187,10 +194,10 @@ TEST_F(ChartEditor, MovesOnlyTheStepThatWasPressed) {
 }
 
 TEST_F(ChartEditor, EndsADragThatSomethingElseComesInto) {
-  document.Mode().channels[0] = Curve({{8, 0, 0}, {12, 0, 50}, {22, 0, 0}});
+  SetCurve(Curve({{8, 0, 0}, {12, 0, 50}, {22, 0, 0}}));
   editor.ButtonDown(At(12, 0, 50));
   editor.MouseMove(At(15, 0, 70));
-  editor.FinishRun();
+  editor.EndRun();
   EXPECT_TRUE(Undo());
   editor.MouseMove(At(18, 0, 70));
   EXPECT_EQ(Steps(), "08:00 0, 12:00 50*, 22:00 0");
@@ -198,18 +205,18 @@ TEST_F(ChartEditor, EndsADragThatSomethingElseComesInto) {
 }
 
 TEST_F(ChartEditor, LeavesOneStepOnAMinuteWhenAMoveEnds) {
-  document.Mode().channels[0] = Curve({{8, 0, 0}, {12, 0, 50}, {22, 0, 0}});
+  SetCurve(Curve({{8, 0, 0}, {12, 0, 50}, {22, 0, 0}}));
   Drag(At(8, 0, 0), At(12, 0, 80));
   EXPECT_EQ(Steps(), "12:00 80*, 22:00 0") << "the moved one stays";
   EXPECT_TRUE(Undo());
   EXPECT_EQ(document.Mode().channels[0].steps.size(), 3u) << "one edit with the move";
-  document.Mode().channels[0] = Curve({{8, 0, 0}, {12, 0, 50}});
+  SetCurve(Curve({{8, 0, 0}, {12, 0, 50}}));
   Drag(At(8, 0, 0), At(12, 0, 80));
   EXPECT_EQ(Steps(), "12:00 50, 12:01 80*") << "a channel keeps two steps";
 }
 
 TEST_F(ChartEditor, MovesAStepByKeysAroundMidnightAsOneEdit) {
-  document.Mode().channels[0] = Curve({{0, 0, 99.5F}, {12, 0, 50}});
+  SetCurve(Curve({{0, 0, 99.5F}, {12, 0, 50}}));
   Click(At(0, 0, 99.5F));
   editor.Key(ChartKey::Earlier, 100);
   EXPECT_EQ(Steps(), "12:00 50, 23:59 99*");
@@ -218,10 +225,10 @@ TEST_F(ChartEditor, MovesAStepByKeysAroundMidnightAsOneEdit) {
   EXPECT_EQ(Steps(), "00:00 100*, 12:00 50");
   editor.Key(ChartKey::Darker, 400);
   EXPECT_EQ(Steps(), "00:00 99*, 12:00 50");
-  editor.Tick(1399);
-  EXPECT_TRUE(history.HasPending());
-  editor.Tick(1400);
-  EXPECT_FALSE(history.HasPending()) << "a second without a key ends the run";
+  document.EndPausedRun(1399);
+  EXPECT_TRUE(document.IsInRun("keys"));
+  document.EndPausedRun(1400);
+  EXPECT_FALSE(document.IsInRun("keys")) << "a second without a key ends the run";
   EXPECT_TRUE(Undo());
   EXPECT_EQ(document.Mode().channels[0].steps[0].value, 99.5F);
 }
@@ -241,8 +248,8 @@ TEST_F(ChartEditor, DeletesDownToTwoSteps) {
   EXPECT_EQ(log.Texts(),
             (Texts{"Step deleted. Current number of steps: 3", "Step deleted. Current number of steps: 2",
                    "Unable to delete step. Minimum 2 steps per channel is required."}));
-  editor.Tick(1900);
-  EXPECT_FALSE(history.HasPending()) << "a second after the last deletion";
+  document.EndPausedRun(1900);
+  EXPECT_FALSE(document.IsInRun("keys")) << "a second after the last deletion";
   EXPECT_TRUE(Undo());
   EXPECT_EQ(document.Mode().channels[0].steps.size(), 4u) << "one run";
 }
@@ -264,12 +271,11 @@ TEST_F(ChartEditor, GoesThroughChannelsAndStepsByKeys) {
   EXPECT_EQ(editor.SelectedChannel(), 0u);
 }
 
-TEST_F(ChartEditor, TouchesTheNearestStepAndRedrawsItsLane) {
+TEST_F(ChartEditor, TouchesTheNearestStep) {
   editor.MouseMove(At(8, 0, 3, 2));
   EXPECT_EQ(editor.HoveredStep(), (UX::StepPlace{2, 0}));
   editor.MouseMove(At(22, 0, 0, 4));
   EXPECT_EQ(editor.HoveredStep(), (UX::StepPlace{4, 1}));
-  EXPECT_EQ(view.lanes, (std::map<std::size_t, int>{{2, 2}, {4, 1}}));
   editor.MouseLeave();
   EXPECT_FALSE(editor.HoveredStep());
 }

@@ -209,7 +209,7 @@ TEST_F(Workbench, NamesAndColoursChannels) {
 }
 
 TEST_F(Workbench, KeepsTheListOfModes) {
-  bench.document.SetUploaded(1, false);
+  UX::SetUploaded(bench, 1, false);
   dialogs.typed = "Copy of it";
   bench.Run(command::CopyMode);
   EXPECT_EQ(ModeNames(), (Texts{"Normal", "Copy of it", "AlwaysOn"}));
@@ -325,7 +325,7 @@ TEST_F(Workbench, UploadsTheCheckedModesAndKeepsTheResult) {
   bench.Run(command::AddEmulator);
   bench.Run(command::AddEmulator);
   ASSERT_EQ(bench.devices.Devices().size(), 1u);
-  bench.document.SetUploaded(0, false);
+  UX::SetUploaded(bench, 0, false);
   bench.Run(command::Upload);
   WaitForWorker();
   EXPECT_EQ(log.Texts(),
@@ -334,7 +334,7 @@ TEST_F(Workbench, UploadsTheCheckedModesAndKeepsTheResult) {
   const auto* outcome = bench.devices.LastOutcome(bench.devices.Devices()[0]);
   ASSERT_TRUE(outcome);
   EXPECT_TRUE(outcome->IsDone());
-  bench.document.SetUploaded(1, false);
+  UX::SetUploaded(bench, 1, false);
   bench.Run(command::Upload);
   EXPECT_EQ(LastSeen(), "Modes: Please check a mode in the list first.");
 }
@@ -357,7 +357,11 @@ TEST_F(Workbench, ImportsDuringADemoWithoutShowingIt) {
 TEST_F(Workbench, AsksAboutModesThatAreTooLongForATC420) {
   bench.Run(command::AddEmulator);
   for (int minute = 0; minute < 49; ++minute) {
-    bench.document.Mode().channels[0].Add(TCBase::MakeStep(1, minute, static_cast<float>(minute)));
+    const TCBase::Step step = TCBase::MakeStep(1, minute, static_cast<float>(minute));
+    bench.document.Change({}, [&step](UX::Content& content) {
+      content.Mode().channels[0].Add(step);
+      return TCBase::EditResult{true, {}};
+    });
   }
   const int steps = TCBase::StepCount(bench.document.Mode());
   bench.Run(command::Upload);

@@ -263,7 +263,6 @@ void ChartWindow::OnWheel(int delta, WPARAM keys, LPARAM screenPosition) {
   } else {
     workbench_.span.MoveBy(-notches * LinesPerNotch * ViewSpan::MinutesPerLine * 60);
   }
-  workbench_.view.RedrawChart();
   workbench_.view.Refresh();
 }
 
@@ -297,7 +296,7 @@ bool ChartWindow::OnKey(WPARAM key) {
 }
 
 void ChartWindow::OnFocus(bool hasFocus) {
-  if (!hasFocus) workbench_.editor.FinishRun();
+  if (!hasFocus) workbench_.editor.EndRun();
   isStale_ = true;
 }
 

@@ -151,8 +151,7 @@ void Ctrls::RefreshDemo() {
 }
 
 void Ctrls::ShowHint(const std::string& hint) {
-  demo_.ShowHint(hint);
-  LayOutLog();
+  if (demo_.ShowHint(hint)) LayOutLog();
 }
 
 void Ctrls::RefreshBars() {
@@ -208,7 +207,7 @@ void Ctrls::OnScroll(HWND bar, int request, int position) {
     // The message has 16 bits for the position, which is enough for minutes of a day.
     span.Scroll(*move, position);
   }
-  context_.workbench.view.RedrawChart();
+  context_.workbench.view.Refresh();
   RefreshBars();
 }
 

@@ -196,14 +196,6 @@ void MainWindow::KeepPlace() {
 
 // View
 
-void MainWindow::RedrawChart() {
-  if (ctrls_) ctrls_->Chart().RedrawAll();
-}
-
-void MainWindow::RedrawLane(std::size_t channel) {
-  if (ctrls_) ctrls_->Chart().RedrawLane(channel);
-}
-
 void MainWindow::CaptureMouse(bool on) {
   if (on) {
     SetCapture(ctrls_->Chart().Window());
@@ -212,18 +204,10 @@ void MainWindow::CaptureMouse(bool on) {
   }
 }
 
-void MainWindow::ShowHint(const std::vector<qor::Sentence>& hint) {
-  std::string text;
-  for (const qor::Sentence& sentence : hint) text += (text.empty() ? "" : " ") + workbench_.Text(sentence);
-  if (ctrls_) ctrls_->ShowHint(text.empty() ? "" : workbench_.Text({"Hint: {1}", {text}}));
-}
-
 void MainWindow::Retranslate() {
   RebuildMenu();
   ctrls_->Translate();
   ctrls_->LayOut();
-  ctrls_->ShowHint("");
-  RedrawChart();
   // Controls that are drawn here, or moved by a few pixels, would keep what stood there before.
   RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
   isStale_ = true;
@@ -236,7 +220,21 @@ void MainWindow::RefreshNow() {
     shownTitle_ = title;
     SetText(window_, title);
   }
+  RefreshHint();
   ctrls_->Refresh();
+  RedrawChart();
+}
+
+void MainWindow::RefreshHint() {
+  std::string text;
+  for (const qor::Sentence& sentence : workbench_.editor.Hint()) {
+    text += (text.empty() ? "" : " ") + workbench_.Text(sentence);
+  }
+  ctrls_->ShowHint(text.empty() ? "" : workbench_.Text({"Hint: {1}", {text}}));
+}
+
+void MainWindow::RedrawChart() {
+  ctrls_->Chart().RedrawAll();
 }
 
 void MainWindow::RebuildMenu() {
@@ -328,7 +326,6 @@ void MainWindow::OnTimer(WPARAM id) {
 void MainWindow::OnStarted() {
   UpdateMenuBar(GetMenu(window_), workbench_);
   DrawMenuBar(window_);
-  RedrawChart();
   isStale_ = true;
 }
 

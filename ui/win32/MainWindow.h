@@ -52,10 +52,7 @@ class MainWindow : public View {
   void OnFailure(const std::exception& failed);
 
   // View
-  void RedrawChart() override;
-  void RedrawLane(std::size_t channel) override;
   void CaptureMouse(bool on) override;
-  void ShowHint(const std::vector<qor::Sentence>& hint) override;
   void Refresh() override { isStale_ = true; }
   void Retranslate() override;
   bool IsFree() const override { return IsWindowEnabled(window_) != FALSE; }
@@ -65,6 +62,8 @@ class MainWindow : public View {
   std::optional<LRESULT> OnInput(UINT message, WPARAM wParam, LPARAM lParam);
   std::optional<LRESULT> OnPlacement(UINT message, WPARAM wParam, LPARAM lParam);
   void RefreshNow();
+  void RefreshHint();
+  void RedrawChart();
   void DrawNext();
   void ShowNow();
   void OnTimer(WPARAM id);

@@ -46,8 +46,10 @@ const char* DemoPanel::PauseTip() const {
   return IsPaused(context_.workbench) ? "Resume demo" : "Pause demo";
 }
 
-void DemoPanel::ShowHint(const std::string& hint) {
+bool DemoPanel::ShowHint(const std::string& hint) {
+  if (TextOf(hint_) == hint) return false;
   ShowText(hint_, hint);
+  return true;
 }
 
 int DemoPanel::HintHeight(int width) const {

@@ -12,7 +12,8 @@ class DemoPanel {
 
   void Translate();
   void Refresh();
-  void ShowHint(const std::string& hint);
+  /// Whether another one stood there.
+  bool ShowHint(const std::string& hint);
   /// What the hint needs at that width.
   int HintHeight(int width) const;
   void LayOutHint(const Frame& hint);

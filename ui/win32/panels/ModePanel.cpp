@@ -32,11 +32,7 @@ ModePanel::ModePanel(const PanelContext& context)
                       WS_TABSTOP | WS_BORDER | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN,
                       DescriptionId)) {
   list_.onCheck = [this](std::size_t row, bool isChecked) {
-    Workbench& workbench = context_.workbench;
-    workbench.Edit([&] {
-      workbench.document.SetUploaded(row, isChecked);
-      return TCBase::EditResult{true, {}};
-    });
+    SetUploaded(context_.workbench, row, isChecked);
   };
   list_.onSelect = [this](std::size_t row) { context_.workbench.ShowMode(row); };
   list_.onOpen = [this](std::size_t) { context_.workbench.Run(command::RenameMode); };
@@ -99,7 +95,7 @@ void ModePanel::OnDescription(int notification) {
   if (notification == EN_CHANGE && !isShowing_) {
     TypeDescription(context_.workbench, WithoutCr(TextOf(description_)));
   }
-  if (notification == EN_KILLFOCUS) context_.workbench.editor.FinishRun();
+  if (notification == EN_KILLFOCUS) context_.workbench.editor.EndRun();
 }
 
 int ModePanel::LeastWidth() const {
