@@ -2,9 +2,9 @@
 #include <benchmark/benchmark.h>
 
 #include "QorLib/Log.h"
-#include "bench/PlainMode.h"
 #include "bench/Samples.h"
 #include "model/StepLimit.h"
+#include "tests/support/PlainMode.h"
 
 namespace bench {
 namespace {
@@ -25,7 +25,7 @@ void OptimisePlain(benchmark::State& state) {
   TCBase::Mode plain;
   for (auto _ : state) {
     plain = mode;
-    OptimisePlainly(plain);
+    test::OptimisePlainly(plain);
   }
   qor::Log log({});
   TCBase::Mode optimised = mode;
@@ -41,7 +41,7 @@ void SampleTable(benchmark::State& state) {
 void SamplePlain(benchmark::State& state) {
   const TCBase::Mode mode = RandomMode(static_cast<int>(state.range(0)));
   std::vector<TCBase::ModeSample> table;
-  for (auto _ : state) table = SampleTablePlainly(mode);
+  for (auto _ : state) table = test::SampleTablePlainly(mode);
   if (table != TCBase::SampleTable(mode)) state.SkipWithError("the two tables differ");
 }
 

@@ -31,14 +31,8 @@ std::vector<Ratio> Ratios() {
       {"upload of two modes to the emulator, against the prescribed waits", "Upload", "", 1000, AtMost, 1.01},
       {"encoding a TC421 step, against encoding it and its log text", "EncodePacket", "EncodePacketAndText",
        1, AtMost, 1},
-      {"RAW file of 5 × 300 steps, against sampling each second", "ExportRaw", "ExportRawByDefinition", 1,
-       FasterBy, 100},
       {"look-up of a translation, against one in a plain hash map", "Translate", "TranslateByPlainMap", 1,
        AtMost, 3},
-      {"loading the built-in string table, against parsing its bytes by pugixml", "LoadStringTable",
-       "LoadStringTableByPugi", 1, AtMost, 1},
-      {"the same, and each of its entries parsed", "LoadAllOfStringTable", "LoadStringTableByPugi", 1, AtMost,
-       std::nullopt},
   };
   const auto addXml = [&ratios](const std::string& what, const std::string& halvex) {
     const auto row = [&](const std::string& memory, const char* fresh, std::optional<double> required) {

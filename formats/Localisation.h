@@ -36,7 +36,7 @@ class Localisation {
  public:
   /// With the tables that are built into the program, as one; all texts stay English when there is none.
   Localisation();
-  /// With a table as StringTable::Write gives it; the bytes must outlive this object.
+  /// With a table as StringTable::Write gives it.
   explicit Localisation(std::string_view table) : table_(table) {}
 
   /// The languages beside English, in the order of the table.

@@ -69,30 +69,6 @@ void ForEachChild(const element& parent, Visitor visit) {
   for (element child = parent.FirstChild(); child; child = child.NextSibling()) visit(child);
 }
 
-/// Takes the text through the first `end` off the front; nothing, and all of it stays, when there is none.
-std::string_view TakeThrough(std::string_view end, std::string_view& text) {
-  const std::size_t found = text.find(end);
-  if (found == std::string_view::npos) return {};
-  const std::string_view taken = text.substr(0, found + end.size());
-  text.remove_prefix(taken.size());
-  return taken;
-}
-
-/// The id of an element as it is written.
-std::string_view RawId(std::string_view element) {
-  constexpr std::string_view Start = "<string id='";
-  if (!element.starts_with(Start)) return {};
-  element.remove_prefix(Start.size());
-  return element.substr(0, element.find('\''));
-}
-
-/// A written attribute's value.
-std::string Decoded(std::string_view raw) {
-  qor::xml::document document;
-  document.Parse("<a b='" + std::string(raw) + "'/>");
-  return std::string(document.Root().Attribute("b"));
-}
-
 }  // namespace
 
 /// Collects what there is to say of a file.
@@ -142,57 +118,34 @@ std::vector<std::string> StringTable::EntryList::Ids() const {
   return ids;
 }
 
-StringTable::Entry& StringTable::EntryList::Add(std::string_view id) {
+StringTable::Entry& StringTable::EntryList::Add(std::string_view id, std::size_t languages) {
   index.emplace(id, list.size());
-  return list.emplace_back(Entry{id, {}, {}});
+  return list.emplace_back(Entry{id, std::vector<std::string_view>(languages)});
 }
 
-StringTable::StringTable(std::string_view written) {
-  constexpr std::size_t UsualCount = 256;
-  entries_.list.reserve(UsualCount);
-  entries_.index.reserve(UsualCount);
+StringTable::StringTable(std::string_view xml) {
+  Add(xml);
+}
 
-  qor::xml::document head;
-  head.Parse(std::string(TakeThrough("</languages>", written)).append("</localisation>"));
-  ForEachChild(head.Root().FindChild("languages"), [this](const element& language) {
+void StringTable::Add(std::string_view xml) {
+  qor::xml::document file;
+  if (file.Parse(std::string(xml))) return;
+  ForEachChild(file.Root().FindChild("languages"), [this](const element& language) {
     const auto text = [&language](std::string_view name) { return std::string(language.Attribute(name)); };
-    languages_.push_back({text("id"), text("name"), text("author")});
+    if (!LanguageIndex(text("id"))) languages_.push_back({text("id"), text("name"), text("author")});
   });
-  AddEntries(written);
-}
-
-void StringTable::Add(std::string_view written) {
-  TakeThrough("</languages>", written);
-  AddEntries(written);
-}
-
-void StringTable::AddEntries(std::string_view written) {
-  // Within ids and texts "<" is written as an entity.
-  for (std::string_view entry = TakeThrough("</string>", written); !entry.empty();
-       entry = TakeThrough("</string>", written)) {
-    const std::string_view unparsed = entry.substr(std::min(entry.find("<string "), entry.size()));
-    const std::string_view id = RawId(unparsed);
-    const bool isPlain = id.find('&') == std::string_view::npos;
-    Entry& added = entries_.Add(isPlain ? id : Keep(Decoded(id)));
-    added.unparsed = unparsed;
+  ForEachChild(file.Root().FindChild("strings"), [this](const element& source) {
+    Entry& entry = entries_.Add(Keep(source.Attribute("id")), languages_.size());
+    ForEachChild(source, [&](const element& text) { MergeText(text, entry); });
     // Other XML programs make blanks of the line breaks in attributes.
-    if (added.id.find('\n') != std::string_view::npos) {
-      entries_.index.emplace(Keep(WithBlanks(added.id)), entries_.list.size() - 1);
+    if (entry.id.find('\n') != std::string_view::npos) {
+      entries_.index.emplace(Keep(WithBlanks(entry.id)), entries_.list.size() - 1);
     }
-  }
+  });
 }
 
-StringTable::Entry& StringTable::Parsed(Entry& entry) {
-  entry.texts.resize(languages_.size());
-  if (entry.unparsed.empty()) return entry;
-  if (!parsed_.Parse(std::string(std::exchange(entry.unparsed, {})))) {
-    ForEachChild(parsed_.Root(), [&](const element& text) { MergeText(text, entry); });
-  }
-  return entry;
-}
-
-std::string_view StringTable::Text(std::size_t entry, std::size_t language) {
-  return Parsed(entries_.list[entry]).texts[language];
+std::string_view StringTable::Text(std::size_t entry, std::size_t language) const {
+  return entries_.list[entry].texts[language];
 }
 
 std::string_view StringTable::Translate(std::string_view english, std::optional<std::size_t> language) {
@@ -202,10 +155,10 @@ std::string_view StringTable::Translate(std::string_view english, std::optional<
   if (!known) {
     list = &missing_;
     known = missing_.Find(english);
-    if (!known) Parsed(missing_.Add(Keep(english)));
+    if (!known) missing_.Add(Keep(english), languages_.size());
   }
   if (!known || !language) return english;
-  const std::string_view text = Parsed(list->list[*known]).texts[*language];
+  const std::string_view text = list->list[*known].texts[*language];
   return text.empty() ? english : text;
 }
 
@@ -274,10 +227,10 @@ qor::Sentence StringTable::FaultOf(const element& text, std::string_view english
 StringTable::Entry& StringTable::EntryToMerge(std::string_view id) {
   for (EntryList* list : {&entries_, &missing_, &notFound_}) {
     for (const std::string& spelt : {std::string(id), WithCrLf(id)}) {
-      if (const auto known = list->Find(spelt)) return Parsed(list->list[*known]);
+      if (const auto known = list->Find(spelt)) return list->list[*known];
     }
   }
-  return Parsed(notFound_.Add(Keep(id)));
+  return notFound_.Add(Keep(id), languages_.size());
 }
 
 void StringTable::MergeText(const element& text, Entry& entry) {
@@ -287,7 +240,7 @@ void StringTable::MergeText(const element& text, Entry& entry) {
 
 // Writing
 
-std::string StringTable::Write(std::optional<std::size_t> language) {
+std::string StringTable::Write(std::optional<std::size_t> language) const {
   qor::xml::document written("localisation");
   element languages = written.Root().CreateChild("languages");
   for (const Language& one : languages_) {
@@ -297,7 +250,7 @@ std::string StringTable::Write(std::optional<std::size_t> language) {
     if (!one.author.empty()) child.SetAttribute("author", one.author);
   }
   element strings = written.Root().CreateChild("strings");
-  for (Entry& entry : entries_.list) WriteEntry(Parsed(entry), language, strings);
+  for (const Entry& entry : entries_.list) WriteEntry(entry, language, strings);
   for (const Entry& entry : missing_.list) WriteEntry(entry, language, strings);
   if (!notFound_.list.empty()) {
     element apart = written.Root().CreateChild("not_found");

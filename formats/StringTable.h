@@ -38,13 +38,10 @@ class StringTable {
     bool operator==(const Language&) const = default;
   };
 
-  /// A table as `Write` gives it for texts that do not begin like a CDATA section. The bytes are not copied
-  /// and must outlive the table. Its entries are found by their tags and parsed when they are first asked
-  /// for: a program needs few of them in its first moments. An empty text is none.
-  explicit StringTable(std::string_view written);
-  /// Appends the entries of another table in the same form and the same languages, which has none of this
-  /// one's. The bytes must outlive this table, too.
-  void Add(std::string_view written);
+  /// A table as `Write` gives it; without languages and texts when it cannot be read. An empty text is none.
+  explicit StringTable(std::string_view xml);
+  /// Appends the entries of another one with the same languages, which has none of this one's.
+  void Add(std::string_view xml);
 
   const std::vector<Language>& Languages() const { return languages_; }
   std::optional<std::size_t> LanguageIndex(std::string_view id) const;
@@ -55,7 +52,7 @@ class StringTable {
   /// The entry of an English text; none when the table lacks it.
   std::optional<std::size_t> Find(std::string_view english) const { return entries_.Find(english); }
   /// The translation; empty when there is none.
-  std::string_view Text(std::size_t entry, std::size_t language);
+  std::string_view Text(std::size_t entry, std::size_t language) const;
   /// The translation into a language, or the English text as it was given: where there is none, or for no
   /// language. A text that the table lacks is remembered.
   std::string_view Translate(std::string_view english, std::optional<std::size_t> language);
@@ -77,14 +74,13 @@ class StringTable {
   /// The table for translators into one language, or (none) into all. An entry that lacks a translation
   /// begins with an empty element "translate" and has an empty one for each missing language. Behind the
   /// table's entries stand the remembered texts, and under "not_found" the entries that were kept apart.
-  std::string Write(std::optional<std::size_t> language);
+  std::string Write(std::optional<std::size_t> language) const;
 
  private:
   class Remarks;
 
   struct Entry {
     std::string_view id;
-    std::string_view unparsed;            // the element as it was written, until it is needed
     std::vector<std::string_view> texts;  // for each language; empty where there is none
   };
   /// Entries in order, found by their ids.
@@ -95,11 +91,9 @@ class StringTable {
     std::optional<std::size_t> Find(std::string_view id) const;
     std::vector<std::string> Ids() const;
     /// For an id that is not there yet.
-    Entry& Add(std::string_view id);
+    Entry& Add(std::string_view id, std::size_t languages);
   };
 
-  void AddEntries(std::string_view written);
-  Entry& Parsed(Entry& entry);
   void MergeLanguage(const qor::xml::element& source, Remarks& remarks);
   void MergeEntry(const qor::xml::element& source, Remarks& remarks);
   Entry& EntryToMerge(std::string_view id);
@@ -108,8 +102,7 @@ class StringTable {
   void WriteEntry(const Entry& entry, std::optional<std::size_t> language, qor::xml::element list) const;
   std::string_view Keep(std::string_view text) { return kept_.emplace_back(text); }
 
-  qor::xml::document parsed_;     // the entry that was parsed last; its memory serves the next one
-  std::deque<std::string> kept_;  // texts that do not stand so in the bytes; a deque never moves them
+  std::deque<std::string> kept_;  // all ids and texts; a deque never moves them
   std::vector<Language> languages_;
   EntryList entries_;
   EntryList missing_;   // asked for, and not in the table

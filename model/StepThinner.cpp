@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <utility>
 
 namespace TCBase {
@@ -41,43 +40,6 @@ void PutInOrderIfHopeless(Channel& channel) {
   if (channel.steps.size() <= MinutesPerDay && std::ranges::all_of(channel.steps, IsInDay)) return;
   channel.Sort();
   channel.RemoveDuplicateTimes();
-}
-
-/// For each step, the first one behind it that is not earlier; their number when there is none.
-std::vector<std::size_t> NextNotEarlier(const std::vector<Step>& steps) {
-  std::vector<std::size_t> next(steps.size());
-  for (std::size_t i = steps.size(); i-- > 0;) {
-    next[i] = i + 1;
-    while (next[i] < steps.size() && IsEarlier(steps[next[i]], steps[i])) next[i] = next[next[i]];
-  }
-  return next;
-}
-
-/// What RemovalCost gives for each step, of a channel of 3 steps or more in any order, all in n log n.
-std::vector<std::int32_t> RemovalCosts(const Channel& channel) {
-  const std::vector<Step>& steps = channel.steps;
-  const std::size_t count = steps.size();
-  std::vector<std::int64_t> latest(
-      count);  // up to and with each step; it finds the first that is late enough
-  std::int64_t latestSoFar = std::numeric_limits<std::int64_t>::min();
-  for (std::size_t i = 0; i < count; ++i) {
-    latest[i] = latestSoFar = std::max(latestSoFar, steps[i].SecondOfDay());
-  }
-  const std::vector<std::size_t> nextNotEarlier = NextNotEarlier(steps);
-  std::vector<std::int32_t> costs(count);
-  for (std::size_t i = 0; i < count; ++i) {
-    const std::int64_t second = std::max<std::int64_t>(steps[i].SecondOfDay(), 0) % SecondsPerDay;
-    const auto next = static_cast<std::size_t>(std::ranges::lower_bound(latest, second) - latest.begin());
-    const std::size_t nextWithout = next == i ? nextNotEarlier[i] : next;
-    const auto other = [&](std::size_t step, std::size_t instead) { return step == i ? instead : step; };
-    const std::size_t last = other(count - 1, count - 2);
-    const std::size_t before = nextWithout == 0 ? last : other(nextWithout - 1, i == 0 ? last : i - 1);
-    const bool isBehindLast = nextWithout == count;
-    const Step& without = steps[isBehindLast ? other(0, 1) : nextWithout];
-    const float value = ValueBetween(steps[isBehindLast ? last : before], without, second);
-    costs[i] = WholePercent(std::fabs(channel.ValueAt(second, next) - value));
-  }
-  return costs;
 }
 
 }  // namespace
@@ -141,14 +103,12 @@ void StepThinner::Remove(const RemovalCandidate& candidate) {
 
 void StepThinner::RenewAll(const Lane& lane) {
   const bool canBeThinned = lane.left >= FewestToThin;
-  const bool areInOrder = !canBeThinned || lane.isRegular;
-  const std::vector<std::int32_t> costs =
-      areInOrder ? std::vector<std::int32_t>() : RemovalCosts(StepsLeft(lane));
+  const Channel left = canBeThinned && !lane.isRegular ? StepsLeft(lane) : Channel();
   std::size_t indexAmongLeft = 0;
   for (std::int32_t step = 0; At(step) < lane.links.size(); ++step) {
     if (lane.links[At(step)].next == Removed) continue;
     if (canBeThinned) {
-      const int cost = lane.isRegular ? CostOf(lane, step) : costs[indexAmongLeft++];
+      const int cost = lane.isRegular ? CostOf(lane, step) : RemovalCost(left, indexAmongLeft++);
       costs_.Set(lane.firstCost + At(step), cost);
     } else {
       costs_.Remove(lane.firstCost + At(step));

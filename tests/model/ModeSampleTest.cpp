@@ -3,38 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "tests/support/Curves.h"
+#include "tests/support/PlainMode.h"
 
 using test::Curve;
-
-namespace {
-
-/// The definition, minute by minute.
-std::vector<TCBase::ModeSample> PlainSampleTable(const TCBase::Mode& mode) {
-  std::vector<TCBase::ModeSample> table;
-  for (int minute = 0; minute < 1440; ++minute) {
-    const auto stepAt = [minute](const TCBase::Channel& channel) {
-      return std::find_if(channel.steps.begin(), channel.steps.end(), [minute](const TCBase::Step& step) {
-        return step.hour * 60 + step.minute == minute;
-      });
-    };
-    const bool hasStep =
-        std::any_of(mode.channels.begin(), mode.channels.end(),
-                    [&](const TCBase::Channel& channel) { return stepAt(channel) != channel.steps.end(); });
-    if (!hasStep) continue;
-    TCBase::ModeSample sample = TCBase::SampleAt(mode, minute * 60);
-    for (std::size_t i = 0; i < 5; ++i) {
-      const auto step = stepAt(mode.channels[i]);
-      if (step != mode.channels[i].steps.end()) sample.jumps[i] = step->jump;
-    }
-    table.push_back(sample);
-  }
-  return table;
-}
-
-}  // namespace
 
 TEST(SampleTable, HasOneRecordForEachMinuteWithAStep) {
   TCBase::Mode mode;
@@ -59,7 +31,7 @@ TEST(SampleTable, IsTheOneOfTheDefinition) {
     // As a broken file may bring it:
     if (round % 5 == 4)
       mode.channels[0].steps.insert(mode.channels[0].steps.begin(), {{-3, 7, 50}, {40, 0, 20}});
-    EXPECT_EQ(TCBase::SampleTable(mode), PlainSampleTable(mode)) << "round " << round;
+    EXPECT_EQ(TCBase::SampleTable(mode), test::SampleTablePlainly(mode)) << "round " << round;
   }
 }
 
