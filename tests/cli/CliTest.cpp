@@ -259,10 +259,56 @@ TEST_F(Cli, NamesABadFileAndLeavesTheOutputAlone) {
   EXPECT_EQ(err, "halvex: Error loading program " + bad +
                      ": line 2, column 18: the file ends inside <mode>; it may have been cut off\n");
   EXPECT_EQ(test::Contents(good), before);
-  EXPECT_EQ(Run({"info", folder.File("missing.xml")}), cli::FileFailed);
-  EXPECT_EQ(LineCount(err), 1u);
-  EXPECT_EQ(Run({"new", folder.File("no/folder.xml")}), cli::FileFailed);
-  EXPECT_EQ(LineCount(err), 1u);
+}
+
+TEST_F(Cli, IsRefusedAFileInOneLineWhateverItIsFor) {
+  const std::string program = NewProgram(), tmf = folder.File("a.tmf"), day = folder.File("day.txt");
+  const std::string steps = folder.File("steps.txt"), text = folder.File("text.xml");
+  EXPECT_EQ(Run({"convert", program, tmf, "--mode", "1"}), cli::Done);
+  EXPECT_EQ(Run({"table", program}), cli::Done);
+  test::Write(day, out);
+  test::Write(steps, "08:00 0\n20:00 90");
+  const std::string cut = folder.File("cut.tmf"), output = folder.File("out.xml");
+  test::Write(text, "Leuchtbalken");
+  test::Write(cut, std::string(100, '\0'));
+  std::filesystem::create_directory(test::PathOf(folder.File("folder.xml")));
+  // BAD is no program where it is read, and in no folder where it is written.
+  const auto refuses = [this](std::vector<std::string> command, const std::string& bad) {
+    for (std::string& word : command)
+      if (word == "BAD") word = bad;
+    EXPECT_EQ(Run(command), cli::FileFailed) << command[0] << " " << bad;
+    EXPECT_EQ(LineCount(err), 1u) << err;
+    EXPECT_NE(err.find(bad), std::string::npos) << err;
+  };
+  for (const std::string& bad : {folder.File("missing.xml"), cut, text, folder.File("folder.xml")}) {
+    for (const std::vector<std::string>& reader :
+         std::vector<std::vector<std::string>>{{"info", "BAD"},
+                                               {"sample", "BAD", "--table"},
+                                               {"table", "BAD"},
+                                               {"steps", "BAD", "--channel", "1"},
+                                               {"convert", "BAD", output},
+                                               {"optimize", "BAD", "-o", output},
+                                               {"align", "BAD", "--minutes", "5", "-o", output},
+                                               {"add-step", "BAD", "--at", "8:00", "-o", output},
+                                               {"packets", "BAD", "--model", "tc420"},
+                                               {"chart", "BAD", "-o", output + ".svg"},
+                                               {"upload", "BAD", "--device", "emulator"}}) {
+      refuses(reader, bad);
+    }
+  }
+  EXPECT_FALSE(std::filesystem::exists(test::PathOf(output)));
+  for (const std::vector<std::string>& writer : std::vector<std::vector<std::string>>{
+           {"new", "BAD"},
+           {"convert", program, "BAD"},
+           {"convert", tmf, "BAD"},
+           {"optimize", program, "-o", "BAD"},
+           {"align", program, "--minutes", "30", "-o", "BAD"},
+           {"add-step", program, "--at", "12:30", "-o", "BAD"},
+           {"steps", program, "--channel", "2", "--set", steps, "-o", "BAD"},
+           {"table", program, "--set", day, "-o", "BAD"},
+           {"translation", "--export", "BAD"}}) {
+    refuses(writer, folder.File("nowhere/out.xml"));
+  }
 }
 
 TEST_F(Cli, WarnsOfLongModesAndPrintsNoControlCharacters) {
