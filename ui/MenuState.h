@@ -11,7 +11,7 @@ struct MenuConditions {
   bool isStepSelected = false;
   bool isLogging = false;
   int demoSeconds = 60;
-  int languageCommand = EnglishCommand;  // of the current language
+  int languageCommand = command::English;  // of the current language
 };
 
 bool IsEnabled(const CommandRow& row, const MenuConditions& conditions);

@@ -52,7 +52,7 @@ bool Workbench::Run(int number) {
 
 MenuConditions Workbench::Conditions() {
   MenuConditions conditions{IsDemoRunning(), editor.SelectedStep().has_value(), services.log.IsTracing(),
-                            DemoSeconds(), EnglishCommand};
+                            DemoSeconds(), command::English};
   const auto languages = services.texts.Languages();
   const auto current =
       std::ranges::find(languages, services.texts.CurrentLanguage(), &TCBase::StringTable::Language::id);

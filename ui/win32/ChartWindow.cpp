@@ -284,9 +284,9 @@ void ChartWindow::OnMenu(LPARAM screenPosition) {
 }
 
 bool ChartWindow::OnKey(WPARAM key) {
-  for (const Accelerator& further : FurtherKeys()) {
-    const bool isPressed = further.key == key && further.isControl == IsDown(VK_CONTROL);
-    if (further.isInChart && isPressed) return workbench_.Run(further.command);
+  for (const CommandKey& own : CommandKeys()) {
+    const bool isPressed = own.key == key && own.isControl == IsDown(VK_CONTROL);
+    if (own.isInChart && isPressed) return workbench_.Run(own.command);
   }
   for (const KeyMeaning& meaning : KeyMeanings) {
     if (meaning.key != key || meaning.isControl != IsDown(VK_CONTROL)) continue;

@@ -2,9 +2,8 @@
 #include "ui/win32/Keys.h"
 
 #include <initializer_list>
-#include <vector>
+#include <iterator>
 
-#include "ui/CommandTable.h"
 #include "ui/win32/ResourceIds.h"
 
 namespace UX {
@@ -55,39 +54,20 @@ bool IsForControl(const MSG& message) {
   return false;
 }
 
-HACCEL MakeTable(std::span<const Accelerator> keys) {
-  std::vector<ACCEL> rows;
-  for (const Accelerator& key : keys) {
-    if (key.isInChart) continue;
-    const int flags = FVIRTKEY | (key.isControl ? FCONTROL : 0) | (key.isShift ? FSHIFT : 0);
-    rows.push_back({static_cast<BYTE>(flags), key.key, static_cast<WORD>(key.command)});
-  }
-  return CreateAcceleratorTableW(rows.data(), static_cast<int>(rows.size()));
-}
-
 bool IsKey(const MSG& message) {
   return message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
 }
 
 }  // namespace
 
-Keys::Keys(HINSTANCE instance)
-    : resource_(LoadAcceleratorsW(instance, MAKEINTRESOURCEW(IDC_HALVEX))),
-      further_(MakeTable(FurtherKeys())) {}
-
-Keys::~Keys() {
-  DestroyAcceleratorTable(further_);
-}
+Keys::Keys(HINSTANCE instance) : commands_(LoadAcceleratorsW(instance, MAKEINTRESOURCEW(IDC_HALVEX))) {}
 
 bool Keys::Take(HWND window, MSG& message) const {
   if (IsKey(message)) {
     // A text of several lines would make of Esc that its window is to be closed.
     const Kind kind = KindOf(message.hwnd);
     if (message.wParam == VK_ESCAPE) return kind == Kind::Text || kind == Kind::Log;
-    if (!IsForControl(message) && (TranslateAcceleratorW(window, resource_, &message) ||
-                                   TranslateAcceleratorW(window, further_, &message))) {
-      return true;
-    }
+    if (!IsForControl(message) && TranslateAcceleratorW(window, commands_, &message)) return true;
   }
   return IsDialogMessageW(window, &message) != FALSE;
 }

@@ -32,11 +32,12 @@ void Append(HMENU menu, const CommandRow& row, Workbench& workbench) {
     case CommandRow::Kind::Separator: AppendMenuW(menu, MF_SEPARATOR, 0, nullptr); return;
     case CommandRow::Kind::Submenu:
       AppendMenuW(menu, MF_POPUP | MF_STRING, reinterpret_cast<UINT_PTR>(BuildMenu(workbench, row.submenu)),
-                  ItemText(translate(row.text)).c_str());
+                  ItemText(translate(WithoutMnemonic(row.text))).c_str());
       return;
     case CommandRow::Kind::Command:
       AppendMenuW(menu, MF_STRING, static_cast<UINT_PTR>(row.number),
-                  (ItemText(translate(row.text) + row.suffix) + KeyOf(row.number, translate)).c_str());
+                  (ItemText(translate(WithoutMnemonic(row.text)) + row.suffix) + KeyOf(row.number, translate))
+                      .c_str());
       return;
   }
 }
@@ -62,9 +63,9 @@ void UpdateMenu(HMENU menu, const MenuConditions& conditions) {
 }
 
 void EnableMenus(HMENU bar, const MenuConditions& conditions) {
-  for (int position = 0; position < MenuBarLength; ++position) {
-    const bool isEnabled = IsEnabled(MenuBar()[static_cast<std::size_t>(position)].menu, conditions);
-    EnableMenuItem(bar, static_cast<UINT>(position), MF_BYPOSITION | EnabledFlag(isEnabled));
+  UINT position = 0;
+  for (const MenuTitle& title : MenuBar()) {
+    EnableMenuItem(bar, position++, MF_BYPOSITION | EnabledFlag(IsEnabled(title.menu, conditions)));
   }
 }
 
@@ -85,7 +86,7 @@ HMENU BuildMenuBar(Workbench& workbench) {
   const HMENU bar = CreateMenu();
   for (const MenuTitle& title : MenuBar()) {
     AppendMenuW(bar, MF_POPUP | MF_STRING, reinterpret_cast<UINT_PTR>(BuildMenu(workbench, title.menu)),
-                ItemText(translate(title.text)).c_str());
+                ItemText(translate(WithoutMnemonic(title.text))).c_str());
   }
   EnableMenus(bar, workbench.Conditions());
   return bar;

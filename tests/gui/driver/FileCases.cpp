@@ -15,7 +15,6 @@
 namespace gui {
 namespace {
 
-constexpr int NewProgramCommand = 32784, SaveAsCommand = 32782;
 constexpr const char* NewTitle = "Orvanta 24 - New program";
 constexpr const char* SaveQuestion = "Program modified: Save changes?";
 constexpr const char* RecoveryName = "HalvexRecovery.xml";
@@ -55,7 +54,7 @@ void AsksToSave() {
   app.Answer(IDCANCEL);
   app.Settle();
   ExpectEqual("the steps", app.StepsShown(), "13 steps");
-  app.Run(NewProgramCommand);
+  app.Run(UX::command::New);
   app.Answer(IDNO);
   Until("there is a new program", [&] { return app.Title() == NewTitle && app.StepsShown() == "12 steps"; });
   app.Drop(path);
@@ -114,7 +113,7 @@ void SaysWhenItCannotSave() {
   Expect(folder != nullptr, "HALVEX_READONLY does not name a read-only folder");
   App app("readonly");
   Modify(app);
-  app.Run(SaveAsCommand);
+  app.Run(UX::command::SaveAs);
   app.ChooseFile(std::string(folder) + "\\light.xml");
   const std::string text = app.Question();
   Expect(Contains(text, "Error saving program"), text);

@@ -15,7 +15,6 @@
 namespace gui {
 namespace {
 
-constexpr int NewProgramCommand = 32784, SetUpWiFiCommand = 32911;
 constexpr int Languages = 6;
 constexpr int UsualWidth = 1024, UsualHeight = 768;
 
@@ -31,7 +30,7 @@ std::vector<int> Commands() {
   std::vector<int> commands;
   for (const UX::CommandRow& row : UX::CommandTable()) {
     const bool isLeftOut = row.number == UX::command::Exit || row.number == UX::command::ScanNetwork ||
-                           row.number == SetUpWiFiCommand;
+                           row.number == UX::command::SetUpWiFi;
     if (row.kind == UX::CommandRow::Kind::Command && !isLeftOut) commands.push_back(row.number);
   }
   for (int i = 0; i < Languages; ++i) commands.push_back(UX::FirstLanguageCommand + i);
@@ -55,9 +54,9 @@ class Monkey {
   Objects Measure() {
     app_.Run(UX::command::StopDemo);
     Until("no demo runs", [this] { return IsWindowEnabled(app_.Control(UX::command::PlayDemo)) != FALSE; });
-    app_.Run(UX::EnglishCommand);
+    app_.Run(UX::command::English);
     SetWindowPos(app_.Window(), nullptr, 0, 0, UsualWidth, UsualHeight, SWP_NOMOVE | SWP_NOZORDER);
-    app_.Run(NewProgramCommand);
+    app_.Run(UX::command::New);
     if (app_.FindDialog() != nullptr) app_.Answer(IDNO);
     app_.Settle();
     ++actions_;

@@ -14,8 +14,6 @@
 namespace gui {
 namespace {
 
-constexpr int ProgramInfoCommand = 32773;
-
 RECT PlaceOf(const App& app) {
   RECT place{};
   GetWindowRect(app.Window(), &place);
@@ -95,7 +93,10 @@ void SurvivesResizing() {
 
 /// Dialogs, boxes, a menu of their own and another language leave nothing.
 void ForgetsDialogs() {
-  constexpr int Dialogs[] = {32791, 32917, 32918, 32919, 32896, 33000, 33002, UX::command::About, 32939};
+  constexpr int Dialogs[] = {
+      UX::command::SetTime,         UX::command::CustomDemo,    UX::command::AddStepsByText,
+      UX::command::EditStepsByText, UX::command::RenameChannel, UX::command::AddMode,
+      UX::command::RenameMode,      UX::command::About,         UX::command::KnownIssues};
   App app("dialogs");
   app.PickEmulator();
   Click(app.ChartPoint(0, 600, 80));
@@ -106,7 +107,7 @@ void ForgetsDialogs() {
       PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
       Until("the dialog of " + std::to_string(command) + " goes", [&] { return app.FindDialog() != dialog; });
     }
-    app.Run(i % 2 == 0 ? UX::FirstLanguageCommand : UX::EnglishCommand);
+    app.Run(i % 2 == 0 ? UX::FirstLanguageCommand : UX::command::English);
   });
   app.Close();
 }
@@ -154,7 +155,7 @@ void LeavesTheReaderAlone() {
   App app("log");
   const HWND log = app.Log();
   const auto firstLine = [log] { return static_cast<int>(SendMessageW(log, EM_GETFIRSTVISIBLELINE, 0, 0)); };
-  for (int i = 0; i < 3; ++i) app.Run(ProgramInfoCommand);
+  for (int i = 0; i < 3; ++i) app.Run(UX::command::ProgramInfo);
   app.Settle();
   const int end = firstLine();
   Expect(end > 20, "the end is not in sight: line " + std::to_string(end));
@@ -162,17 +163,17 @@ void LeavesTheReaderAlone() {
   for (int i = 0; i < 5; ++i) SendMessageW(log, WM_VSCROLL, SB_LINEDOWN, 0);
   const int reading = firstLine();
   Expect(reading < 10, "the log does not scroll");
-  app.Run(ProgramInfoCommand);
+  app.Run(UX::command::ProgramInfo);
   app.Settle();
   ExpectEqual("the first line in sight", firstLine(), reading);
   SendMessageW(log, WM_VSCROLL, SB_BOTTOM, 0);
-  app.Run(ProgramInfoCommand);
+  app.Run(UX::command::ProgramInfo);
   app.Settle();
   const int followed = firstLine();
   Expect(followed > end, "the log does not follow");
   Key(VK_TAB, VK_SHIFT);  // into the log, in which that selects nothing
   Key(VK_ESCAPE);
-  app.Run(ProgramInfoCommand);
+  app.Run(UX::command::ProgramInfo);
   app.Settle();
   Expect(firstLine() > followed, "the log does not follow after Tab and Esc");
   app.Close();
