@@ -18,7 +18,6 @@ constexpr float ScaleSize = 11, NameSize = 12;
 constexpr float TagMargin = 14, TagCharacterWidth = 6;  // enough for most fonts
 constexpr float NameCharacterWidth = 7;
 constexpr float NameIndent = 8;           // beside the mark of a step at midnight
-constexpr float MarkMargin = 7;           // a mark's radius and line, and what smoothing adds
 constexpr float LeastLabelDistance = 50;  // between two times on the scale
 constexpr int GridMinutes[] = {5, 10, 15, 30, 60, 120, 180, 240};
 
@@ -167,8 +166,6 @@ void AddLane(const ChartContent& content, const ChartGeometry& geometry, std::si
   const TCBase::Program::ChannelInfo& info = content.program.channelInfos[number];
   const bool isSelected = content.selectedChannel == number;
   const Rectangle lane = geometry.Lane(number);
-  scene.laneAreas[number] = {lane.left - MarkMargin, lane.top - MarkMargin, lane.width + 2 * MarkMargin,
-                             lane.height + 2 * MarkMargin};
   Channel channel = content.program.modes[content.mode].channels[number];
   channel.Sort();
   channel.RemoveDuplicateTimes();

@@ -54,11 +54,9 @@ struct Label {
 
 using Shape = std::variant<Box, Area, Line, Mark, Label>;
 
-/// Drawn in the order of the members. What a lane holds stays within the lane's area: so a lane that changed
-/// can be drawn anew by itself, from `back`, the lane and `front`, all cut at its area.
+/// Drawn in the order of the members.
 struct ChartScene {
   float width = 0, height = 0;
-  std::array<Rectangle, TCBase::ChannelCount> laneAreas;  // the lanes, widened by a step's mark
   std::vector<Shape> back;
   std::array<std::vector<Shape>, TCBase::ChannelCount> lanes;
   std::vector<Shape> front;

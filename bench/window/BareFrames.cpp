@@ -19,7 +19,7 @@ bool BareDirect2D::Draw() {
   target_->Clear(D2D1_COLOR_F{0.08F, 0.09F, 0.11F, 1});
   if (FAILED(target_->EndDraw())) return false;
   const HDC context = GetDC(window_);
-  picture_.CopyTo(context, picture_.Whole());
+  picture_.CopyTo(context);
   ReleaseDC(window_, context);
   return true;
 }
@@ -28,7 +28,7 @@ bool BareGdi::Draw() {
   if (canvas_.IsEmpty()) return false;
   canvas_.Smooth().Clear(Gdiplus::Color(0xFF14161C));
   const HDC context = GetDC(window_);
-  canvas_.CopyTo(context, canvas_.Whole());
+  canvas_.CopyTo(context);
   ReleaseDC(window_, context);
   return true;
 }

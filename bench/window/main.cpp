@@ -16,7 +16,7 @@
 namespace {
 
 constexpr int Width = 1920, Height = 1080;
-constexpr std::size_t Lane = 1, Step = 3;  // what is selected
+constexpr std::size_t Channel = 1, Step = 3;  // what is selected
 
 /// The built-in program's first mode with a step selected, while a demo runs.
 class Scenes {
@@ -26,27 +26,20 @@ class Scenes {
     next_ = (next_ + 1) % demo_.size();
     return demo_[next_];
   }
-  const UX::ChartScene& Last() const { return demo_.back(); }
-  /// The last one, with the selected step moved.
-  UX::ChartScene Edited() {
-    program_.modes[0].channels[Lane].steps[Step].value = 30;
-    return Make();
-  }
 
  private:
-  UX::ChartScene Make() const { return UX::MakeChartScene(content_, {Width, Height, UX::ViewSpan()}); }
   std::vector<UX::ChartScene> MakeDemo() {
     std::vector<UX::ChartScene> demo;
     for (int second = 0; second < TCBase::SecondsPerDay; second += 601) {
       content_.demoSecond = second;
-      demo.push_back(Make());
+      demo.push_back(UX::MakeChartScene(content_, {Width, Height, UX::ViewSpan()}));
     }
     return demo;
   }
 
   TCBase::Program program_ = TCBase::NewProgram(qor::InEnglish);
   UX::ChartContent content_{
-      .program = program_, .selectedChannel = Lane, .selectedStep = UX::StepPlace{Lane, Step}};
+      .program = program_, .selectedChannel = Channel, .selectedStep = UX::StepPlace{Channel, Step}};
   std::vector<UX::ChartScene> demo_ = MakeDemo();
   std::size_t next_ = 0;
 };
@@ -59,17 +52,6 @@ struct Subject {
   int turns;          // at measuring
 };
 
-/// What the lane leaves on the screen, against the whole frame of the same scene.
-double LaneDifference(UX::WindowRenderer& renderer, const bench::BenchWindow& window) {
-  Scenes scenes;
-  renderer.Draw(scenes.Last());
-  const UX::ChartScene edited = scenes.Edited();
-  renderer.DrawLane(edited, Lane);
-  const bench::Picture byLane = window.Grab();
-  renderer.Draw(edited);
-  return bench::MeanDifference(byLane, window.Grab());
-}
-
 /// Measures the renderer and gives its picture; an empty one where there is no such renderer.
 template <typename Bare>
 bench::Picture Examine(const Subject& subject, bench::Report& report) {
@@ -81,11 +63,8 @@ bench::Picture Examine(const Subject& subject, bench::Report& report) {
   Scenes scenes;
   const std::string name = subject.name;
   const bench::Side whole{window, [&] { renderer->Draw(scenes.Next()); }};
-  const bench::Side lane{window, [&] { renderer->DrawLane(scenes.Next(), Lane); }};
   const bench::Side clear{bareWindow, [&] { bare.Draw(); }};
   report.Compare(name + ": a frame, against a bare one", whole, clear, subject.mostOfBare, subject.turns);
-  report.Compare(name + ": a lane by itself, against a frame", lane, whole, 0.5, subject.turns);
-  report.Check(name + ": a lane drawn by itself looks otherwise by", LaneDifference(*renderer, window), 0);
   return window.Grab();
 }
 

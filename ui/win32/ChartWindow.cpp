@@ -166,9 +166,8 @@ ChartScene ChartWindow::MakeScene() const {
   return MakeChartScene(content, Geometry());
 }
 
-void ChartWindow::DrawAll() {
+void ChartWindow::Draw() {
   isStale_ = false;
-  staleLanes_ = {};
   if (!renderer_) return;
   renderer_->Draw(MakeScene());
   if (renderer_->IsLost()) {
@@ -177,23 +176,13 @@ void ChartWindow::DrawAll() {
   }
 }
 
-bool ChartWindow::DrawFrame() {
+void ChartWindow::DrawFrame() {
   if (shownSpan_ != workbench_.span) {
     shownSpan_ = workbench_.span;
     workbench_.editor.SetGeometry(Geometry());
     isStale_ = true;
   }
-  if (isStale_) {
-    DrawAll();
-    return true;
-  }
-  if (std::ranges::none_of(staleLanes_, std::identity())) return false;
-  const ChartScene scene = MakeScene();
-  for (std::size_t channel = 0; channel < staleLanes_.size(); ++channel) {
-    if (std::exchange(staleLanes_[channel], false) && renderer_) renderer_->DrawLane(scene, channel);
-  }
-  if (renderer_ && renderer_->IsLost()) isStale_ = true;
-  return true;
+  if (isStale_) Draw();
 }
 
 /// Begins an animation where the editor touches or selects something else.
@@ -211,21 +200,15 @@ void ChartWindow::FollowEditor() {
 }
 
 bool ChartWindow::IsQuiet() const {
-  return !isStale_ && std::ranges::none_of(staleLanes_, std::identity()) && !IsAnimating() &&
-         shownSpan_ == workbench_.span && hovered_ == workbench_.editor.HoveredStep() &&
-         selected_ == workbench_.editor.SelectedChannel();
+  return !isStale_ && !IsAnimating() && shownSpan_ == workbench_.span &&
+         hovered_ == workbench_.editor.HoveredStep() && selected_ == workbench_.editor.SelectedChannel();
 }
 
 void ChartWindow::Advance(float seconds) {
   FollowEditor();
-  if (hover_.IsMoving()) {
-    hover_.Advance(seconds);
-    if (hovered_) RedrawLane(hovered_->channel);
-  }
-  if (selection_.IsMoving()) {
-    selection_.Advance(seconds);
-    if (selected_) RedrawLane(*selected_);
-  }
+  if (IsAnimating()) isStale_ = true;
+  hover_.Advance(seconds);
+  selection_.Advance(seconds);
 }
 
 // Input
@@ -305,7 +288,7 @@ LRESULT ChartWindow::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_ERASEBKGND: return 1;
     case WM_PAINT:
       ValidateRect(window_, nullptr);
-      DrawAll();
+      Draw();
       return 0;
     case WM_SIZE: Resized(); return 0;
     case WM_LBUTTONDOWN:

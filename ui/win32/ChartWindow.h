@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <array>
 #include <functional>
 #include <memory>
 
@@ -30,15 +29,14 @@ class ChartWindow {
   void ReleaseRenderer() { renderer_.reset(); }
   /// A place or the scaling has changed.
   void Resized();
-  void RedrawAll() { isStale_ = true; }
-  void RedrawLane(std::size_t channel) { staleLanes_[channel] = true; }
+  void Redraw() { isStale_ = true; }
   /// Lets animations go on.
   void Advance(float seconds);
   bool IsAnimating() const { return hover_.IsMoving() || selection_.IsMoving(); }
   /// Whether what is shown is what is there.
   bool IsQuiet() const;
-  /// Draws what has changed since the last call; whether anything had.
-  bool DrawFrame();
+  /// Draws when anything has changed since the last call.
+  void DrawFrame();
   /// The system's colours or effects have changed.
   void SettingsChanged();
   // For WindowProcedure
@@ -58,7 +56,7 @@ class ChartWindow {
   Point PointAt(LPARAM position) const;
   ChartGeometry Geometry() const;
   ChartScene MakeScene() const;
-  void DrawAll();
+  void Draw();
   void UseNextRenderer();
   double SecondsForFrame(WindowRenderer& renderer) const;
   void FollowEditor();
@@ -70,7 +68,6 @@ class ChartWindow {
   ChartPalette palette_;
   bool mayAnimate_ = true;
   bool isStale_ = true;
-  std::array<bool, TCBase::ChannelCount> staleLanes_{};
   Animation hover_{0.12F}, selection_{0.12F};
   std::optional<StepPlace> hovered_;
   std::optional<std::size_t> selected_;

@@ -234,7 +234,7 @@ void MainWindow::RefreshHint() {
 }
 
 void MainWindow::RedrawChart() {
-  ctrls_->Chart().RedrawAll();
+  ctrls_->Chart().Redraw();
 }
 
 void MainWindow::RebuildMenu() {

@@ -95,7 +95,6 @@ Canvas::Canvas(int width, int height) {
   pixels_ = static_cast<std::uint32_t*>(pixels);
   width_ = width;
   height_ = height;
-  clip_ = Whole();
 }
 
 Canvas::~Canvas() {
@@ -114,7 +113,6 @@ Canvas& Canvas::operator=(Canvas&& other) noexcept {
   std::swap(former_, other.former_);
   std::swap(smooth_, other.smooth_);
   std::swap(isSmoothing_, other.isSmoothing_);
-  std::swap(clip_, other.clip_);
   return *this;
 }
 
@@ -131,18 +129,8 @@ void Canvas::FinishSmooth() {
   isSmoothing_ = false;
 }
 
-void Canvas::SetClip(const PixelArea& area) {
-  clip_ = Common(area, Whole());
-  smooth_->SetClip(Gdiplus::Rect(clip_.left, clip_.top, clip_.Width(), clip_.Height()));
-}
-
-void Canvas::ResetClip() {
-  clip_ = Whole();
-  smooth_->ResetClip();
-}
-
 void Canvas::Fill(const PixelArea& area, Colour colour) {
-  const PixelArea visible = Common(area, clip_);
+  const PixelArea visible = Common(area, Whole());
   FinishSmooth();
   for (int y = visible.top; y < visible.bottom; ++y) {
     MixRun(At(visible.left, y), static_cast<std::size_t>(visible.Width()), colour, WeightOf(colour >> 24));
@@ -150,7 +138,7 @@ void Canvas::Fill(const PixelArea& area, Colour colour) {
 }
 
 void Canvas::FillDots(const PixelArea& area, int length, int gap, Colour colour) {
-  const PixelArea visible = Common(area, clip_);
+  const PixelArea visible = Common(area, Whole());
   FinishSmooth();
   for (int y = visible.top; y < visible.bottom; ++y) {
     for (int x = visible.left; x < visible.right; ++x) {
@@ -161,7 +149,7 @@ void Canvas::FillDots(const PixelArea& area, int length, int gap, Colour colour)
 
 void Canvas::Put(const Mask& mask, int x, int y, Colour colour) {
   const int left = x + mask.left, top = y + mask.top;
-  const PixelArea visible = Common({left, top, left + mask.width, top + mask.height}, clip_);
+  const PixelArea visible = Common({left, top, left + mask.width, top + mask.height}, Whole());
   FinishSmooth();
   for (int row = visible.top; row < visible.bottom; ++row) {
     const std::uint8_t* const coverage =
@@ -171,7 +159,7 @@ void Canvas::Put(const Mask& mask, int x, int y, Colour colour) {
 }
 
 void Canvas::FillThrough(Canvas& mask, const PixelArea& area, Colour colour) {
-  const PixelArea visible = Common(area, clip_);
+  const PixelArea visible = Common(area, Whole());
   FinishSmooth();
   mask.FinishSmooth();
   for (int y = visible.top; y < visible.bottom; ++y) {
@@ -199,9 +187,9 @@ std::uint8_t Canvas::MeanAt(int left, int top, int side) const {
   return static_cast<std::uint8_t>(sum / static_cast<std::uint32_t>(side * side));
 }
 
-void Canvas::CopyTo(HDC context, const PixelArea& area) {
+void Canvas::CopyTo(HDC context) {
   FinishSmooth();
-  BitBlt(context, area.left, area.top, area.Width(), area.Height(), context_, area.left, area.top, SRCCOPY);
+  BitBlt(context, 0, 0, width_, height_, context_, 0, 0, SRCCOPY);
 }
 
 std::uint32_t* Canvas::At(int x, int y) const {

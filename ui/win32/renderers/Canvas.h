@@ -35,15 +35,11 @@ class Canvas {
   Canvas& operator=(Canvas&& other) noexcept;
 
   bool IsEmpty() const { return pixels_ == nullptr; }
-  const PixelArea& Clip() const { return clip_; }
   PixelArea Whole() const { return {0, 0, width_, height_}; }
   bool HasRoomFor(int width, int height) const { return width <= width_ && height <= height_; }
   // What follows is for a canvas that is not empty.
   /// To draw into it by GDI+, with antialiasing and in pixels; not to be kept.
   Gdiplus::Graphics& Smooth();
-  /// Limits all drawing to the area.
-  void SetClip(const PixelArea& area);
-  void ResetClip();
 
   void Fill(const PixelArea& area, Colour colour);
   void FillDots(const PixelArea& area, int length, int gap, Colour colour);
@@ -53,7 +49,7 @@ class Canvas {
   void FillThrough(Canvas& mask, const PixelArea& area, Colour colour);
   /// How bright the pixels in the top left corner are, each the mean of a square of that many pixels a side.
   Mask AsMask(int width, int height, int reduction = 1);
-  void CopyTo(HDC context, const PixelArea& area);
+  void CopyTo(HDC context);
   /// For other ways to draw into it.
   HDC Context() const { return context_; }
 
@@ -69,7 +65,6 @@ class Canvas {
   HGDIOBJ former_ = nullptr;
   std::unique_ptr<Gdiplus::Graphics> smooth_;
   bool isSmoothing_ = false;  // whether GDI+ may still be at it
-  PixelArea clip_;
 };
 
 }  // namespace UX

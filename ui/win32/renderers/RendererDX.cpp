@@ -106,7 +106,6 @@ RendererDX::RendererDX(HWND window, Owned<ID2D1Factory> factory, Owned<IDWriteFa
 }
 
 bool RendererDX::MakeTarget() {
-  isWhole_ = false;
   dots_.clear();
   brush_.Reset();
   target_.Reset();
@@ -120,7 +119,6 @@ bool RendererDX::MakeTarget() {
 
 void RendererDX::Resize(int width, int height, float scale) {
   grid_ = PixelGrid(scale);
-  isWhole_ = false;
   dots_.clear();
   picture_ = Canvas();  // first of all, so that the new one may have its memory
   if (width > 0 && height > 0) picture_ = Canvas(width, height);
@@ -133,36 +131,21 @@ void RendererDX::Lose() {
   wasLost_ = true;
 }
 
-bool RendererDX::Frame(const ChartScene& scene, const PixelArea& area, std::optional<std::size_t> onlyLane) {
-  isWhole_ = false;
-  const RECT bounds{area.left, area.top, area.right, area.bottom};
+bool RendererDX::TryDraw(const ChartScene& scene) {
+  const PixelArea whole = picture_.Whole();
+  const RECT bounds{whole.left, whole.top, whole.right, whole.bottom};
   if (FAILED(target_->BindDC(picture_.Context(), &bounds))) return false;
-  const Rectangle place = grid_.InScene(area);
-  target_->SetTransform(D2D1::Matrix3x2F::Translation(-place.left, -place.top));
   OpenTarget open(target_.Get());
-  DrawScene(scene, grid_, onlyLane, [this](const auto& shape) { Paint(shape); });
+  DrawScene(scene, grid_, [this](const auto& shape) { Paint(shape); });
   if (!open.Close()) return false;
   const HDC context = GetDC(window_);
-  picture_.CopyTo(context, area);
+  picture_.CopyTo(context);
   ReleaseDC(window_, context);
-  isWhole_ = true;
   return true;
 }
 
 void RendererDX::Draw(const ChartScene& scene) {
-  while (!isLost_ && !picture_.IsEmpty()) {
-    if (Frame(scene, picture_.Whole(), std::nullopt)) return;
-    Lose();
-  }
-}
-
-void RendererDX::DrawLane(const ChartScene& scene, std::size_t channel) {
-  if (!isWhole_) return Draw(scene);
-  const PixelArea area = Common(grid_.AreaAround(scene.laneAreas[channel]), picture_.Whole());
-  if (area.IsEmpty()) return;
-  if (Frame(scene, area, channel)) return;
-  Lose();
-  Draw(scene);
+  while (!isLost_ && !picture_.IsEmpty() && !TryDraw(scene)) Lose();
 }
 
 void RendererDX::Paint(const Box& box) {

@@ -16,9 +16,8 @@
 
 namespace UX {
 
-/// Draws by Direct2D and DirectWrite, into a picture that is then copied to the window: so a lane is drawn by
-/// itself, and child windows show it on every system. A target that is lost is made anew once; the second
-/// loss is final.
+/// Draws by Direct2D and DirectWrite, into a picture that is then copied to the window: so child windows show
+/// it on every system. A target that is lost is made anew once; the second loss is final.
 class RendererDX : public WindowRenderer {
  public:
   template <typename Interface>
@@ -27,15 +26,14 @@ class RendererDX : public WindowRenderer {
   RendererDX(HWND window, Owned<ID2D1Factory> factory, Owned<IDWriteFactory> texts);
 
   void Draw(const ChartScene& scene) override;
-  void DrawLane(const ChartScene& scene, std::size_t channel) override;
   void Resize(int width, int height, float scale) override;
   bool IsLost() const override { return isLost_; }
 
  private:
   bool MakeTarget();
   void Lose();
-  /// Draws an area of the picture and shows it; false when the target was lost.
-  bool Frame(const ChartScene& scene, const PixelArea& area, std::optional<std::size_t> onlyLane);
+  /// False when the target was lost.
+  bool TryDraw(const ChartScene& scene);
 
   void Paint(const Box& box);
   void Paint(const Area& area);
@@ -64,7 +62,6 @@ class RendererDX : public WindowRenderer {
   Owned<ID2D1SolidColorBrush> brush_;
   std::map<Colour, Owned<ID2D1BitmapBrush>> dots_;
   Canvas picture_;
-  bool isWhole_ = false;  // whether the picture holds a frame
 
   PixelGrid grid_{1};
   bool wasLost_ = false, isLost_ = false;

@@ -18,7 +18,6 @@ RendererGDI::RendererGDI(HWND window) : window_(window) {
 
 void RendererGDI::Resize(int width, int height, float scale) {
   grid_ = PixelGrid(scale);
-  isWhole_ = false;
   picture_ = Canvas();  // first of all, so that the new one may have its memory
   shape_ = Canvas();
   if (width > 0 && height > 0) picture_ = Canvas(width, height);
@@ -26,22 +25,9 @@ void RendererGDI::Resize(int width, int height, float scale) {
 
 void RendererGDI::Draw(const ChartScene& scene) {
   if (picture_.IsEmpty()) return;
-  picture_.ResetClip();
-  DrawShapes(scene, std::nullopt);
-}
-
-void RendererGDI::DrawLane(const ChartScene& scene, std::size_t channel) {
-  if (!isWhole_) return Draw(scene);
-  picture_.SetClip(grid_.AreaAround(scene.laneAreas[channel]));
-  DrawShapes(scene, channel);
-}
-
-void RendererGDI::DrawShapes(const ChartScene& scene, std::optional<std::size_t> onlyLane) {
-  isWhole_ = false;
-  DrawScene(scene, grid_, onlyLane, [this](const auto& shape) { Paint(shape); });
-  isWhole_ = true;
+  DrawScene(scene, grid_, [this](const auto& shape) { Paint(shape); });
   const HDC context = GetDC(window_);
-  picture_.CopyTo(context, picture_.Clip());
+  picture_.CopyTo(context);
   ReleaseDC(window_, context);
 }
 
@@ -51,7 +37,7 @@ void RendererGDI::Paint(const Box& box) {
 
 void RendererGDI::Paint(const Area& area) {
   const PixelArea whole = grid_.AreaAround(FilledBoundsOf(area));
-  const PixelArea visible = Common(whole, picture_.Clip());
+  const PixelArea visible = Common(whole, picture_.Whole());
   if (visible.IsEmpty()) return;
   if (!shape_.HasRoomFor(visible.Width(), visible.Height()))
     shape_ = Canvas(visible.Width(), visible.Height());

@@ -8,18 +8,16 @@
 
 namespace UX {
 
-/// Draws by GDI+ into a picture in memory, which it keeps: so a lane is drawn by itself.
+/// Draws by GDI+ into a picture in memory, which is then copied to the window.
 class RendererGDI : public WindowRenderer {
  public:
   explicit RendererGDI(HWND window);
 
   void Draw(const ChartScene& scene) override;
-  void DrawLane(const ChartScene& scene, std::size_t channel) override;
   void Resize(int width, int height, float scale) override;
   bool IsLost() const override { return false; }
 
  private:
-  void DrawShapes(const ChartScene& scene, std::optional<std::size_t> onlyLane);
   void Paint(const Box& box);
   void Paint(const Area& area);
   void Paint(const Line& line);
@@ -30,8 +28,7 @@ class RendererGDI : public WindowRenderer {
   HWND window_;
   PixelGrid grid_{1};
   Canvas picture_;
-  Canvas shape_;          // one area at a time, in white on black; black between them
-  bool isWhole_ = false;  // whether the picture holds a frame
+  Canvas shape_;  // one area at a time, in white on black; black between them
   Masks masks_;
   Gdiplus::Pen pen_{Gdiplus::Color()};
   Gdiplus::SolidBrush white_{Gdiplus::Color(0xFFFFFFFF)};

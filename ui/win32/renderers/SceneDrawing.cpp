@@ -10,11 +10,6 @@
 namespace UX {
 namespace {
 
-Rectangle Widened(const Rectangle& rectangle, float margin) {
-  return {rectangle.left - margin, rectangle.top - margin, rectangle.width + 2 * margin,
-          rectangle.height + 2 * margin};
-}
-
 Rectangle BoundsOf(const std::vector<Point>& points) {
   if (points.empty()) return {};
   Point least = points.front(), most = points.front();
@@ -23,22 +18,6 @@ Rectangle BoundsOf(const std::vector<Point>& points) {
     most = {std::max(most.x, point.x), std::max(most.y, point.y)};
   }
   return {least.x, least.y, most.x - least.x, most.y - least.y};
-}
-
-Rectangle BoundsOf(const Box& box) {
-  return box.area;
-}
-
-Rectangle BoundsOf(const Area& area) {
-  return BoundsOf(area.points);
-}
-
-Rectangle BoundsOf(const Line& line) {
-  return Widened(BoundsOf(line.points), line.width / 2);
-}
-
-Rectangle BoundsOf(const Mark& mark) {
-  return Widened({mark.centre.x, mark.centre.y, 0, 0}, mark.radius + mark.lineWidth / 2);
 }
 
 bool GoesStraightOn(Point a, Point b, Point c) {
@@ -59,12 +38,6 @@ void AddUncovered(const PixelArea& area, const PixelArea& cover, std::vector<Pix
                                 PixelArea{area.left, hidden.bottom, area.right, area.bottom}}) {
     if (!part.IsEmpty()) parts.push_back(part);
   }
-}
-
-/// Not measured: no character is wider than two of its heights, and each takes a byte at least.
-Rectangle BoundsOf(const Label& label) {
-  const float width = 2 * label.size * static_cast<float>(label.text.size());
-  return {LeftOf(label, width), label.at.y - 1.5F * label.size, width, 2 * label.size};
 }
 
 }  // namespace
@@ -170,12 +143,6 @@ Rectangle FilledBoundsOf(const Area& area) {
     if (!isGround(i) || !isGround(i + 1) || !isGround(i + count - 1)) filled.push_back(area.points[i]);
   }
   return BoundsOf(filled);
-}
-
-bool MayTouch(const Shape& shape, const Rectangle& area) {
-  const Rectangle bounds = std::visit([](const auto& one) { return BoundsOf(one); }, shape);
-  return bounds.left < area.Right() && area.left < bounds.Right() && bounds.top < area.Bottom() &&
-         area.top < bounds.Bottom();
 }
 
 std::vector<Shape> GroundOf(const ChartScene& scene, const PixelGrid& grid) {

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -75,28 +74,20 @@ float LeftOf(const Label& label, float width);
 
 /// Where the area has any height: not where it only runs along its ground.
 Rectangle FilledBoundsOf(const Area& area);
-/// Whether any of the shape may lie in the area.
-bool MayTouch(const Shape& shape, const Rectangle& area);
-
 /// The scene's ground, its first box, without what the boxes over it hide: to fill the window twice would be
 /// the dearest part of a frame. Empty when there is nothing to be saved.
 std::vector<Shape> GroundOf(const ChartScene& scene, const PixelGrid& grid);
 
-/// Hands `draw` the scene's shapes in their order; of a lane alone, those that its area needs.
+/// Hands `draw` the scene's shapes in their order.
 template <typename Draw>
-void DrawScene(const ChartScene& scene, const PixelGrid& grid, std::optional<std::size_t> onlyLane,
-               Draw draw) {
+void DrawScene(const ChartScene& scene, const PixelGrid& grid, Draw draw) {
   const auto drawAll = [&](std::span<const Shape> shapes) {
-    for (const Shape& shape : shapes) {
-      if (!onlyLane || MayTouch(shape, scene.laneAreas[*onlyLane])) std::visit(draw, shape);
-    }
+    for (const Shape& shape : shapes) std::visit(draw, shape);
   };
   const std::vector<Shape> ground = GroundOf(scene, grid);
   drawAll(ground);
   drawAll(std::span(scene.back).subspan(ground.empty() ? 0 : 1));
-  for (std::size_t lane = 0; lane < scene.lanes.size(); ++lane) {
-    if (!onlyLane || lane == *onlyLane) drawAll(scene.lanes[lane]);
-  }
+  for (const std::vector<Shape>& lane : scene.lanes) drawAll(lane);
   drawAll(scene.front);
 }
 
