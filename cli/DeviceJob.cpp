@@ -9,6 +9,7 @@
 #include "cli/DeviceArguments.h"
 #include "cli/LogPrinter.h"
 #include "cli/UdevRule.h"
+#include "worker/JobStop.h"
 #include "worker/Stopwatch.h"
 
 namespace cli {
@@ -58,12 +59,12 @@ struct JobEnd {
 
 JobEnd WaitFor(TCBase::Worker& worker, const DeviceJob& job, Invocation& invocation) {
   JobEnd end;
+  TCBase::JobStop stop(worker);
   while (worker.IsBusy()) {
     const bool isNews = !end.isInterrupted;
     if (invocation.environment.isInterrupted()) end.isInterrupted = true;
     end.isStopped |= job.steer(worker.Control());
-    // Again and again: a job that is just beginning drops what was posted before it.
-    if (end.isInterrupted || end.isStopped) worker.Control().Post(TCBase::JobControl::Stop);
+    if (end.isInterrupted || end.isStopped) stop.Ask();
     if (end.isInterrupted && isNews) {
       invocation.printer.Complain(job.stopping ? job.stopping
                                                : qor::Sentence{"stopping after the device in hand", {}});

@@ -5,7 +5,6 @@
 #include <istream>
 #include <ostream>
 
-#include "QorLib/Exceptions.h"
 #include "QorLib/qor_win_str_utils.h"
 #include "QorLib/xml/reader.h"
 #include "cli/ExitStatus.h"
@@ -31,6 +30,14 @@ std::string ReadStandardInput(std::size_t limit, std::istream& in) {
     bytes.resize(start + static_cast<std::size_t>(in.gcount()));
   }
   return bytes;
+}
+
+/// `limit` + 1 bytes, where there are more. Why they could not be read, or nothing.
+qor::Sentence Read(const std::string& path, std::size_t limit, std::string& bytes, Invocation& invocation) {
+  return TCBase::Attempt([&] {
+    bytes = IsStandardStream(path) ? ReadStandardInput(limit, invocation.environment.in)
+                                   : TCBase::ReadFileBytes(path, limit);
+  });
 }
 
 /// Says what a file of one mode does not take of the program.
@@ -83,12 +90,8 @@ TCBase::Program Load(const std::string& path, const TCBase::FileFormat& format, 
   TCBase::Program program;
   if (format.IsOfOneMode()) program = TCBase::NewProgram(invocation.texts.Translator());
   std::string bytes;
-  try {
-    constexpr std::size_t Most = qor::xml::reader::MaxBytes;
-    bytes = IsStandardStream(path) ? ReadStandardInput(Most, invocation.environment.in)
-                                   : TCBase::ReadFileBytes(path, Most);
-  } catch (const qor::win::xsystem& failed) {
-    throw CommandError(FileFailed, {"Error loading program {1}", {name}, {failed.Reason()}});
+  if (qor::Sentence reason = Read(path, qor::xml::reader::MaxBytes, bytes, invocation)) {
+    throw CommandError(FileFailed, {"Error loading program {1}", {name}, {std::move(reason)}});
   }
   const TCBase::ImportResult result = TCBase::ReadAnyBytes(format, std::move(bytes), name, program);
   if (!result.isImported) throw CommandError(FileFailed, result.message);
@@ -99,11 +102,8 @@ TCBase::Program Load(const std::string& path, const TCBase::FileFormat& format, 
 std::string LoadText(const std::string& path, Invocation& invocation) {
   const std::string name = NameOf(path, invocation);
   std::string text;
-  try {
-    text = IsStandardStream(path) ? ReadStandardInput(MaxTextBytes, invocation.environment.in)
-                                  : TCBase::ReadFileBytes(path, MaxTextBytes);
-  } catch (const qor::win::xsystem& failed) {
-    throw CommandError(FileFailed, {"{1} could not be read", {name}, {failed.Reason()}});
+  if (qor::Sentence reason = Read(path, MaxTextBytes, text, invocation)) {
+    throw CommandError(FileFailed, {"{1} could not be read", {name}, {std::move(reason)}});
   }
   if (text.size() > MaxTextBytes) {
     throw CommandError(FileFailed, {"{1} is larger than {2} MiB", {name, MaxTextBytes >> 20}});
@@ -211,10 +211,8 @@ void SaveBytes(const std::string& bytes, const std::string& path, Invocation& in
     return;
   }
   CheckIsNoLog(path, invocation);
-  try {
-    TCBase::ReplaceFileBytes(path, bytes);
-  } catch (const qor::win::xsystem& failed) {
-    throw CommandError(FileFailed, {"{1} could not be written", {path}, {failed.Reason()}});
+  if (qor::Sentence reason = TCBase::Attempt([&] { TCBase::ReplaceFileBytes(path, bytes); })) {
+    throw CommandError(FileFailed, {"{1} could not be written", {path}, {std::move(reason)}});
   }
 }
 

@@ -18,9 +18,8 @@ ExitStatus Export(const Output& output, Invocation& invocation) {
     SaveBytes(invocation.texts.ExportText(), path, invocation);
     return Done;
   }
-  const TCBase::ExportResult result = invocation.texts.Export(path);
-  if (!result.isExported) throw CommandError(FileFailed, result.message);
-  invocation.printer.Log().Message(result.message);
+  if (const qor::Sentence failure = invocation.texts.Export(path)) throw CommandError(FileFailed, failure);
+  invocation.printer.Log().Message("Localization file {1} exported successfully!", {path});
   return Done;
 }
 

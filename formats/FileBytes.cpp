@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "formats/FileBytes.h"
 
+#include <new>
+
 #include "QorLib/Exceptions.h"
 #include "platform/Files.h"
 
@@ -24,6 +26,18 @@ void ThrowIfFailed(const platform::SystemError& error) {
 }
 
 }  // namespace
+
+qor::Sentence Attempt(const std::function<void()>& work) {
+  try {
+    work();
+    return {};
+  } catch (const qor::win::xsystem& failed) {
+    return failed.Reason();
+  } catch (const qor::xout_of_memory&) {
+  } catch (const std::bad_alloc&) {
+  }
+  return {"Out of memory.", {}};
+}
 
 std::string ReadFileBytes(const std::string& path, std::size_t limit) {
   std::string bytes;

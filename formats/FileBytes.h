@@ -2,10 +2,18 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 
+#include "QorLib/Sentence.h"
+
+/// How files are read and written, and how that fails: the two functions throw, `Attempt` makes a sentence of
+/// it.
 namespace TCBase {
+
+/// Does what may throw as the functions below do, or run out of memory; why it failed, or nothing.
+qor::Sentence Attempt(const std::function<void()>& work);
 
 /// The bytes of a file, `limit` + 1 of them when there are more. Throws qor::win::xsystem, or of its kinds
 /// the one that fits.

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <set>
 
-#include "QorLib/Exceptions.h"
 #include "QorLib/qor_win_str_utils.h"
 #include "QorLib/xml/reader.h"
 #include "formats/FileBytes.h"
@@ -94,11 +93,9 @@ std::string BareName(const std::string& path) {
 }
 
 ImportResult ReadMode(const FileFormat& format, const std::string& path, Mode& mode) {
-  try {
-    return ImportMode(format, ReadFileBytes(path, MostBytes), path, mode);
-  } catch (const qor::win::xsystem& failed) {
-    return FailedToLoad(path, failed.Reason());
-  }
+  std::string bytes;
+  qor::Sentence reason = Attempt([&] { bytes = ReadFileBytes(path, MostBytes); });
+  return reason ? FailedToLoad(path, std::move(reason)) : ImportMode(format, bytes, path, mode);
 }
 
 ImportResult ReadWholeProgram(const std::string& path, Program& program) {
@@ -146,21 +143,15 @@ std::string BytesOf(const FileFormat& format, const Program& program, std::size_
 
 qor::Sentence WriteMode(const FileFormat& format, const Mode& mode, const std::string& path) {
   if (qor::Sentence refusal = RefusalOf(format, mode)) return refusal;
-  try {
-    ReplaceFileBytes(path, format.exported(mode));
-    return {};
-  } catch (const qor::win::xsystem& failed) {
-    return {"Error creating file {1}, error: {2}", {path, failed.Description()}};
-  }
+  const qor::Sentence reason = Attempt([&] { ReplaceFileBytes(path, format.exported(mode)); });
+  if (!reason) return {};
+  return {"Error creating file {1}, error: {2}", {path, reason.In(qor::InEnglish)}};
 }
 
 qor::Sentence WriteWholeProgram(const Program& program, const std::string& path) {
-  try {
-    SaveProgram(program, path);
-    return {};
-  } catch (const qor::win::xsystem& failed) {
-    return {"Error saving program {1}", {path}, {failed.Reason()}};
-  }
+  qor::Sentence reason = SaveProgram(program, path);
+  if (!reason) return {};
+  return {"Error saving program {1}", {path}, {std::move(reason)}};
 }
 
 }  // namespace TCBase

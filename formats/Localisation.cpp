@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "formats/Localisation.h"
 
-#include "QorLib/Exceptions.h"
 #include "formats/FileBytes.h"
 #include "platform/Resources.h"
 
@@ -73,21 +72,16 @@ std::string Localisation::ExportText() {
   return table_.Write(current_);
 }
 
-ExportResult Localisation::Export(const std::string& path) {
-  try {
-    ReplaceFileBytes(path, ExportText());
-    return {true, {"Localization file {1} exported successfully!", {path}}};
-  } catch (const qor::win::xsystem& failed) {
-    return {false, {"Error exporting localization file {1}!", {path}, {failed.Reason()}}};
-  }
+qor::Sentence Localisation::Export(const std::string& path) {
+  qor::Sentence reason = Attempt([&] { ReplaceFileBytes(path, ExportText()); });
+  if (!reason) return {};
+  return {"Error exporting localization file {1}!", {path}, {std::move(reason)}};
 }
 
 TranslationTest Localisation::Test(const std::string& path) {
-  try {
-    return TestText(ReadFileBytes(path, MaxFileBytes), path);
-  } catch (const qor::win::xsystem& failed) {
-    return Unread(path, failed.Reason());
-  }
+  std::string bytes;
+  qor::Sentence reason = Attempt([&] { bytes = ReadFileBytes(path, MaxFileBytes); });
+  return reason ? Unread(path, std::move(reason)) : TestText(std::move(bytes), path);
 }
 
 TranslationTest Localisation::TestText(std::string bytes, const std::string& name) {

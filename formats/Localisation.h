@@ -24,12 +24,6 @@ struct TranslationTest {
   std::vector<qor::Sentence> remarks;  // on its lines
 };
 
-/// What came of writing the table for translators.
-struct ExportResult {
-  bool isExported = false;
-  qor::Sentence message;  // with the reason why not
-};
-
 /// The user's language: each English text leads to its translation. Safe to use from several threads; a
 /// program makes one for its whole run.
 class Localisation {
@@ -61,8 +55,8 @@ class Localisation {
 
   /// The table for translators into the current language.
   std::string ExportText();
-  /// Writes it into a file, safely.
-  ExportResult Export(const std::string& path);
+  /// Writes it into a file, safely. Why that failed, or nothing.
+  qor::Sentence Export(const std::string& path);
 
   /// Merges a translator's file into the table, but for its faults, of which the remarks tell.
   TranslationTest Test(const std::string& path);

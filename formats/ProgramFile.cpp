@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "formats/ProgramFile.h"
 
-#include <new>
-
-#include "QorLib/Exceptions.h"
 #include "QorLib/Format.h"
 #include "QorLib/xml/document.h"
 #include "QorLib/xml/tree_builder.h"
@@ -157,22 +154,15 @@ std::optional<qor::xml::error> ReadProgram(std::string bytes, Program& program) 
   return failed;
 }
 
-void SaveProgram(const Program& program, const std::string& path) {
-  ReplaceFileBytes(path, WriteProgram(program));
+qor::Sentence SaveProgram(const Program& program, const std::string& path) {
+  return Attempt([&] { ReplaceFileBytes(path, WriteProgram(program)); });
 }
 
 qor::Sentence LoadProgram(const std::string& path, Program& program) {
-  static constexpr const char* OutOfMemory = "Out of memory.";
-  try {
-    const auto failed = ReadProgram(ReadFileBytes(path, qor::xml::reader::MaxBytes), program);
-    return failed ? failed->Told() : qor::Sentence();
-  } catch (const qor::win::xsystem& failed) {
-    return failed.Reason();
-  } catch (const qor::xout_of_memory&) {
-    return {OutOfMemory, {}};
-  } catch (const std::bad_alloc&) {
-    return {OutOfMemory, {}};
-  }
+  std::optional<qor::xml::error> fault;
+  const qor::Sentence failure =
+      Attempt([&] { fault = ReadProgram(ReadFileBytes(path, qor::xml::reader::MaxBytes), program); });
+  return fault ? fault->Told() : failure;
 }
 
 }  // namespace TCBase

@@ -17,11 +17,11 @@ std::string WriteProgram(const Program& program);
 /// error the program is untouched. Throws qor::xout_of_memory.
 std::optional<qor::xml::error> ReadProgram(std::string bytes, Program& program);
 
-/// Writes the file safely; throws qor::win::xsystem and leaves the old file whole when that fails.
-void SaveProgram(const Program& program, const std::string& path);
+/// Writes the file safely. Why that failed, or nothing; the old file is whole then.
+qor::Sentence SaveProgram(const Program& program, const std::string& path);
 
-/// Reads the file into the program. On failure returns why, without the path, and leaves the program
-/// untouched; never throws.
+/// Reads the file into the program. Why that failed, without the path, or nothing; the program is untouched
+/// then.
 qor::Sentence LoadProgram(const std::string& path, Program& program);
 
 }  // namespace TCBase

@@ -51,9 +51,9 @@ void ExportTranslation(Workbench& workbench) {
   const std::string name = qor::Format("HalvexStrings_{1}.XML", {workbench.services.texts.CurrentLanguage()});
   const auto path = workbench.dialogs.PathToSave(FileKind::Translation, name);
   if (!path) return;
-  const TCBase::ExportResult result = workbench.services.texts.Export(*path);
-  if (!result.isExported) return workbench.TellFailure(result.message);
-  workbench.Say(result.message);
+  if (const qor::Sentence failure = workbench.services.texts.Export(*path))
+    return workbench.TellFailure(failure);
+  workbench.Say({"Localization file {1} exported successfully!", {*path}});
 }
 
 void TestTranslation(Workbench& workbench) {

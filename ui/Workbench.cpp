@@ -168,7 +168,7 @@ void Workbench::LookAtDemo() {
 void Workbench::SetDemoRunning(bool isRunning) {
   isDemoRunning_ = isRunning;
   LookAtDemo();
-  isStopWanted_ = false;
+  stop_.Forget();
   editor.SetDemoRunning(isRunning);
   view.Refresh();
 }
@@ -194,7 +194,7 @@ void Workbench::StartJob(JobKind kind, const std::function<void(TCBase::Worker&)
     Say({"This job begins when the one before it has ended.", {}});
   } else {
     devices.ForgetOutcomes();
-    isStopWanted_ = false;
+    stop_.Forget();
   }
   start(services.worker);
   wasBusy_ = true;
@@ -215,13 +215,6 @@ qor::Sentence Workbench::Activity() const {
   return {};
 }
 
-void Workbench::StopJob() {
-  isStopWanted_ = true;
-  runningJob_ = services.worker.RunningJob();
-  stoppedJob_ = runningJob_ ? runningJob_->number : 0;
-  services.worker.Control().Post(TCBase::JobControl::Stop);
-}
-
 void Workbench::CancelJobs() {
   services.worker.DropQueued();
   StopJob();
@@ -233,14 +226,6 @@ void Workbench::TakeOutcomes() {
   if (runningJob_) devices.ShowRunning(runningJob_->devices);
 }
 
-/// Again and again: a job that is still connecting drops what is posted to it. It is for the job that runs.
-void Workbench::PostStop() {
-  if (runningJob_ && stoppedJob_ == 0) stoppedJob_ = runningJob_->number;
-  const bool isNext = runningJob_ && runningJob_->number != stoppedJob_;
-  if (isNext || !services.worker.IsBusy()) isStopWanted_ = false;
-  if (isStopWanted_) services.worker.Control().Post(TCBase::JobControl::Stop);
-}
-
 bool Workbench::Tick() {
   document.EndPausedRun(Milliseconds());
   const bool isBusy = services.worker.IsBusy();
@@ -248,7 +233,7 @@ bool Workbench::Tick() {
   wasBusy_ = isBusy;
   if (hasEnded || isBusy) TakeOutcomes();
   if (!isBusy) isWorking_ = false;
-  if (isStopWanted_) PostStop();
+  stop_.Tick();
   if (isDemoRunning_ && !isBusy) SetDemoRunning(false);
   if (endingWith_ && !isBusy && view.IsFree()) GoOnEnding();
   return hasEnded || isBusy;

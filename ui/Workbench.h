@@ -14,6 +14,7 @@
 #include "ui/Document.h"
 #include "ui/MenuState.h"
 #include "ui/View.h"
+#include "worker/JobStop.h"
 #include "worker/Worker.h"
 
 namespace UX {
@@ -93,8 +94,8 @@ class Workbench {
   bool IsWorking() const { return isWorking_ || endingWith_.has_value(); }
   /// What is happening then, for one line; nothing when there is nothing to say.
   qor::Sentence Activity() const;
-  /// Asks the running job to end in order, however long it takes to hear of it; others go on behind it.
-  void StopJob();
+  /// Asks the running job to end in order; others go on behind it.
+  void StopJob() { stop_.Ask(); }
   /// The same, and drops what waits behind it.
   void CancelJobs();
 
@@ -124,13 +125,11 @@ class Workbench {
  private:
   void SetDemoRunning(bool isRunning);
   void TakeOutcomes();
-  void PostStop();
   bool MayWaitForJobs();
   void GoOnEnding();
 
   bool isDemoRunning_ = false;
-  bool isStopWanted_ = false;
-  int stoppedJob_ = 0;  // its number, once it runs: what is started behind it is not stopped
+  TCBase::JobStop stop_{services.worker};
   std::optional<int> demoSecond_;
   bool wasBusy_ = false;
   bool isWorking_ = false;

@@ -60,7 +60,7 @@ class LocalisationTest : public testing::Test {
     return result.message.In(qor::InEnglish);
   }
   std::string Exported() {
-    EXPECT_TRUE(texts.Export(folder.File("e.xml")).isExported);
+    EXPECT_TRUE(!texts.Export(folder.File("e.xml")));
     return test::Contents(folder.File("e.xml"));
   }
   static std::string File(const std::string& strings) {
@@ -106,10 +106,9 @@ TEST_F(LocalisationTest, ExportsForTheCurrentLanguage) {
   EXPECT_EQ(std::count(table.begin(), table.end(), '\n'), 17);
 
   const std::string nowhere = folder.File("no/folder.xml");
-  const ExportResult failed = texts.Export(nowhere);
-  EXPECT_FALSE(failed.isExported);
-  EXPECT_TRUE(
-      failed.message.In(qor::InEnglish).starts_with("Error exporting localization file " + nowhere + "!: "));
+  EXPECT_TRUE(texts.Export(nowhere)
+                  .In(qor::InEnglish)
+                  .starts_with("Error exporting localization file " + nowhere + "!: "));
 }
 
 TEST_F(LocalisationTest, MergesATranslatorsFile) {
@@ -210,7 +209,7 @@ TEST(BuiltInTable, HoldsAllTextsInAllLanguages) {
                                            {"cz", "Czech", ""},   {"fr", "French", ""}, {"pl", "Polish", ""}};
   EXPECT_EQ(texts.Languages(), languages);
   const test::TempFolder folder;
-  ASSERT_TRUE(texts.Export(folder.File("t.xml")).isExported);
+  ASSERT_FALSE(texts.Export(folder.File("t.xml")));
   for (const std::string_view table : platform::StringTableResources()) {
     EXPECT_TRUE(StringTable(table).Write({}) == table)
         << "a text lacks a translation, or a file is not as the program writes it";
