@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "platform/Network.h"
 
+#include <arpa/inet.h>
 #include <fcntl.h>
 #include <netdb.h>
 #include <netinet/in.h>
@@ -108,6 +109,18 @@ class SystemSockets : public Network {
 };
 
 }  // namespace
+
+std::optional<SocketAddress> ParseIPv4(std::string_view text) {
+  std::array<std::uint8_t, 4> address{};
+  if (inet_pton(AF_INET, std::string(text).c_str(), address.data()) != 1) return std::nullopt;
+  return IPv4Address(address, 0);
+}
+
+std::string AddressText(const SocketAddress& address) {
+  std::array<char, INET_ADDRSTRLEN> text{};
+  inet_ntop(AF_INET, address.address.data(), text.data(), text.size());
+  return text.data();
+}
 
 Network& SystemNetwork() {
   static SystemSockets network;

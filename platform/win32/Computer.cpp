@@ -10,8 +10,8 @@
 #include <cstddef>
 #include <cstring>
 
+#include "QorLib/qor_win_str_utils.h"
 #include "platform/SocketAddress.h"
-#include "platform/win32/Strings.h"
 
 namespace platform {
 namespace {
@@ -34,7 +34,8 @@ std::vector<NetworkAdapter> Adapters() {
     for (const auto* entry = adapter->FirstUnicastAddress; entry != nullptr; entry = entry->Next) {
       sockaddr_in own{};
       std::memcpy(&own, entry->Address.lpSockaddr, sizeof own);
-      adapters.push_back({Narrow(adapter->FriendlyName), AddressText(std::bit_cast<SocketAddress>(own))});
+      adapters.push_back(
+          {qor::win::Utf8FromWide(adapter->FriendlyName), AddressText(std::bit_cast<SocketAddress>(own))});
     }
   }
   return adapters;
@@ -60,7 +61,8 @@ Computer LookAtComputer(const std::string&, const std::vector<std::string>&) {
 }
 
 bool MayWriteInto(const std::string& folder) {
-  const std::wstring path = Widen(folder + "\\halvex-" + std::to_string(GetCurrentProcessId()) + ".tmp");
+  const std::wstring path =
+      qor::win::WideFromUtf8(folder + "\\halvex-" + std::to_string(GetCurrentProcessId()) + ".tmp");
   const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
                                   FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
   if (file == INVALID_HANDLE_VALUE) return false;

@@ -10,7 +10,7 @@
 #include <atomic>
 #include <cstdio>
 
-#include "platform/win32/Strings.h"
+#include "QorLib/qor_win_str_utils.h"
 
 namespace platform {
 namespace {
@@ -33,17 +33,17 @@ std::vector<std::string> StartConsole(int, char**) {
   std::vector<std::string> arguments;
   int count = 0;
   if (wchar_t** wide = CommandLineToArgvW(GetCommandLineW(), &count)) {
-    for (int i = 1; i < count; ++i) arguments.push_back(Narrow(wide[i]));
+    for (int i = 1; i < count; ++i) arguments.push_back(qor::win::Utf8FromWide(wide[i]));
     LocalFree(wide);
   }
   return arguments;
 }
 
 std::string Variable(const char* name) {
-  const std::wstring wideName = Widen(name);
+  const std::wstring wideName = qor::win::WideFromUtf8(name);
   std::wstring value(GetEnvironmentVariableW(wideName.c_str(), nullptr, 0), L'\0');
   value.resize(GetEnvironmentVariableW(wideName.c_str(), value.data(), static_cast<DWORD>(value.size())));
-  return Narrow(value);
+  return qor::win::Utf8FromWide(value);
 }
 
 void WatchInterrupts() {

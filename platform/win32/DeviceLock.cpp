@@ -3,7 +3,7 @@
 
 #include <windows.h>
 
-#include "platform/win32/Strings.h"
+#include "QorLib/qor_win_str_utils.h"
 
 namespace platform {
 namespace {
@@ -26,7 +26,8 @@ class MutexLocks : public DeviceLocks {
  public:
   std::unique_ptr<DeviceLock> TryTake(const std::string& name) override {
     // Global: also for users in sessions of their own.
-    const HANDLE mutex = CreateMutexW(nullptr, FALSE, Widen("Global\\halvex-" + name).c_str());
+    const HANDLE mutex =
+        CreateMutexW(nullptr, FALSE, qor::win::WideFromUtf8("Global\\halvex-" + name).c_str());
     const DWORD error = GetLastError();
     auto lock = std::make_unique<MutexLock>(mutex);
     const bool isTaken =

@@ -9,7 +9,7 @@
 #include <system_error>
 #include <utility>
 
-#include "platform/win32/Strings.h"
+#include "QorLib/qor_win_str_utils.h"
 
 namespace platform {
 namespace {
@@ -85,8 +85,9 @@ std::wstring FolderOf(const std::wstring& path) {
 
 SystemError ReadWholeFile(const std::string& path, std::size_t limit, std::string& bytes) {
   bytes.clear();
-  const Handle file(CreateFileW(Widen(path).c_str(), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE,
-                                nullptr, OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  const Handle file(CreateFileW(qor::win::WideFromUtf8(path).c_str(), GENERIC_READ,
+                                FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr, OPEN_EXISTING,
+                                FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
   if (!file) return LastError();
 
   const std::size_t most = limit + 1;
@@ -115,7 +116,7 @@ SystemError ReadWholeFile(const std::string& path, std::size_t limit, std::strin
 }
 
 SystemError ReplaceWholeFile(const std::string& path, std::string_view bytes) {
-  const std::wstring target = Widen(path);
+  const std::wstring target = qor::win::WideFromUtf8(path);
   if (!IsRegular(target)) return WriteInPlace(target, bytes);
 
   std::wstring temporary;
@@ -135,7 +136,8 @@ SystemError ReplaceWholeFile(const std::string& path, std::string_view bytes) {
 
 bool IsSameFile(const std::string& path, const std::string& other) {
   std::error_code failed;
-  return std::filesystem::equivalent(Widen(path), Widen(other), failed) && !failed;
+  return std::filesystem::equivalent(qor::win::WideFromUtf8(path), qor::win::WideFromUtf8(other), failed) &&
+         !failed;
 }
 
 }  // namespace platform

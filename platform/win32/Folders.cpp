@@ -7,8 +7,8 @@
 #include <knownfolders.h>
 #include <shlobj.h>
 
+#include "QorLib/qor_win_str_utils.h"
 #include "platform/Console.h"
-#include "platform/win32/Strings.h"
 
 namespace platform {
 
@@ -18,7 +18,7 @@ std::string SettingsFolder() {
   PWSTR documents = nullptr;
   std::string folder;
   if (SUCCEEDED(SHGetKnownFolderPath(FOLDERID_Documents, KF_FLAG_CREATE, nullptr, &documents))) {
-    folder = Narrow(documents);
+    folder = qor::win::Utf8FromWide(documents);
   }
   CoTaskMemFree(documents);
   return folder;

@@ -9,8 +9,8 @@
 #include <array>
 #include <bit>
 
+#include "QorLib/qor_win_str_utils.h"
 #include "platform/HostName.h"
-#include "platform/win32/Strings.h"
 
 namespace platform {
 namespace {
@@ -96,7 +96,7 @@ std::string LookUp(const SocketAddress& of) {
   std::array<wchar_t, NI_MAXSERV> service{};
   const int failed =
       GetNameInfoW(&address, sizeof address, host.data(), host.size(), service.data(), service.size(), 0);
-  return failed == 0 ? Narrow(host.data()) : "";
+  return failed == 0 ? qor::win::Utf8FromWide(host.data()) : "";
 }
 
 class SystemSockets : public Network {
@@ -115,6 +115,18 @@ class SystemSockets : public Network {
 };
 
 }  // namespace
+
+std::optional<SocketAddress> ParseIPv4(std::string_view text) {
+  std::array<std::uint8_t, 4> address{};
+  if (inet_pton(AF_INET, std::string(text).c_str(), address.data()) != 1) return std::nullopt;
+  return IPv4Address(address, 0);
+}
+
+std::string AddressText(const SocketAddress& address) {
+  std::array<char, INET_ADDRSTRLEN> text{};
+  inet_ntop(AF_INET, address.address.data(), text.data(), text.size());
+  return text.data();
+}
 
 Network& SystemNetwork() {
   static SystemSockets network;

@@ -7,7 +7,7 @@
 
 #include <system_error>
 
-#include "platform/win32/Strings.h"
+#include "QorLib/qor_win_str_utils.h"
 
 namespace platform {
 namespace {
@@ -37,7 +37,7 @@ std::string ErrorText(std::uint32_t code) {
   const DWORD length = FormatMessageW(
       FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK, nullptr,
       code, 0, text, static_cast<DWORD>(std::size(text)), nullptr);
-  std::string utf8 = Narrow({text, length});
+  std::string utf8 = qor::win::Utf8FromWide({text, length});
   while (!utf8.empty() && (utf8.back() == ' ' || utf8.back() == '\r' || utf8.back() == '\n')) utf8.pop_back();
   return utf8;
 }

@@ -3,8 +3,8 @@
 
 #include <windows.h>
 
+#include "QorLib/qor_win_str_utils.h"
 #include "platform/Console.h"
-#include "platform/win32/Strings.h"
 
 namespace platform {
 namespace {
@@ -64,7 +64,7 @@ std::optional<std::string> ReadHiddenLine() {
   }
   SetConsoleMode(Input(), before);
   if (!isEnded) return std::nullopt;
-  return Narrow(line);
+  return qor::win::Utf8FromWide(line);
 }
 
 bool RunEditor(const std::string& path) {
@@ -72,7 +72,7 @@ bool RunEditor(const std::string& path) {
   if (editor.empty()) editor = Variable("EDITOR");
   if (editor.empty()) editor = "notepad";
   // The command processor takes the outer quotes off (cmd /c).
-  return _wsystem(Widen("\"" + editor + " \"" + path + "\"\"").c_str()) == 0;
+  return _wsystem(qor::win::WideFromUtf8("\"" + editor + " \"" + path + "\"\"").c_str()) == 0;
 }
 
 bool IsInputTerminal() {
