@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "ui/win32/Metrics.h"
 #include "ui/win32/WindowProcedure.h"
+#include "ui/win32/controls/Metrics.h"
 #include "ui/win32/panels/Panel.h"
 
 namespace UX {

@@ -11,11 +11,11 @@ namespace UX {
 namespace {
 
 // At 96 dpi
-constexpr int Margin = 8, Gap = 6, SmallGap = 4;
+constexpr int Margin = 8, PanelGap = 6;
 constexpr int LeastColumnWidth = 258, MostColumnWidth = 380;
 constexpr int ScrollBarHeight = 17, ZoomBarWidth = 130, ZoomBarHeight = 24;
-constexpr int ButtonHeight = 24, HintHeight = 18, UsualLogHeight = 100;
-constexpr int DescriptionHeight = 74, LeastListHeight = 90;
+constexpr int HintHeight = 18, UsualLogHeight = 100;
+constexpr int LeastListHeight = 90;
 constexpr int LogoWidth = 256, LogoHeight = 100, LogoRight = 266, LogoBottom = 110;
 
 constexpr COLORREF ActionColour = RGB(0x00, 0x67, 0xC0), PressedColour = RGB(0x00, 0x4C, 0x90);
@@ -40,14 +40,22 @@ std::optional<BarMove> MoveOf(int request) {
 Ctrls::Ctrls(HINSTANCE instance, HWND window, Workbench& workbench, RendererChoice choice)
     : context_{instance, window, workbench, fonts_},
       chart_(instance, window, workbench, choice),
-      scrollBar_(MakeControl(context_, L"SCROLLBAR", SBS_HORZ, ScrollBarId)),
+      scrollBar_(MakeControl(window, L"SCROLLBAR", SBS_HORZ, ScrollBarId)),
       zoomLabel_(MakeLabel(context_)),
-      zoomBar_(MakeControl(context_, TRACKBAR_CLASSW, WS_TABSTOP | TBS_NOTICKS, ZoomBarId)),
+      zoomBar_(MakeControl(window, TRACKBAR_CLASSW, WS_TABSTOP | TBS_NOTICKS, ZoomBarId)),
       demo_(context_),
       devices_(context_),
       modes_(context_),
       power_(context_),
-      log_(context_) {
+      log_(context_),
+      chartRows_(window) {
+  Cell scrollBar = Plain(scrollBar_, ScrollBarHeight);
+  scrollBar.top = 0;
+  Cell zoomLabel{.control = zoomLabel_, .gap = 12, .top = 2};
+  Cell zoomBar{
+      .control = zoomBar_, .kind = Cell::Kind::Plain, .width = ZoomBarWidth, .height = ZoomBarHeight};
+  chartRows_.Add({Tall(chart_.Window())});
+  chartRows_.Add({scrollBar, zoomLabel, zoomBar}, RowGap);
   SendMessageW(zoomBar_, TBM_SETRANGE, FALSE, MAKELPARAM(0, ViewSpan::MaxZoomPosition));
   SendMessageW(zoomBar_, TBM_SETPAGESIZE, 0, 1);
   MakeFonts();
@@ -60,11 +68,7 @@ Ctrls::~Ctrls() {
 // Fonts
 
 void Ctrls::MakeFonts() {
-  const HWND window = context_.window;
-  fonts_.text = TextFont(window);
-  fonts_.bold = TextFont(window, FontWeight::Bold);
-  fonts_.big = TextFont(window, FontWeight::Bold, 125);
-  fonts_.log = LogFont(window);
+  fonts_ = Fonts(context_.window);
   SetFonts();
 }
 
@@ -73,14 +77,14 @@ void Ctrls::SetFonts() {
     SendMessageW(control, WM_SETFONT, static_cast<WPARAM>(font), FALSE);
     return TRUE;
   };
-  EnumChildWindows(context_.window, set, reinterpret_cast<LPARAM>(fonts_.text.Get()));
-  set(demo_.Time(), reinterpret_cast<LPARAM>(fonts_.big.Get()));
-  set(log_.Window(), reinterpret_cast<LPARAM>(fonts_.log.Get()));
+  EnumChildWindows(context_.window, set, reinterpret_cast<LPARAM>(fonts_.Of(Face::Usual)));
+  set(demo_.Time(), reinterpret_cast<LPARAM>(fonts_.Of(Face::Clock)));
+  set(log_.Window(), reinterpret_cast<LPARAM>(fonts_.Of(Face::Fixed)));
 }
 
 void Ctrls::ScalingChanged() {
   // The former fonts must live until no control has them any more.
-  const WindowFonts former = std::move(fonts_);
+  const Fonts former = std::move(fonts_);
   MakeFonts();
   LayOut();
   RedrawWindow(context_.window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
@@ -246,65 +250,54 @@ int Ctrls::ColumnWidth(int clientWidth) const {
 }
 
 void Ctrls::LayOut() {
-  const HWND window = context_.window;
-  const auto scaled = [window](int length) { return Scaled(window, length); };
+  const auto scaled = [this](int length) { return Scaled(context_.window, length); };
   RECT client{};
-  GetClientRect(window, &client);
-  const int columnWidth = ColumnWidth(client.right);
-  const int left = scaled(Margin), top = scaled(SmallGap);
-  const int width = client.right - columnWidth - 2 * scaled(Margin) - scaled(Gap);
-  LayOutColumn({client.right - scaled(Margin) - columnWidth, top, columnWidth, client.bottom - top});
+  GetClientRect(context_.window, &client);
+  const LONG right = client.right - scaled(Margin), top = scaled(RowGap);
+  const LONG columnLeft = right - ColumnWidth(client.right);
+  LayOutColumn({columnLeft, top, right, client.bottom});
 
-  logArea_ = LogArea(client, left, width);
-  const int demoTop = logArea_.top - scaled(ButtonHeight) - scaled(SmallGap);
-  const int barTop = demoTop - scaled(ZoomBarHeight) - scaled(Gap);
+  logArea_ = {scaled(Margin), 0, columnLeft - scaled(PanelGap), client.bottom - scaled(Margin)};
+  logArea_.top = logArea_.bottom - LogHeight(client.bottom);
   LayOutLog();
-  demo_.LayOut({left, demoTop, width, scaled(ButtonHeight)});
-
-  const int label =
-      static_cast<int>(TextSize(zoomLabel_, fonts_.text.Get(), TextOf(zoomLabel_)).cx) + scaled(8);
-  const int zoomLeft = left + width - scaled(ZoomBarWidth);
-  const int barHeight = scaled(ZoomBarHeight);
-  Place(zoomBar_, {zoomLeft, barTop, scaled(ZoomBarWidth), barHeight});
-  Place(zoomLabel_, {zoomLeft - label, barTop + scaled(2), label, barHeight});
-  Place(scrollBar_,
-        {left, barTop, width - scaled(ZoomBarWidth) - label - scaled(12), scaled(ScrollBarHeight)});
-  Place(chart_.Window(), {left, top, width, barTop - scaled(SmallGap) - top});
+  const LONG demoTop = logArea_.top - scaled(RowGap) - scaled(ButtonHeight);
+  demo_.LayOut({logArea_.left, demoTop, logArea_.right, demoTop + scaled(ButtonHeight)});
+  chartRows_.Place(fonts_, {logArea_.left, top, logArea_.right, demoTop - scaled(PanelGap)});
 }
 
-/// The place of hint and log: a seventh of the window, or as many lines as one wants to see where that leaves
-/// room for the chart.
-Frame Ctrls::LogArea(const RECT& client, int left, int width) const {
-  const int height = static_cast<int>(client.bottom);
-  const int usual = std::min(Scaled(context_.window, UsualLogHeight), height / 6);
-  const int log = std::max(usual, height / 7) + Scaled(context_.window, HintHeight + 2);
-  return {left, height - Scaled(context_.window, Margin) - log, width, log};
+/// Of hint and log: a seventh of the window, or as many lines as one wants to see where that leaves room for
+/// the chart.
+int Ctrls::LogHeight(int clientHeight) const {
+  const int usual = std::min(Scaled(context_.window, UsualLogHeight), clientHeight / 6);
+  return std::max(usual, clientHeight / 7) + Scaled(context_.window, HintHeight + 2);
 }
 
 /// A hint of several rows takes them from the log: the chart stays where it is.
 void Ctrls::LayOutLog() {
-  const Frame& area = logArea_;
-  const int needed = demo_.HintHeight(area.width);
-  const int hint = std::min(std::max(Scaled(context_.window, HintHeight), needed), area.height / 2);
-  demo_.LayOutHint({area.left, area.top, area.width, hint});
-  const int top = area.top + hint + Scaled(context_.window, 2);
-  log_.LayOut({area.left, top, area.width, log_.HeightFor(area.Bottom() - top)});
+  const RECT& area = logArea_;
+  const int needed = demo_.HintHeight(area.right - area.left);
+  const LONG most = (area.bottom - area.top) / 2;
+  const LONG hintEnd = area.top + std::min<LONG>(std::max(Scaled(context_.window, HintHeight), needed), most);
+  demo_.LayOutHint({area.left, area.top, area.right, hintEnd});
+  const LONG top = hintEnd + Scaled(context_.window, 2);
+  log_.LayOut({area.left, top, area.right, top + log_.HeightFor(area.bottom - top)});
 }
 
 /// Lists share what height the other things leave. On a screen that has too little, the logo goes.
-void Ctrls::LayOutColumn(const Frame& column) {
+void Ctrls::LayOutColumn(const RECT& column) {
   const auto scaled = [this](int length) { return Scaled(context_.window, length); };
-  const int power = PowerPanel::Height(context_.window);
-  const int needed = 2 * scaled(LeastListHeight) + scaled(DescriptionHeight) + power + scaled(4 * Margin);
-  hasLogo_ = column.height >= needed + scaled(LogoBottom);
-  const int powerTop = column.Bottom() - (hasLogo_ ? scaled(LogoBottom) : 0) - scaled(Gap) - power;
-  const int descriptionTop = powerTop - scaled(Gap) - scaled(DescriptionHeight);
-  const int lists = descriptionTop - scaled(Gap) - column.top;
-  const int each = (lists - scaled(Margin)) / 2;
-  devices_.LayOut({column.left, column.top, column.width, each});
-  modes_.LayOutList({column.left, column.top + each + scaled(Margin), column.width, each});
-  modes_.LayOutDescription({column.left, descriptionTop, column.width, scaled(DescriptionHeight)});
-  power_.LayOut({column.left, powerTop, column.width, power});
+  const LONG left = column.left, right = column.right, description = modes_.DescriptionHeight();
+  const LONG needed = 2 * scaled(LeastListHeight) + description + power_.Height() + scaled(4 * Margin);
+  hasLogo_ = column.bottom - column.top >= needed + scaled(LogoBottom);
+  const LONG powerTop =
+      column.bottom - (hasLogo_ ? scaled(LogoBottom) : 0) - scaled(PanelGap) - power_.Height();
+  const LONG descriptionTop = powerTop - scaled(PanelGap) - description;
+  const LONG each = (descriptionTop - scaled(PanelGap) - column.top - scaled(Margin)) / 2;
+  const LONG modesTop = column.top + each + scaled(Margin);
+  devices_.LayOut({left, column.top, right, column.top + each});
+  modes_.LayOutList({left, modesTop, right, modesTop + each});
+  modes_.LayOutDescription({left, descriptionTop, right, descriptionTop + description});
+  power_.LayOut({left, powerTop, right, powerTop + power_.Height()});
 }
 
 std::optional<RECT> Ctrls::LogoArea() const {

@@ -47,12 +47,12 @@ class Ctrls {
   void RefreshBars();
   void RefreshButtons();
   int ColumnWidth(int clientWidth) const;
-  void LayOutColumn(const Frame& column);
-  Frame LogArea(const RECT& client, int left, int width) const;
+  void LayOutColumn(const RECT& column);
+  int LogHeight(int clientHeight) const;
   void LayOutLog();
 
   PanelContext context_;
-  WindowFonts fonts_;
+  Fonts fonts_;
   ChartWindow chart_;
   HWND scrollBar_, zoomLabel_, zoomBar_;
   DemoPanel demo_;
@@ -62,7 +62,8 @@ class Ctrls {
   LogPane log_;
   HWND tips_ = nullptr;
   std::string pauseTip_;  // in English
-  Frame logArea_;         // of the hint and the log below it
+  StackLayout chartRows_;
+  RECT logArea_{};  // of the hint and the log below it
   bool hasLogo_ = true;
 };
 

@@ -11,8 +11,8 @@
 #define STBI_NO_STDIO
 #include <stb/stb_image.h>
 
-#include "ui/win32/Metrics.h"
 #include "ui/win32/ResourceIds.h"
+#include "ui/win32/controls/Metrics.h"
 
 namespace UX {
 namespace {

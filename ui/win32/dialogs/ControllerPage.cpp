@@ -8,7 +8,7 @@ void ControllerPage::Build(HWND dialog, StackLayout& rows, const qor::Translate&
   for (const TCBase::DeviceInfo& controller : wizard_.Controllers()) {
     choices.push_back(ControllerText(controller, translate));
   }
-  rows.Add({Label(
+  rows.Add({Paragraph(
       dialog, translate("Connect the TC421 to this computer by USB. Or hold its Wi-Fi button until its light "
                         "blinks, join the controller's own network with this computer and choose \"Scan WiFi "
                         "devices\" before this set-up."))});

@@ -11,11 +11,11 @@ void DlgAbout::Build(const qor::Translate& translate) {
   StackLayout& rows = AddPage();
   rows.Add({PlainText(Window(), TCBase::TC420DisplayName, Face::Title)});
   rows.Add({PlainText(Window(), "Halvex " + facts_.version, Face::Bold)}, Gap::Close);
-  rows.Add({Label(Window(),
-                  translate("Editor for the day-long light programs of TC420 and TC421 LED controllers."))});
-  rows.Add({Label(Window(), "MIT License")});
+  rows.Add({Paragraph(
+      Window(), translate("Editor for the day-long light programs of TC420 and TC421 LED controllers."))});
+  rows.Add({Paragraph(Window(), "MIT License")});
   if (!facts_.translator.empty()) {
-    rows.Add({Label(Window(), qor::Format(translate("translated by {1}!"), {facts_.translator}))});
+    rows.Add({Paragraph(Window(), qor::Format(translate("translated by {1}!"), {facts_.translator}))});
   }
   AddButton(IDCANCEL, translate("Close"), true);
 }

@@ -167,7 +167,7 @@ void DlgBase::AddOkAndCancel(const qor::Translate& translate) {
 }
 
 void DlgBase::SetFonts() {
-  DialogFonts fonts(window_);
+  Fonts fonts(window_);
   for (const StackLayout& page : pages_) page.SetFonts(fonts);
   for (const Cell& button : buttons_) {
     SendMessageW(button.control, WM_SETFONT, reinterpret_cast<WPARAM>(fonts.Of(button.face)), TRUE);
@@ -181,7 +181,8 @@ SIZE DlgBase::LayOut() {
   int height = 0;
   for (const StackLayout& page : pages_) height = std::max(height, page.Height(fonts_, width));
   const int margin = Scaled(window_, Margin);
-  for (const StackLayout& page : pages_) page.Place(fonts_, {margin, margin}, width);
+  for (const StackLayout& page : pages_)
+    page.Place(fonts_, {margin, margin, margin + width, margin + height});
   const int buttons = static_cast<int>(NaturalSize(buttons_[0], fonts_).cy);
   const SIZE client{width + 2 * margin, height + Scaled(window_, AboveButtons) + buttons + 2 * margin};
   PlaceButtons(client);

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "QorLib/Translate.h"
-#include "ui/win32/dialogs/StackLayout.h"
+#include "ui/win32/controls/StackLayout.h"
 
 namespace UX {
 
@@ -72,7 +72,7 @@ class DlgBase {
   qor::Translate translate_;
   HWND window_ = nullptr;
   HWND owner_ = nullptr;
-  DialogFonts fonts_;
+  Fonts fonts_;
   std::deque<StackLayout> pages_;
   std::size_t page_ = 0;
   std::vector<Cell> buttons_;

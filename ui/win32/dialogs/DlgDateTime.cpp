@@ -19,7 +19,7 @@ void DlgDateTime::Build(const qor::Translate& translate) {
                              time_.wHour, time_.wMinute, time_.wSecond,    0};
   SetText(Window(), translate("Set custom date and time"));
   StackLayout& rows = AddPage();
-  rows.Add({Label(Window(), translate("Enter date and time"))});
+  rows.Add({Paragraph(Window(), translate("Enter date and time"))});
   const Cell date = DatePicker(Window(), time);
   const Cell timeOfDay = TimePicker(Window(), time);
   rows.Add({date, timeOfDay}, Gap::Close);

@@ -18,14 +18,14 @@ std::string CutTo(std::size_t mostCharacters, const std::string& text) {
 void DlgGetValue::Build(const qor::Translate& translate) {
   SetText(Window(), request_.title);
   StackLayout& rows = AddPage();
-  rows.Add({Label(Window(), request_.label)});
+  rows.Add({Paragraph(Window(), request_.label)});
   const bool isLimited = request_.mostCharacters > 0;
   const std::string text = isLimited ? CutTo(request_.mostCharacters, request_.value) : request_.value;
   const Cell value = LineEdit(Window(), text, request_.isNumber ? ES_NUMBER : 0);
   value_ = value.control;
   rows.Add({value}, Gap::Close);
   if (!request_.secondLabel.empty()) {
-    rows.Add({Label(Window(), request_.secondLabel)});
+    rows.Add({Paragraph(Window(), request_.secondLabel)});
     const Cell second = LineEdit(Window(), request_.secondValue);
     second_ = second.control;
     rows.Add({second}, Gap::Close);

@@ -23,13 +23,13 @@ int ChoiceOf(WiFiSecurity security) {
 void NetworkPage::Build(HWND dialog, StackLayout& rows, const qor::Translate& translate) {
   constexpr int ListLines = 7;
   constexpr int TroubleLines = 2;
-  rows.Add({Label(
+  rows.Add({Paragraph(
       dialog, translate("Choose the network for the controller. Type its name if it is not in the list."))});
   const Cell list =
       ReportList(dialog, {translate("Network name"), translate("Signal"), translate("Security")}, ListLines);
   list_ = list.control;
   rows.Add({list});
-  const Cell trouble = Label(dialog, {}, TroubleLines);
+  const Cell trouble = Paragraph(dialog, {}, TroubleLines);
   const Cell refresh = PushButton(dialog, translate("Refresh"));
   trouble_ = trouble.control;
   refresh_ = refresh.control;
@@ -47,7 +47,7 @@ void NetworkPage::BuildEntry(HWND dialog, StackLayout& rows, const qor::Translat
   const Cell security = ComboBox(dialog, choices, static_cast<std::size_t>(ChoiceOf(wizard_.Security())));
   const Cell encryptionLabel = Caption(dialog, translate("Encryption number"));
   const Cell encryption = LineEdit(dialog, "0", ES_NUMBER);
-  const Cell remark = Label(dialog, {}, RemarkLines);
+  const Cell remark = Paragraph(dialog, {}, RemarkLines);
   rows.Add({nameLabel, name});
   rows.Add({securityLabel, security});
   rows.Add({encryptionLabel, encryption});

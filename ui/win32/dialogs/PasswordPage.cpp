@@ -16,10 +16,10 @@ constexpr int MostBytesOfUnit = 3;  // in UTF-8
 
 void PasswordPage::Build(HWND dialog, StackLayout& rows, const qor::Translate& translate) {
   constexpr int RemarkLines = 2;
-  const Cell label = Label(dialog, {});
+  const Cell label = Paragraph(dialog, {});
   const Cell password = LineEdit(dialog, {}, ES_PASSWORD);
   const Cell show = CheckBox(dialog, translate("Show password"));
-  const Cell remark = Label(dialog, {}, RemarkLines);
+  const Cell remark = Paragraph(dialog, {}, RemarkLines);
   rows.Add({label});
   rows.Add({password}, Gap::Close);
   rows.Add({show});

@@ -7,7 +7,7 @@ namespace {
 /// Adds a row "what it is, value"; returns the value's label.
 HWND AddFact(HWND dialog, StackLayout& rows, const std::string& what) {
   const Cell caption = Caption(dialog, what);
-  const Cell value = Label(dialog, {});
+  const Cell value = Paragraph(dialog, {});
   rows.Add({caption, value});
   return value.control;
 }
@@ -19,7 +19,7 @@ void SendPage::Build(HWND dialog, StackLayout& rows, const qor::Translate& trans
   controller_ = AddFact(dialog, rows, translate("Device"));
   network_ = AddFact(dialog, rows, translate("Network name"));
   security_ = AddFact(dialog, rows, translate("Security"));
-  const Cell state = Label(dialog, {}, StateLines);
+  const Cell state = Paragraph(dialog, {}, StateLines);
   rows.Add({state}, Gap::Wide);
   state_ = state.control;
 }

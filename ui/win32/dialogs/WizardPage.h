@@ -4,7 +4,7 @@
 #include <windows.h>
 
 #include "ui/WiFiWizard.h"
-#include "ui/win32/dialogs/StackLayout.h"
+#include "ui/win32/controls/StackLayout.h"
 
 namespace UX {
 

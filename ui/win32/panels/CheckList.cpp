@@ -34,7 +34,7 @@ void SetCell(HWND list, int row, int column, const std::string& text) {
 
 CheckList::CheckList(const PanelContext& context, int id)
     : window_(MakeControl(
-          context, WC_LISTVIEWW,
+          context.window, WC_LISTVIEWW,
           WS_TABSTOP | WS_BORDER | LVS_REPORT | LVS_NOCOLUMNHEADER | LVS_SINGLESEL | LVS_SHOWSELALWAYS, id)) {
   constexpr DWORD Style = LVS_EX_CHECKBOXES | LVS_EX_FULLROWSELECT | LVS_EX_DOUBLEBUFFER | LVS_EX_INFOTIP;
   ListView_SetExtendedListViewStyle(window_, Style);
@@ -102,10 +102,10 @@ void CheckList::SetColumnWidths(const std::vector<CheckRow>& rows) {
   hasColumns_ = true;
 }
 
-void CheckList::Place(const Frame& area) {
+void CheckList::OnSize() {
+  if (!hasColumns_) return;
   SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
-  UX::Place(window_, area);
-  if (hasColumns_) SetColumnWidths(rows_);
+  SetColumnWidths(rows_);
   SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
   InvalidateRect(window_, nullptr, TRUE);
 }
@@ -222,6 +222,11 @@ LRESULT CALLBACK CheckList::Procedure(HWND window, UINT message, WPARAM wParam, 
   auto& self = *reinterpret_cast<CheckList*>(data);
   try {
     switch (message) {
+      case WM_SIZE: {
+        const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+        self.OnSize();
+        return result;
+      }
       case WM_MOUSEMOVE:
         if (self.dragged_ >= 0) self.DragTo(lParam);
         break;

@@ -40,7 +40,6 @@ class CheckList {
 
   /// Shows the rows; `selected` is -1 for none.
   void Show(std::vector<CheckRow> rows, int selected);
-  void Place(const Frame& area);
   /// Answers a WM_NOTIFY of the list.
   LRESULT OnNotify(NMHDR* header);
 
@@ -49,6 +48,7 @@ class CheckList {
                                     DWORD_PTR self);
   void ShowRow(int index, const CheckRow& row);
   void SetColumnWidths(const std::vector<CheckRow>& rows);
+  void OnSize();
   void OnItemChanged(const NMLISTVIEW& change);
   LRESULT OnCustomDraw(NMLVCUSTOMDRAW& draw) const;
   bool MarksFaintly(int row) const;

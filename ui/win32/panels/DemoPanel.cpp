@@ -22,7 +22,17 @@ DemoPanel::DemoPanel(const PanelContext& context)
       stop_(MakeButton(context, command::StopDemo)),
       time_(MakeLabel(context)),
       status_(MakeLabel(context)),
-      hint_(MakeControl(context, L"STATIC", SS_LEFT | SS_NOPREFIX)) {}
+      hint_(MakeControl(context.window, L"STATIC", SS_LEFT | SS_NOPREFIX)),
+      row_(context.window) {
+  constexpr int LeastWidth = 32, TimeWidth = 78;
+  Cell time{
+      .control = time_, .kind = Cell::Kind::Plain, .width = TimeWidth, .height = ButtonHeight, .gap = 9};
+  Cell status = Plain(status_, 20);
+  status.gap = 0;
+  status.top = 4;
+  row_.Add({SmallButton(play_, LeastWidth), SmallButton(pause_, LeastWidth), SmallButton(stop_, LeastWidth),
+            time, status});
+}
 
 void DemoPanel::Translate() {
   const auto translate = context_.workbench.services.texts.Translator();
@@ -53,20 +63,15 @@ bool DemoPanel::ShowHint(const std::string& hint) {
 }
 
 int DemoPanel::HintHeight(int width) const {
-  return TextHeight(hint_, context_.fonts.text.Get(), TextOf(hint_), width);
+  return TextHeight(hint_, context_.fonts.Of(Face::Usual), TextOf(hint_), width);
 }
 
-void DemoPanel::LayOutHint(const Frame& hint) {
-  Place(hint_, hint);
+void DemoPanel::LayOutHint(const RECT& area) const {
+  Place({.control = hint_}, area);
 }
 
-void DemoPanel::LayOut(const Frame& row) {
-  int left = PlaceButtons(row, {play_, pause_, stop_}, context_.fonts.text.Get(), 32) + Scaled(play_, 6);
-  const int time = Scaled(play_, 78);
-  Place(time_, {left, row.top, time, row.height});
-  left += time;
-  const int drop = Scaled(play_, 4);
-  Place(status_, {left, row.top + drop, row.Right() - left, row.height - drop});
+void DemoPanel::LayOut(const RECT& area) const {
+  row_.Place(context_.fonts, area);
 }
 
 }  // namespace UX

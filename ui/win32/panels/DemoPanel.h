@@ -16,8 +16,8 @@ class DemoPanel {
   bool ShowHint(const std::string& hint);
   /// What the hint needs at that width.
   int HintHeight(int width) const;
-  void LayOutHint(const Frame& hint);
-  void LayOut(const Frame& row);
+  void LayOutHint(const RECT& area) const;
+  void LayOut(const RECT& area) const;
   HWND PauseButton() const { return pause_; }
   /// What the button does now, in English.
   const char* PauseTip() const;
@@ -26,6 +26,7 @@ class DemoPanel {
  private:
   const PanelContext& context_;
   HWND play_, pause_, stop_, time_, status_, hint_;
+  StackLayout row_;
 };
 
 }  // namespace UX

@@ -10,8 +10,9 @@ DevicePanel::DevicePanel(const PanelContext& context)
       scan_(MakeButton(context, command::ScanNetwork)),
       addEmulator_(MakeButton(context, command::AddEmulator)),
       activity_(MakeLabel(context)),
-      upload_(MakeButton(context, command::Upload, BS_OWNERDRAW)) {
-  ShowWindow(activity_, SW_HIDE);
+      upload_(MakeButton(context, command::Upload, BS_OWNERDRAW)),
+      rows_(context.window) {
+  Arrange();
   list_.onCheck = [this](std::size_t row, bool isChecked) {
     context_.workbench.devices.Pick(row, isChecked);
     context_.workbench.view.Refresh();
@@ -24,9 +25,7 @@ void DevicePanel::Translate() {
   ShowText(scan_, translate("Scan"));
   ShowText(addEmulator_, translate("Add emulator"));
   ShowText(upload_, translate("Upload program"));
-  const HFONT font = context_.fonts.text.Get();
-  leastWidth_ = ButtonWidth(scan_, font, 36) + ButtonWidth(addEmulator_, font, 36) +
-                ButtonWidth(upload_, font, 36) + Scaled(scan_, 9);
+  if (!isWorking_) leastWidth_ = rows_.LeastWidth(context_.fonts);
   if (isWorking_) ShowText(upload_, translate("Cancel"));
 }
 
@@ -46,12 +45,12 @@ void DevicePanel::ShowWorking(bool isWorking) {
   const HWND focused = GetFocus();
   SetWindowLongPtrW(upload_, GWLP_ID, isWorking ? command::CancelJob : command::Upload);
   Translate();
-  ShowWindow(activity_, isWorking ? SW_SHOW : SW_HIDE);
   for (HWND button : {scan_, addEmulator_}) {
     ShowWindow(button, isWorking ? SW_HIDE : SW_SHOW);
     if (button == focused) SetFocus(upload_);
   }
-  LayOutButtons();
+  Arrange();
+  rows_.Place(context_.fonts, area_);
   InvalidateRect(upload_, nullptr, TRUE);
 }
 
@@ -84,21 +83,28 @@ void DevicePanel::AddOutcome(const TCBase::DeviceOutcome& outcome, CheckRow& row
   if (outcome.IsFault()) row.tone = CheckRow::Tone::Error;
 }
 
-void DevicePanel::LayOut(const Frame& area) {
-  const int line = Scaled(heading_, 18), button = Scaled(heading_, 24), gap = Scaled(heading_, 4);
-  Place(heading_, {area.left, area.top, area.width, line});
-  buttons_ = {area.left, area.Bottom() - button, area.width, button};
-  list_.Place({area.left, area.top + line, area.width, buttons_.top - gap - area.top - line});
-  LayOutButtons();
+void DevicePanel::LayOut(const RECT& area) {
+  area_ = area;
+  rows_.Place(context_.fonts, area_);
 }
 
-void DevicePanel::LayOutButtons() {
-  const HFONT font = context_.fonts.text.Get();
-  PlaceButtons(buttons_, {scan_, addEmulator_}, font, 36);
-  const int width = ButtonWidth(upload_, font, 36), drop = Scaled(activity_, 4);
-  Place(upload_, {buttons_.Right() - width, buttons_.top, width, buttons_.height});
-  Place(activity_,
-        {buttons_.left, buttons_.top + drop, buttons_.width - width - drop, buttons_.height - drop});
+/// The activity takes what the buttons leave, seen or not.
+void DevicePanel::Arrange() {
+  ShowWindow(activity_, isWorking_ ? SW_SHOW : SW_HIDE);
+  constexpr int LeastWidth = 36;
+  Cell activity = Plain(activity_, 20);
+  activity.top = 4;
+  const Cell upload = SmallButton(upload_, LeastWidth);
+  rows_ = StackLayout(context_.window);
+  rows_.Add({Heading(heading_)});
+  rows_.Add({Tall(list_.Window())}, Gap::None);
+  if (isWorking_) {
+    rows_.Add({activity, upload}, RowGap);
+  } else {
+    activity.gap = SmallGap;
+    rows_.Add({SmallButton(scan_, LeastWidth), SmallButton(addEmulator_, LeastWidth), activity, upload},
+              RowGap);
+  }
 }
 
 }  // namespace UX

@@ -15,7 +15,7 @@ class DevicePanel {
   void Translate();
   void Refresh();
   /// From the heading to the buttons.
-  void LayOut(const Frame& area);
+  void LayOut(const RECT& area);
   /// The width that the row of buttons needs.
   int LeastWidth() const { return leastWidth_; }
   CheckList& List() { return list_; }
@@ -27,7 +27,7 @@ class DevicePanel {
   CheckRow RowOf(const TCBase::DeviceInfo& device) const;
   void AddOutcome(const TCBase::DeviceOutcome& outcome, CheckRow& row) const;
   void ShowWorking(bool isWorking);
-  void LayOutButtons();
+  void Arrange();
 
   const PanelContext& context_;
   HWND heading_;
@@ -35,7 +35,8 @@ class DevicePanel {
   HWND scan_, addEmulator_, activity_, upload_;
   bool isWorking_ = false;
   std::int64_t changedAt_ = 0;  // when the button got its meaning, in milliseconds
-  Frame buttons_;               // their row
+  StackLayout rows_;
+  RECT area_{};
   int leastWidth_ = 0;
 };
 

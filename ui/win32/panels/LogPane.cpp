@@ -19,8 +19,8 @@ HWND MakeWindow(const PanelContext& context) {
   constexpr DWORD Style =
       WS_TABSTOP | WS_BORDER | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_NOHIDESEL | ES_AUTOVSCROLL;
   const bool isRich = LoadLibraryW(L"Msftedit.dll") != nullptr;
-  HWND window = isRich ? MakeControl(context, MSFTEDIT_CLASS, Style, LogId) : nullptr;
-  return window != nullptr ? window : MakeControl(context, L"EDIT", Style, LogId);
+  HWND window = isRich ? MakeControl(context.window, MSFTEDIT_CLASS, Style, LogId) : nullptr;
+  return window != nullptr ? window : MakeControl(context.window, L"EDIT", Style, LogId);
 }
 
 }  // namespace
@@ -32,7 +32,7 @@ LogPane::LogPane(const PanelContext& context) : context_(context), window_(MakeW
 }
 
 int LogPane::HeightFor(int most) const {
-  const int line = static_cast<int>(TextSize(window_, context_.fonts.log.Get(), "0").cy);
+  const int line = static_cast<int>(TextSize(window_, context_.fonts.Of(Face::Fixed), "0").cy);
   const int frame = 2 * GetSystemMetrics(SM_CYBORDER);
   return frame + std::max(1, (most - frame) / line) * line;
 }
@@ -45,9 +45,9 @@ bool LogPane::IsEndInSight() const {
   return scroll.nPos + static_cast<int>(scroll.nPage) + Scaled(window_, 20) >= scroll.nMax;
 }
 
-void LogPane::LayOut(const Frame& area) {
+void LogPane::LayOut(const RECT& area) {
   const bool isFollowing = IsEndInSight();
-  Place(window_, area);
+  Place({.control = window_}, area);
   if (isFollowing) SendMessageW(window_, WM_VSCROLL, SB_BOTTOM, 0);
 }
 

@@ -15,7 +15,7 @@ class LogPane {
   /// The height up to that for whole lines.
   int HeightFor(int most) const;
   /// Follows the newest line there, too.
-  void LayOut(const Frame& area);
+  void LayOut(const RECT& area);
   /// Lines that each end in CR LF.
   void Append(const std::string& lines);
   void ShowMenu(POINT at);

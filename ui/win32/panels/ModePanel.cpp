@@ -28,9 +28,22 @@ ModePanel::ModePanel(const PanelContext& context)
       down_(MakeButton(context, command::MoveModeDown)),
       descriptionHeading_(MakeLabel(context)),
       description_(
-          MakeControl(context, L"EDIT",
+          MakeControl(context.window, L"EDIT",
                       WS_TABSTOP | WS_BORDER | WS_VSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN,
-                      DescriptionId)) {
+                      DescriptionId)),
+      listRows_(context.window),
+      descriptionRows_(context.window) {
+  constexpr int LeastWidth = 30;
+  Cell up{.control = up_, .kind = Cell::Kind::Plain, .width = 24, .height = ButtonHeight, .gap = SmallGap};
+  Cell down = up;
+  down.control = down_;
+  listRows_.Add({Heading(heading_)});
+  listRows_.Add({Tall(list_.Window())}, Gap::None);
+  listRows_.Add({SmallButton(add_, LeastWidth), SmallButton(copy_, LeastWidth),
+                 SmallButton(rename_, LeastWidth), SmallButton(delete_, LeastWidth), up, down},
+                RowGap);
+  descriptionRows_.Add({Heading(descriptionHeading_)});
+  descriptionRows_.Add({Plain(description_, 56)}, Gap::None);
   list_.onCheck = [this](std::size_t row, bool isChecked) {
     SetUploaded(context_.workbench, row, isChecked);
   };
@@ -99,30 +112,19 @@ void ModePanel::OnDescription(int notification) {
 }
 
 int ModePanel::LeastWidth() const {
-  const HFONT font = context_.fonts.text.Get();
-  int width = 0;
-  for (HWND button : {add_, copy_, rename_, delete_})
-    width += ButtonWidth(button, font, 30) + Scaled(button, 3);
-  return width + 2 * Scaled(up_, 27);
+  return listRows_.LeastWidth(context_.fonts) + Scaled(list_.Window(), SmallGap);  // one behind the last, too
 }
 
-void ModePanel::LayOutList(const Frame& area) {
-  const int line = Scaled(heading_, 18), button = Scaled(heading_, 24), gap = Scaled(heading_, 4);
-  Place(heading_, {area.left, area.top, area.width, line});
-  const int row = area.Bottom() - button;
-  list_.Place({area.left, area.top + line, area.width, row - gap - area.top - line});
-  const HFONT font = context_.fonts.text.Get();
-  const int left =
-      PlaceButtons({area.left, row, area.width, button}, {add_, copy_, rename_, delete_}, font, 30);
-  const int arrow = Scaled(up_, 24);
-  Place(up_, {left, row, arrow, button});
-  Place(down_, {left + arrow + Scaled(up_, 3), row, arrow, button});
+void ModePanel::LayOutList(const RECT& area) const {
+  listRows_.Place(context_.fonts, area);
 }
 
-void ModePanel::LayOutDescription(const Frame& area) {
-  const int line = Scaled(heading_, 18);
-  Place(descriptionHeading_, {area.left, area.top, area.width, line});
-  Place(description_, {area.left, area.top + line, area.width, area.height - line});
+int ModePanel::DescriptionHeight() const {
+  return descriptionRows_.Height(context_.fonts, 0);
+}
+
+void ModePanel::LayOutDescription(const RECT& area) const {
+  descriptionRows_.Place(context_.fonts, area);
 }
 
 }  // namespace UX

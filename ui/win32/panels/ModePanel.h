@@ -14,9 +14,10 @@ class ModePanel {
   void Translate();
   void Refresh();
   /// From the list's heading to its buttons.
-  void LayOutList(const Frame& area);
+  void LayOutList(const RECT& area) const;
   /// The heading and the description.
-  void LayOutDescription(const Frame& area);
+  void LayOutDescription(const RECT& area) const;
+  int DescriptionHeight() const;
   int LeastWidth() const;
   CheckList& List() { return list_; }
   /// A notification of the description's edit control.
@@ -32,6 +33,7 @@ class ModePanel {
   CheckList list_;
   HWND add_, copy_, rename_, delete_, up_, down_;
   HWND descriptionHeading_, description_;
+  StackLayout listRows_, descriptionRows_;
   bool isShowing_ = false;  // the description is not being typed
 };
 

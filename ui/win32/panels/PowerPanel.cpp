@@ -14,7 +14,7 @@ namespace UX {
 namespace {
 
 constexpr const wchar_t* ClassName = L"HalvexPowerWnd";
-constexpr int HeadingHeight = 18, RowHeight = 22;  // at 96 dpi
+constexpr int RowHeight = 22;  // at 96 dpi
 
 COLORREF ColourOf(std::uint32_t argb) {
   return RGB(argb >> 16 & 0xFF, argb >> 8 & 0xFF, argb & 0xFF);
@@ -35,10 +35,16 @@ void DrawLine(HDC context, const std::string& text, RECT area, UINT format) {
 }  // namespace
 
 PowerPanel::PowerPanel(const PanelContext& context)
-    : context_(context), heading_(MakeLabel(context)), window_(nullptr), edit_(context.workbench) {
+    : context_(context),
+      heading_(MakeLabel(context)),
+      window_(nullptr),
+      layout_(context.window),
+      edit_(context.workbench) {
   Register(context.instance);
   window_ = CreateWindowExW(0, ClassName, L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0, 0, 0, context.window,
                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(PowerId)), context.instance, this);
+  layout_.Add({Heading(heading_)});
+  layout_.Add({Plain(window_, static_cast<int>(TCBase::ChannelCount) * RowHeight)}, Gap::None);
 }
 
 void PowerPanel::Register(HINSTANCE instance) {
@@ -71,14 +77,12 @@ void PowerPanel::Refresh() {
   InvalidateRect(window_, nullptr, FALSE);
 }
 
-int PowerPanel::Height(HWND window) {
-  return Scaled(window, HeadingHeight + static_cast<int>(TCBase::ChannelCount) * RowHeight);
+int PowerPanel::Height() const {
+  return layout_.Height(context_.fonts, 0);
 }
 
-void PowerPanel::LayOut(const Frame& area) {
-  const int heading = Scaled(heading_, HeadingHeight);
-  Place(heading_, {area.left, area.top, area.width, heading});
-  Place(window_, {area.left, area.top + heading, area.width, area.height - heading});
+void PowerPanel::LayOut(const RECT& area) const {
+  layout_.Place(context_.fonts, area);
 }
 
 RECT PowerPanel::RowArea(std::size_t channel) const {
@@ -110,7 +114,7 @@ void PowerPanel::Paint() {
   const HBITMAP bitmap =
       CreateCompatibleBitmap(screen, std::max<LONG>(1, client.right), std::max<LONG>(1, client.bottom));
   const HGDIOBJ formerBitmap = SelectObject(context, bitmap);
-  const HGDIOBJ formerFont = SelectObject(context, context_.fonts.text.Get());
+  const HGDIOBJ formerFont = SelectObject(context, context_.fonts.Of(Face::Usual));
   FillRect(context, &client, GetSysColorBrush(COLOR_3DFACE));
   SetBkMode(context, TRANSPARENT);
   for (std::size_t channel = 0; channel < rows_.size(); ++channel) PaintRow(context, channel);

@@ -16,8 +16,8 @@ class PowerPanel {
 
   void Translate();
   void Refresh();
-  void LayOut(const Frame& area);
-  static int Height(HWND window);  // that the panel needs
+  void LayOut(const RECT& area) const;
+  int Height() const;
   HWND Window() const { return window_; }
 
   // For WindowProcedure
@@ -47,6 +47,7 @@ class PowerPanel {
 
   const PanelContext& context_;
   HWND heading_, window_;
+  StackLayout layout_;
   PowerEdit edit_;
   std::array<Row, TCBase::ChannelCount> rows_;
   int dragged_ = -1;

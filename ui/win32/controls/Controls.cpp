@@ -1,12 +1,12 @@
 // SPDX-License-Identifier: MIT
-#include "ui/win32/dialogs/Controls.h"
+#include "ui/win32/controls/Controls.h"
 
 #include <commctrl.h>
 
 #include <algorithm>
 
 #include "QorLib/qor_win_str_utils.h"
-#include "ui/win32/Metrics.h"
+#include "ui/win32/controls/Metrics.h"
 
 namespace UX {
 namespace {
@@ -26,9 +26,7 @@ int NextId(HWND dialog) {
 
 HWND NewControl(HWND dialog, const wchar_t* kind, std::string_view text, DWORD style, DWORD extendedStyle = 0,
                 int id = 0) {
-  const std::intptr_t number = id != 0 ? id : NextId(dialog);
-  return CreateWindowExW(extendedStyle, kind, WideFromUtf8(text).c_str(), WS_CHILD | WS_VISIBLE | style, 0, 0,
-                         0, 0, dialog, reinterpret_cast<HMENU>(number), GetModuleHandleW(nullptr), nullptr);
+  return MakeControl(dialog, kind, style, id != 0 ? id : NextId(dialog), extendedStyle, text);
 }
 
 Cell Picker(HWND dialog, const SYSTEMTIME& time, DWORD style) {
@@ -81,7 +79,14 @@ int WidestText(HWND list, int column) {
 
 }  // namespace
 
-Cell Label(HWND dialog, std::string_view text, int lines) {
+HWND MakeControl(HWND window, const wchar_t* kind, DWORD style, int id, DWORD extendedStyle,
+                 std::string_view text) {
+  return CreateWindowExW(extendedStyle, kind, WideFromUtf8(text).c_str(), WS_CHILD | WS_VISIBLE | style, 0, 0,
+                         0, 0, window, reinterpret_cast<HMENU>(static_cast<std::intptr_t>(id)),
+                         GetModuleHandleW(nullptr), nullptr);
+}
+
+Cell Paragraph(HWND dialog, std::string_view text, int lines) {
   return {.control = NewControl(dialog, WC_STATICW, text, SS_NOPREFIX), .lines = lines, .fills = true};
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/win32/dialogs/StackLayout.h"
+#include "ui/win32/controls/StackLayout.h"
 
 #include <commctrl.h>
 
@@ -8,7 +8,6 @@
 namespace UX {
 namespace {
 
-constexpr int CellGap = 8;        // between controls of a row, for 96 dpi
 constexpr int DropDownLines = 8;  // of a combo box's list
 
 /// What a control needs beside its text, for 96 dpi.
@@ -23,9 +22,11 @@ Padding PaddingOf(Cell::Kind kind) {
     case Cell::Kind::Choice: return {36, 8};
     case Cell::Kind::Check: return {22, 2};
     case Cell::Kind::Button: return {24, 10};
-    case Cell::Kind::List: break;
+    case Cell::Kind::SmallButton: return {14, 10};
+    case Cell::Kind::List: return {24, 30};  // the columns' headings
+    case Cell::Kind::Plain: break;
   }
-  return {24, 30};  // the columns' headings
+  return {0, 0};
 }
 
 int LineHeight(HWND window, HFONT font) {
@@ -44,17 +45,19 @@ int WidestLine(HWND window, HFONT font, std::string_view text) {
 
 /// Whether the control's width follows its text, which stands on one line.
 bool IsAsWideAsItsText(Cell::Kind kind) {
-  return kind == Cell::Kind::Label || kind == Cell::Kind::Check || kind == Cell::Kind::Button;
+  return kind == Cell::Kind::Label || kind == Cell::Kind::Check || kind == Cell::Kind::Button ||
+         kind == Cell::Kind::SmallButton;
 }
 
-int NaturalWidth(const Cell& cell, const DialogFonts& fonts) {
+int NaturalWidth(const Cell& cell, const Fonts& fonts) {
   const int least = Scaled(cell.control, cell.width);
   if (cell.fills || !IsAsWideAsItsText(cell.kind)) return least;
   const int text = WidestLine(cell.control, fonts.Of(cell.face), TextOf(cell.control));
   return std::max(least, text + Scaled(cell.control, PaddingOf(cell.kind).across));
 }
 
-int HeightAt(const Cell& cell, const DialogFonts& fonts, int width) {
+int HeightAt(const Cell& cell, const Fonts& fonts, int width) {
+  if (cell.height > 0 || cell.isTall) return Scaled(cell.control, cell.height);
   const HFONT font = fonts.Of(cell.face);
   int text = cell.lines * LineHeight(cell.control, font);
   if (cell.kind == Cell::Kind::Label) {
@@ -77,23 +80,25 @@ bool TakesKeys(HWND control) {
 
 }  // namespace
 
-DialogFonts::DialogFonts(HWND dialog)
-    : usual_(TextFont(dialog)),
-      bold_(TextFont(dialog, FontWeight::Bold)),
-      title_(TextFont(dialog, FontWeight::Bold, 160)),
-      fixed_(LogFont(dialog)) {}
+Fonts::Fonts(HWND window)
+    : usual_(TextFont(window)),
+      bold_(TextFont(window, FontWeight::Bold)),
+      title_(TextFont(window, FontWeight::Bold, 160)),
+      clock_(TextFont(window, FontWeight::Bold, 125)),
+      fixed_(LogFont(window)) {}
 
-HFONT DialogFonts::Of(Face face) const {
+HFONT Fonts::Of(Face face) const {
   switch (face) {
     case Face::Usual: return usual_.Get();
     case Face::Bold: return bold_.Get();
     case Face::Title: return title_.Get();
+    case Face::Clock: return clock_.Get();
     case Face::Fixed: break;
   }
   return fixed_.Get();
 }
 
-SIZE NaturalSize(const Cell& cell, const DialogFonts& fonts) {
+SIZE NaturalSize(const Cell& cell, const Fonts& fonts) {
   const int width = NaturalWidth(cell, fonts);
   return {width, HeightAt(cell, fonts, width)};
 }
@@ -111,15 +116,15 @@ void Place(const Cell& cell, const RECT& area) {
   SetWindowPos(cell.control, nullptr, area.left, top, 0, 0, Flags | SWP_NOSIZE);
 }
 
-void StackLayout::Add(std::vector<Cell> cells, Gap gap) {
+void StackLayout::Add(std::vector<Cell> cells, int gap) {
   rows_.push_back({std::move(cells), gap});
 }
 
 int StackLayout::GapAbove(std::size_t row) const {
-  return row == 0 ? 0 : Scaled(dialog_, static_cast<int>(rows_[row].gap));
+  return row == 0 ? 0 : Scaled(window_, rows_[row].gap);
 }
 
-int StackLayout::CaptionWidth(const DialogFonts& fonts) const {
+int StackLayout::CaptionWidth(const Fonts& fonts) const {
   int widest = 0;
   for (const Row& row : rows_) {
     for (const Cell& cell : row.cells) {
@@ -129,20 +134,27 @@ int StackLayout::CaptionWidth(const DialogFonts& fonts) const {
   return widest;
 }
 
-int StackLayout::LeastWidthOf(const Row& row, const DialogFonts& fonts) const {
-  int width = Scaled(dialog_, CellGap) * static_cast<int>(row.cells.size() - 1);
-  for (const Cell& cell : row.cells)
-    width += cell.isCaption ? CaptionWidth(fonts) : NaturalWidth(cell, fonts);
+int StackLayout::LeastWidthOf(const Row& row, const Fonts& fonts) const {
+  int width = 0;
+  for (std::size_t i = 0; i < row.cells.size(); ++i) {
+    const Cell& cell = row.cells[i];
+    width += GapBefore(row, i) + (cell.isCaption ? CaptionWidth(fonts) : NaturalWidth(cell, fonts));
+  }
   return width;
 }
 
-int StackLayout::LeastWidth(const DialogFonts& fonts) const {
+/// The first control of a row stands at its edge.
+int StackLayout::GapBefore(const Row& row, std::size_t cell) const {
+  return cell == 0 ? 0 : Scaled(window_, row.cells[cell].gap);
+}
+
+int StackLayout::LeastWidth(const Fonts& fonts) const {
   int width = 0;
   for (const Row& row : rows_) width = std::max(width, LeastWidthOf(row, fonts));
   return width;
 }
 
-std::vector<int> StackLayout::WidthsOf(const Row& row, const DialogFonts& fonts, int width) const {
+std::vector<int> StackLayout::WidthsOf(const Row& row, const Fonts& fonts, int width) const {
   const auto filling = static_cast<int>(std::ranges::count(row.cells, true, &Cell::fills));
   const int spare = filling > 0 ? std::max(width - LeastWidthOf(row, fonts), 0) / filling : 0;
   std::vector<int> widths;
@@ -153,7 +165,7 @@ std::vector<int> StackLayout::WidthsOf(const Row& row, const DialogFonts& fonts,
   return widths;
 }
 
-int StackLayout::HeightOf(const Row& row, const DialogFonts& fonts, const std::vector<int>& widths) const {
+int StackLayout::HeightOf(const Row& row, const Fonts& fonts, const std::vector<int>& widths) const {
   int height = 0;
   for (std::size_t i = 0; i < row.cells.size(); ++i) {
     height = std::max(height, HeightAt(row.cells[i], fonts, widths[i]));
@@ -161,7 +173,7 @@ int StackLayout::HeightOf(const Row& row, const DialogFonts& fonts, const std::v
   return height;
 }
 
-int StackLayout::Height(const DialogFonts& fonts, int width) const {
+int StackLayout::Height(const Fonts& fonts, int width) const {
   int height = 0;
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     height += GapAbove(i) + HeightOf(rows_[i], fonts, WidthsOf(rows_[i], fonts, width));
@@ -169,27 +181,37 @@ int StackLayout::Height(const DialogFonts& fonts, int width) const {
   return height;
 }
 
-void StackLayout::Place(const DialogFonts& fonts, POINT corner, int width) const {
+bool StackLayout::Row::IsTall() const {
+  return std::ranges::any_of(cells, &Cell::isTall);
+}
+
+void StackLayout::Place(const Fonts& fonts, const RECT& area) const {
+  const int width = static_cast<int>(area.right - area.left);
+  const auto tall = static_cast<int>(std::ranges::count_if(rows_, &Row::IsTall));
+  const int spare = static_cast<int>(area.bottom - area.top) - Height(fonts, width);
+  POINT corner{area.left, area.top};
   for (std::size_t i = 0; i < rows_.size(); ++i) {
-    const int height = HeightOf(rows_[i], fonts, WidthsOf(rows_[i], fonts, width));
+    int height = HeightOf(rows_[i], fonts, WidthsOf(rows_[i], fonts, width));
+    if (rows_[i].IsTall()) height += std::max(spare, 0) / tall;
     corner.y += GapAbove(i);
     PlaceRow(rows_[i], fonts, corner, width, height);
     corner.y += height;
   }
 }
 
-void StackLayout::PlaceRow(const Row& row, const DialogFonts& fonts, POINT corner, int width,
-                           int height) const {
+void StackLayout::PlaceRow(const Row& row, const Fonts& fonts, POINT corner, int width, int height) const {
   const std::vector<int> widths = WidthsOf(row, fonts, width);
   for (std::size_t i = 0; i < row.cells.size(); ++i) {
-    const int own = HeightAt(row.cells[i], fonts, widths[i]);
-    const LONG top = corner.y + (row.cells[i].isAtTop ? 0 : (height - own) / 2);
-    UX::Place(row.cells[i], {corner.x, top, corner.x + widths[i], top + own});
-    corner.x += widths[i] + Scaled(dialog_, CellGap);
+    const Cell& cell = row.cells[i];
+    const int own = cell.isTall ? height : HeightAt(cell, fonts, widths[i]);
+    const LONG top = corner.y + (cell.top ? Scaled(window_, *cell.top) : (height - own) / 2);
+    corner.x += GapBefore(row, i);
+    UX::Place(cell, {corner.x, top, corner.x + widths[i], top + own});
+    corner.x += widths[i];
   }
 }
 
-void StackLayout::SetFonts(const DialogFonts& fonts) const {
+void StackLayout::SetFonts(const Fonts& fonts) const {
   for (const Row& row : rows_) {
     for (const Cell& cell : row.cells) {
       SendMessageW(cell.control, WM_SETFONT, reinterpret_cast<WPARAM>(fonts.Of(cell.face)), TRUE);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/win32/Metrics.h"
+#include "ui/win32/controls/Metrics.h"
 
 #include <cwchar>
 

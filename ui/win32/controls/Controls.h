@@ -3,31 +3,40 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
-/// The controls of dialogs, made one by one: their order is that of the Tab key.
+/// The controls of windows, made one by one: their order is that of the Tab key.
 namespace UX {
 
-enum class Face { Usual, Bold, Title, Fixed };
+enum class Face { Usual, Bold, Title, Clock, Fixed };
 
 /// A control with what its place among others depends on.
 struct Cell {
-  enum class Kind { Label, Edit, Choice, Check, Button, List };
+  /// Plain controls have the size that is said here, the others one for their text.
+  enum class Kind { Label, Edit, Choice, Check, Button, SmallButton, List, Plain };
 
   HWND control = nullptr;
   Kind kind = Kind::Label;
   Face face = Face::Usual;
-  int width = 0;           // at least, for 96 dpi
-  int lines = 1;           // at least, of its text
-  bool fills = false;      // takes the width that its row has left
-  bool isCaption = false;  // as wide as the other captions of its stack
-  bool isAtTop = false;    // of its row, not in its middle
+  // Lengths for 96 dpi
+  int width = 0;                // at least
+  int height = 0;               // where it does not follow from the text
+  int lines = 1;                // at least, of its text
+  int gap = 8;                  // to the control before it
+  std::optional<int> top = {};  // from its row's upper edge; else in the row's middle
+  bool fills = false;           // takes the width that its row has left
+  bool isTall = false;          // takes the height that its stack has left
+  bool isCaption = false;       // as wide as the other captions of its stack
 };
 
+/// A control of any class; dialogs number theirs by themselves.
+HWND MakeControl(HWND window, const wchar_t* kind, DWORD style, int id = 0, DWORD extendedStyle = 0,
+                 std::string_view text = {});
 /// Text that is broken to lines where it must; it keeps room for `lines` lines, as it may change.
-Cell Label(HWND dialog, std::string_view text, int lines = 1);
+Cell Paragraph(HWND dialog, std::string_view text, int lines = 1);
 /// Text that keeps to its own lines, of the given face.
 Cell PlainText(HWND dialog, std::string_view text, Face face);
 /// A short text beside a control.
