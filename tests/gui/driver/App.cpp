@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "tests/gui/driver/App.h"
 
+#include <psapi.h>
+
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 #include "QorLib/qor_win_str_utils.h"
 #include "platform/Files.h"
@@ -54,19 +55,6 @@ probe::Answer& SharedAnswer() {
     return static_cast<probe::Answer*>(MapViewOfFile(mapping, FILE_MAP_WRITE, 0, 0, sizeof(probe::Answer)));
   }();
   return *answer;
-}
-
-MenuLine LineOf(const std::string& text) {
-  MenuLine line;
-  std::istringstream fields(text);
-  std::string depth, number;
-  std::getline(fields, depth, '\t');
-  std::getline(fields, number, '\t');
-  std::getline(fields, line.marks, '\t');
-  std::getline(fields, line.text);
-  line.depth = std::stoi(depth);
-  line.number = std::stoi(number);
-  return line;
 }
 
 }  // namespace
@@ -224,19 +212,9 @@ void App::ChooseFile(const std::string& path) const {
   Answer(IDOK);
 }
 
-// The probe
-
-std::vector<MenuLine> App::MenuLines() const {
+std::string App::MenuText() const {
   SendMessageTimeoutW(window_, WM_INITMENUPOPUP, 0, 0, SMTO_NORMAL, PatienceMilliseconds, nullptr);
-  std::istringstream text(Utf8FromWide(Ask(probe::Question::Menu).text));
-  std::vector<MenuLine> lines;
-  for (std::string line; std::getline(text, line);) lines.push_back(LineOf(line));
-  return lines;
-}
-
-Objects App::CountObjects() const {
-  const probe::Answer& answer = Ask(probe::Question::Objects);
-  return {static_cast<int>(answer.gdiObjects), static_cast<int>(answer.userObjects), answer.privateBytes};
+  return Utf8FromWide(Ask(probe::Question::Menu).text);
 }
 
 void App::Drop(const std::string& path) const {
@@ -247,10 +225,10 @@ void App::Drop(const std::string& path) const {
 
 // What is shown
 
-UX::ChartGeometry App::Geometry(const UX::ViewSpan& view) const {
+UX::ChartGeometry App::Geometry() const {
   RECT client{};
   GetClientRect(Chart(), &client);
-  return {static_cast<float>(client.right), static_cast<float>(client.bottom), view};
+  return {static_cast<float>(client.right), static_cast<float>(client.bottom), {}};
 }
 
 POINT App::ChartPoint(std::size_t channel, int minuteOfDay, float percent) const {
@@ -262,6 +240,13 @@ POINT App::ChartPoint(std::size_t channel, int minuteOfDay, float percent) const
 std::string App::StepsShown() const {
   const std::vector<ListRow> rows = RowsOf(Control(UX::ModeListId));
   return rows.empty() ? "" : rows.front().info;
+}
+
+bool App::ShowsText(const std::string& beginning) const {
+  for (HWND child = GetWindow(window_, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+    if (GetDlgCtrlID(child) == 0 && TextOf(child).starts_with(beginning)) return true;
+  }
+  return false;
 }
 
 void App::PickEmulator() const {
@@ -276,6 +261,12 @@ void App::PickEmulator() const {
 
 bool App::IsRunning() const {
   return WaitForSingleObject(process_.hProcess, 0) == WAIT_TIMEOUT;
+}
+
+std::size_t App::PrivateBytes() const {
+  PROCESS_MEMORY_COUNTERS counters{};
+  GetProcessMemoryInfo(process_.hProcess, &counters, sizeof counters);
+  return counters.PagefileUsage;
 }
 
 DWORD App::AwaitEnd(DWORD milliseconds) const {

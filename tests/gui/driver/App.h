@@ -4,7 +4,6 @@
 #include <windows.h>
 
 #include <string>
-#include <vector>
 
 #include "chart/ChartGeometry.h"
 #include "tests/gui/driver/Probe.h"
@@ -18,18 +17,6 @@ struct Rig {
   std::string folder;    // a new one for this run
 };
 Rig& TheRig();
-
-struct Objects {
-  int gdi = 0, user = 0;
-  std::size_t privateBytes = 0;
-};
-
-struct MenuLine {
-  int depth = 0;
-  int number = 0;
-  std::string marks;
-  std::string text;
-};
 
 /// The program under test while a case works with it. What is left of it is ended with the object.
 class App {
@@ -71,27 +58,29 @@ class App {
   /// Enters a path into the file dialog that comes up.
   void ChooseFile(const std::string& path) const;
 
-  // The probe
-  std::vector<MenuLine> MenuLines() const;
-  Objects CountObjects() const;
+  /// The items of all menus, as the probe writes them.
+  std::string MenuText() const;
   void Drop(const std::string& path) const;
 
   /// As the chart stands on the screen.
-  UX::ChartGeometry Geometry(const UX::ViewSpan& view = {}) const;
+  UX::ChartGeometry Geometry() const;
   POINT ChartPoint(std::size_t channel, int minuteOfDay, float percent) const;
   /// The steps of the first mode, as its row in the list says.
   std::string StepsShown() const;
   /// Adds the emulator; as the only device it is picked at once.
   void PickEmulator() const;
 
+  /// Whether a label of the window begins so.
+  bool ShowsText(const std::string& beginning) const;
+
   bool IsRunning() const;
+  std::size_t PrivateBytes() const;
   /// Closes the window, dropping what was changed, and expects the program to end well.
   void Close();
   /// As a crash ends it.
   void Kill();
   /// Waits for the end; the exit code.
   DWORD AwaitEnd(DWORD milliseconds = 10000) const;
-  std::string FolderPath() const { return folder_; }
   std::string FileIn(const std::string& name) const { return folder_ + "\\" + name; }
 
  private:

@@ -13,11 +13,9 @@ struct Case {
 };
 
 // By what they are about; each works with a program of its own.
-std::span<const Case> MenuCases();
-std::span<const Case> ViewCases();
+std::span<const Case> DayCases();
 std::span<const Case> EditCases();
-std::span<const Case> DeviceCases();
-std::span<const Case> FileCases();
+std::span<const Case> EndCases();
 std::span<const Case> WindowCases();
 
 /// Random use, for `seconds`; throws as cases do.

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <set>
 
 #include "QorLib/qor_win_str_utils.h"
 #include "tests/gui/driver/Check.h"
@@ -83,25 +82,6 @@ void ClickInRow(HWND list, int row, int x) {
   Click(OnScreen(list, area.left + x, (area.top + area.bottom) / 2));
 }
 
-/// A picture of the screen in memory.
-Picture ScreenPart(const RECT& area) {
-  Picture picture{area.right - area.left, area.bottom - area.top, {}};
-  picture.pixels.resize(static_cast<std::size_t>(picture.width) * static_cast<std::size_t>(picture.height));
-  BITMAPINFO info{};
-  info.bmiHeader = {sizeof(BITMAPINFOHEADER), picture.width, -picture.height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-  const HDC screen = GetDC(nullptr), memory = CreateCompatibleDC(screen);
-  const HBITMAP bitmap = CreateCompatibleBitmap(screen, picture.width, picture.height);
-  const HGDIOBJ former = SelectObject(memory, bitmap);
-  BitBlt(memory, 0, 0, picture.width, picture.height, screen, area.left, area.top, SRCCOPY);
-  SelectObject(memory, former);
-  GetDIBits(memory, bitmap, 0, static_cast<UINT>(picture.height), picture.pixels.data(), &info,
-            DIB_RGB_COLORS);
-  DeleteObject(bitmap);
-  DeleteDC(memory);
-  ReleaseDC(nullptr, screen);
-  return picture;
-}
-
 }  // namespace
 
 std::string TextOf(HWND control) {
@@ -142,38 +122,35 @@ void ClickRow(HWND list, int row) {
   ClickInRow(list, row, InTheName);
 }
 
-BarState ScrollOf(HWND window, int bar) {
-  SCROLLINFO info{};
-  info.cbSize = sizeof info;
-  info.fMask = SIF_ALL;
-  GetScrollInfo(window, bar, &info);
-  return {info.nPos, static_cast<int>(info.nPage), info.nMax};
-}
-
 Picture PictureOf(HWND window) {
   RECT area{};
   GetClientRect(window, &area);
+  const int width = area.right, height = area.bottom;
   const POINT corner = OnScreen(window, 0, 0);
-  OffsetRect(&area, corner.x, corner.y);
-  return ScreenPart(area);
+  Picture picture(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
+  BITMAPINFO info{};
+  info.bmiHeader = {sizeof(BITMAPINFOHEADER), width, -height, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+  const HDC screen = GetDC(nullptr), memory = CreateCompatibleDC(screen);
+  const HBITMAP bitmap = CreateCompatibleBitmap(screen, width, height);
+  const HGDIOBJ former = SelectObject(memory, bitmap);
+  BitBlt(memory, 0, 0, width, height, screen, corner.x, corner.y, SRCCOPY);
+  SelectObject(memory, former);
+  GetDIBits(memory, bitmap, 0, static_cast<UINT>(height), picture.data(), &info, DIB_RGB_COLORS);
+  DeleteObject(bitmap);
+  DeleteDC(memory);
+  ReleaseDC(nullptr, screen);
+  return picture;
 }
 
 double MeanDifference(const Picture& a, const Picture& b) {
-  if (a.width != b.width || a.height != b.height || a.pixels.empty()) return 1;
+  if (a.size() != b.size()) return 1;
   double sum = 0;
-  for (std::size_t i = 0; i < a.pixels.size(); ++i) {
+  for (std::size_t i = 0; i < a.size(); ++i) {
     for (const int shift : {0, 8, 16}) {
-      sum += std::abs(static_cast<int>(a.pixels[i] >> shift & 0xFF) -
-                      static_cast<int>(b.pixels[i] >> shift & 0xFF));
+      sum += std::abs(static_cast<int>(a[i] >> shift & 0xFF) - static_cast<int>(b[i] >> shift & 0xFF));
     }
   }
-  return sum / (static_cast<double>(a.pixels.size()) * 3 * 255);
-}
-
-int ColoursOf(const Picture& picture) {
-  std::set<DWORD> colours;
-  for (const DWORD pixel : picture.pixels) colours.insert(pixel & 0xFFFFFF);
-  return static_cast<int>(colours.size());
+  return sum / (static_cast<double>(a.size()) * 3 * 255);
 }
 
 }  // namespace gui

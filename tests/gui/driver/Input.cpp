@@ -74,6 +74,10 @@ void Key(WORD key, WORD held) {
   Sleep(PauseMilliseconds);
 }
 
+void Keys(std::initializer_list<WORD> keys) {
+  for (const WORD key : keys) Key(key);
+}
+
 void Type(std::wstring_view text) {
   for (const wchar_t character : text) {
     SendKey(0, character, KEYEVENTF_UNICODE);

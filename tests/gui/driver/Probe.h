@@ -13,18 +13,14 @@ inline constexpr const wchar_t* LibraryName = L"gui_probe.dll";
 inline constexpr const char* HookName = "ProbeHook";
 
 enum class Question : WPARAM {
-  Menu,     // `text` becomes a line for each item: depth, number, marks, text, parted by tabs
-  Objects,  // the counts
-  Rest,     // whether nothing waits for the program to take it
-  Drop,     // `text` is the path of a file; posts its being dropped on the window
+  Menu,  // `text` becomes a line for each item: marks, of "G" (greyed) and "C" (checked), a blank, the text
+  Rest,  // whether nothing waits for the program to take it
+  Drop,  // `text` is the path of a file; posts its being dropped on the window
 };
 
-/// Marks of a menu item are any of "G" (greyed), "C" (checked), "S" (separator), "P" (opens a menu), or "-".
 struct Answer {
   bool isAnswered;
   bool isAtRest;
-  DWORD gdiObjects, userObjects;
-  SIZE_T privateBytes;
   wchar_t text[32768];
 };
 

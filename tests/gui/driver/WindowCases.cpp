@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// The window itself: its size and place, what it draws, its keyboard, its log.
-#include <algorithm>
+// The window itself: what it draws, its keyboard, its log, its resources.
 #include <set>
 
 #include "tests/gui/driver/App.h"
@@ -9,108 +8,11 @@
 #include "tests/gui/driver/Controls.h"
 #include "tests/gui/driver/Input.h"
 #include "ui/CommandTable.h"
+#include "ui/win32/ResourceIds.h"
 #include "ui/win32/panels/Panel.h"
 
 namespace gui {
 namespace {
-
-RECT PlaceOf(const App& app) {
-  RECT place{};
-  GetWindowRect(app.Window(), &place);
-  return place;
-}
-
-void Resize(const App& app, int width, int height) {
-  SetWindowPos(app.Window(), nullptr, 0, 0, width, height,
-               SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_ASYNCWINDOWPOS);
-}
-
-std::string SizeOf(const App& app) {
-  const RECT place = PlaceOf(app);
-  return std::to_string(place.right - place.left) + " x " + std::to_string(place.bottom - place.top);
-}
-
-void KeepsItsPlace() {
-  RECT before{};
-  {
-    App app("place");
-    SetWindowPos(app.Window(), nullptr, 120, 90, 900, 720, SWP_NOZORDER);
-    app.Settle();
-    before = PlaceOf(app);
-    app.Close();
-  }
-  App app("place");
-  app.Settle();
-  const RECT after = PlaceOf(app);
-  ExpectEqual("the left edge", after.left, before.left);
-  ExpectEqual("the upper edge", after.top, before.top);
-  ExpectEqual("the size", SizeOf(app), "900 x 720");
-  app.Close();
-}
-
-void HasALeastSize() {
-  App app("least");
-  Resize(app, 300, 200);
-  app.Settle();
-  ExpectEqual("the size", SizeOf(app), "800 x 700");
-  app.Close();
-}
-
-/// Whether the chart shows what it did: it draws, and in the right size.
-void ExpectDrawn(const App& app, const Picture& before) {
-  Until("the chart looks as before", [&] { return MeanDifference(PictureOf(app.Chart()), before) < 0.01; });
-}
-
-/// Does something often, and expects that nothing is left of it. Some things are taken with the first use.
-void ExpectNothingLeft(const App& app, int warmUp, int times, const std::function<void(int)>& use) {
-  constexpr int Spare = 3;
-  for (int i = 0; i < warmUp; ++i) use(i);
-  app.Settle();
-  const Objects before = app.CountObjects();
-  for (int i = 0; i < times; ++i) use(i);
-  app.Settle();
-  const Objects after = app.CountObjects();
-  const auto change = [](int from, int to) { return std::to_string(from) + " -> " + std::to_string(to); };
-  Expect(after.gdi <= before.gdi + Spare, "GDI objects " + change(before.gdi, after.gdi));
-  Expect(after.user <= before.user + Spare, "USER objects " + change(before.user, after.user));
-}
-
-void SurvivesResizing() {
-  App app("resize");
-  MoveMouse(OnScreen(app.Window(), 2, 2));
-  Resize(app, 1000, 740);
-  app.Settle();
-  const Picture before = PictureOf(app.Chart());
-  Expect(ColoursOf(before) > 10, "the chart is empty");
-  ExpectNothingLeft(app, 10, 100, [&app](int i) {
-    Resize(app, 800 + i * 37 % 400, 700 + i * 53 % 250);
-    if (i % 10 == 0) app.Settle();
-  });
-  Resize(app, 1000, 740);
-  ExpectDrawn(app, before);
-  app.Close();
-}
-
-/// Dialogs, boxes, a menu of their own and another language leave nothing.
-void ForgetsDialogs() {
-  constexpr int Dialogs[] = {
-      UX::command::SetTime,         UX::command::CustomDemo,    UX::command::AddStepsByText,
-      UX::command::EditStepsByText, UX::command::RenameChannel, UX::command::AddMode,
-      UX::command::RenameMode,      UX::command::About,         UX::command::KnownIssues};
-  App app("dialogs");
-  app.PickEmulator();
-  Click(app.ChartPoint(0, 600, 80));
-  ExpectNothingLeft(app, 2, 6, [&](int i) {
-    for (const int command : Dialogs) {
-      app.Run(command);
-      const HWND dialog = app.Dialog();
-      PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
-      Until("the dialog of " + std::to_string(command) + " goes", [&] { return app.FindDialog() != dialog; });
-    }
-    app.Run(i % 2 == 0 ? UX::FirstLanguageCommand : UX::command::English);
-  });
-  app.Close();
-}
 
 HWND FocusOf(const App& app) {
   GUITHREADINFO info{};
@@ -179,10 +81,11 @@ void LeavesTheReaderAlone() {
   app.Close();
 }
 
+/// In another size than at the start.
 Picture ChartBy(const char* renderer) {
   App app({std::string("renderer-") + renderer, "", std::string("--renderer ") + renderer, true});
   MoveMouse(OnScreen(app.Window(), 2, 2));
-  Resize(app, 1000, 740);
+  SetWindowPos(app.Window(), nullptr, 0, 0, 1000, 740, SWP_NOMOVE | SWP_NOZORDER);
   app.Settle();
   Sleep(300);
   Picture picture = PictureOf(app.Chart());
@@ -192,20 +95,36 @@ Picture ChartBy(const char* renderer) {
 
 void DrawsTheSameByBothRenderers() {
   const Picture dx = ChartBy("dx"), gdi = ChartBy("gdi");
-  Expect(ColoursOf(gdi) > 10, "GDI+ draws nothing");
-  Expect(ColoursOf(dx) > 10, "Direct2D draws nothing");
+  Expect(std::set(gdi.begin(), gdi.end()).size() > 10, "GDI+ draws nothing");
   const double difference = MeanDifference(dx, gdi);
   Expect(difference < 0.02, "the pictures differ by " + std::to_string(difference));
 }
 
+std::string BytesIn(HMODULE module, int name, const wchar_t* type) {
+  const HRSRC place = FindResourceW(module, MAKEINTRESOURCEW(name), type);
+  if (place == nullptr) return {};
+  const auto* bytes = static_cast<const char*>(LockResource(LoadResource(module, place)));
+  return {bytes, SizeofResource(module, place)};
+}
+
+void HasResources() {
+  const HMODULE module = LoadLibraryExA(TheRig().program.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+  for (const int icon : {IDI_HALVEX, IDI_SMALL}) {
+    Expect(!BytesIn(module, icon, RT_GROUP_ICON).empty(), "an icon is missing");
+  }
+  Expect(BytesIn(module, IDP_LOGO, L"PNG").starts_with("\x89PNG"), "no logo");
+  const std::string manifest = BytesIn(module, 1, RT_MANIFEST);
+  for (const char* part : {"Microsoft.Windows.Common-Controls", "PerMonitorV2", "longPathAware"}) {
+    Expect(Contains(manifest, part), std::string("the manifest lacks ") + part);
+  }
+  FreeLibrary(module);
+}
+
 constexpr Case Cases[] = {
-    {"window.place", KeepsItsPlace},
-    {"window.least-size", HasALeastSize},
-    {"window.resized", SurvivesResizing},
     {"window.tab", ReachesAllByTab},
-    {"window.dialogs", ForgetsDialogs},
     {"window.log", LeavesTheReaderAlone},
     {"window.renderers", DrawsTheSameByBothRenderers},
+    {"window.resources", HasResources},
 };
 
 }  // namespace

@@ -2,8 +2,8 @@
 // gui_driver HALVEX_EXE [CASE...]           runs the cases whose names begin so, or all
 // gui_driver HALVEX_EXE show [ARGUMENTS]    opens a window to be looked at
 // gui_driver HALVEX_EXE show-wifi           and a page of the Wi-Fi set-up
-// Works in a new folder below the current one. The environment may have HALVEX_READONLY, a folder that nobody
-// can write to, and for the case "monkey" MONKEY_SECONDS and MONKEY_SEED.
+// Works in a new folder below the current one. The environment may have MONKEY_SECONDS and MONKEY_SEED for
+// the case "monkey".
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
@@ -66,9 +66,8 @@ void RunMonkey() {
 int RunCases(const std::vector<std::string>& beginnings) {
   constexpr gui::Case Random[] = {{"monkey", RunMonkey}};
   Tally tally;
-  for (const std::span<const gui::Case> cases :
-       {gui::MenuCases(), gui::ViewCases(), gui::EditCases(), gui::DeviceCases(), gui::FileCases(),
-        gui::WindowCases(), std::span<const gui::Case>(Random)}) {
+  for (const std::span<const gui::Case> cases : {gui::DayCases(), gui::EditCases(), gui::EndCases(),
+                                                 gui::WindowCases(), std::span<const gui::Case>(Random)}) {
     for (const gui::Case& single : cases) {
       if (IsWanted(single.name, beginnings)) tally.Count(single.name, single.run);
     }
