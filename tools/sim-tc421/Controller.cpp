@@ -59,7 +59,7 @@ void Controller::Obey(const Datagram& datagram) {
   const Kind kind = KindOf(datagram.bytes);
   if (options.ignored.contains(kind)) return;
   Answering usual;
-  if (!options.silent) usual.answers.assign(options.answers, options.delay);
+  if (!options.silent) usual.answers.assign(options.answers, std::chrono::milliseconds(options.delay));
   const Answering answering = options.odd.Next(kind, usual);
   if (answering.isLost) return;
   if (!options.refuse && kind != Kind::Find) KeepState(kind, PayloadOf(datagram.bytes));

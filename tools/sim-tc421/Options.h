@@ -3,7 +3,7 @@
 
 #include <netinet/in.h>
 
-#include <chrono>
+#include <CLI/CLI.hpp>
 #include <limits>
 #include <optional>
 #include <set>
@@ -20,7 +20,7 @@ struct Options {
   std::string state;                    // empty: it is not written
   int lose = 0;                         // datagrams
   int vanishAfter = std::numeric_limits<int>::max();
-  std::chrono::milliseconds delay{0};
+  int delay = 0;  // milliseconds
   std::size_t answerSize = Frame().size();
   std::size_t answers = 1;      // to one packet
   std::optional<in_addr> from;  // else the address that was asked
@@ -29,12 +29,10 @@ struct Options {
   bool silent = false;
   bool refuse = false;
   bool babble = false;
-  bool help = false;
 };
 
-// Throws std::invalid_argument with a finished sentence when the arguments make no sense.
-Options ParseOptions(int argc, char** argv);
-
-std::string HelpText();
+// What the tool's arguments set, and its help. Parsing may throw std::invalid_argument, too, with a finished
+// sentence.
+void AddOptions(CLI::App& app, Options& options);
 
 }  // namespace SimTC421

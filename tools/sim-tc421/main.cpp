@@ -7,14 +7,15 @@
 #include "Options.h"
 
 int main(int argc, char** argv) {
+  CLI::App app;
+  SimTC421::Options options;
+  SimTC421::AddOptions(app, options);
   try {
-    const SimTC421::Options options = SimTC421::ParseOptions(argc, argv);
-    if (options.help) {
-      std::fputs(SimTC421::HelpText().c_str(), stdout);
-      return 0;
-    }
+    app.parse(argc, argv);
     SimTC421::Controller(options).Run();
     return 0;
+  } catch (const CLI::ParseError& end) {
+    return app.exit(end) == 0 ? 0 : 2;  // prints the help, or what is wrong
   } catch (const std::invalid_argument& error) {
     std::fprintf(stderr, "sim-tc421: %s Try --help.\n", error.what());
     return 2;

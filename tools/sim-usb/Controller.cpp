@@ -124,7 +124,7 @@ void Controller::Record(std::span<const std::uint8_t> frame) const {
 
 SimTC421::Answering Controller::AnsweringOf(std::span<const std::uint8_t> frame) {
   SimTC421::Answering usual;
-  if (!options.silent) usual.answers = {options.delay};
+  if (!options.silent) usual.answers = {milliseconds(options.delay)};
   const bool isRight =
       std::string_view(options.model.name) == "tc421" && Remark(options.model, frame).empty();
   return isRight ? options.odd.Next(SimTC421::KindOf(frame), usual) : usual;
@@ -134,20 +134,20 @@ void Controller::QueueAnswers(std::span<const std::uint8_t> frame) {
   const SimTC421::Answering answering = AnsweringOf(frame);
   if (answering.answers.empty()) return;
   // It comes to a packet's usual answer when it is through with the one before.
-  const bool isUsual = answering.answers == std::vector{options.delay};
+  const bool isUsual = answering.answers == std::vector{milliseconds(options.delay)};
   const auto begin = isUsual ? std::max(steady_clock::now(), busyUntil) : steady_clock::now();
   if (answering.isHeldBack) return heldBack.push_back(MakeAnswer(frame, 1));
   milliseconds delay{0};
   for (const milliseconds wanted : answering.answers) {
     delay = wanted;
     for (int report = 1; report <= options.reports; ++report) {
-      if (report > 1) delay += options.pause;
+      if (report > 1) delay += milliseconds(options.pause);
       answers.emplace(begin + delay, MakeAnswer(frame, report));
     }
   }
   if (isUsual) busyUntil = begin + delay;
   for (const Report& late : std::exchange(heldBack, {}))
-    answers.emplace(begin + (delay += options.pause), late);
+    answers.emplace(begin + (delay += milliseconds(options.pause)), late);
 }
 
 milliseconds Controller::UntilNextAnswer() const {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <chrono>
+#include <CLI/CLI.hpp>
 #include <cstdint>
 #include <string>
 
@@ -19,23 +19,21 @@ struct Model {
 
 struct Options {
   Model model{"tc420", "TC420", 0x0888, 0x4000};
-  bool help = false;
   bool once = false;
   bool silent = false;
   bool nonsense = false;
   bool refuseOpen = false;
-  int reports = 1;      // input reports in one answer
-  int unplugAfter = 0;  // frames; 0 is never
-  std::chrono::milliseconds delay{0};
-  std::chrono::milliseconds pause{30};
+  int reports = 1;           // input reports in one answer
+  int unplugAfter = 0;       // frames; 0 is never
+  int delay = 0;             // milliseconds
+  int pause = 30;            // milliseconds
   SimTC421::OddAnswers odd;  // of a tc421
   std::string transcript;    // empty: frames are not recorded
   std::string udc;           // empty: the first free one
 };
 
-// Throws std::invalid_argument with a finished sentence when the arguments make no sense.
-Options ParseOptions(int argc, char** argv);
-
-std::string HelpText();
+// What the tool's arguments set, and its help. Parsing may throw std::invalid_argument, too, with a finished
+// sentence.
+void AddOptions(CLI::App& app, Options& options);
 
 }  // namespace SimUsb

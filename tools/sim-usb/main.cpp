@@ -7,15 +7,16 @@
 #include "Options.h"
 
 int main(int argc, char** argv) {
+  CLI::App app;
+  SimUsb::Options options;
+  SimUsb::AddOptions(app, options);
   try {
-    const SimUsb::Options options = SimUsb::ParseOptions(argc, argv);
-    if (options.help) {
-      std::fputs(SimUsb::HelpText().c_str(), stdout);
-      return 0;
-    }
+    app.parse(argc, argv);
     SimUsb::BlockEndSignals();
     SimUsb::Controller(options).Run();
     return 0;
+  } catch (const CLI::ParseError& end) {
+    return app.exit(end) == 0 ? 0 : 2;  // prints the help, or what is wrong
   } catch (const std::invalid_argument& error) {
     std::fprintf(stderr, "sim-usb: %s Try --help.\n", error.what());
     return 2;

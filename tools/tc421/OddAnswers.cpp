@@ -2,9 +2,8 @@
 #include "OddAnswers.h"
 
 #include <algorithm>
+#include <charconv>
 #include <stdexcept>
-
-#include "../options/OptionTable.h"
 
 namespace SimTC421 {
 namespace {
@@ -42,6 +41,15 @@ const How& FindHow(std::string_view name, bool hasTime) {
   throw std::invalid_argument("\"" + std::string(name) + "\" is no way to answer.");
 }
 
+int ParseNumber(const std::string& text, int lowest, int highest) {
+  int number = 0;
+  const char* end = text.data() + text.size();
+  const auto parsed = std::from_chars(text.data(), end, number);
+  if (parsed.ec == std::errc() && parsed.ptr == end && number >= lowest && number <= highest) return number;
+  throw std::invalid_argument("\"" + text + "\" is not a number from " + std::to_string(lowest) + " to " +
+                              std::to_string(highest) + ".");
+}
+
 }  // namespace
 
 void OddAnswers::Add(const std::string& rule) {
@@ -52,10 +60,10 @@ void OddAnswers::Add(const std::string& rule) {
   const std::string how = rule.substr(std::min(equals + 1, colon), colon - std::min(equals + 1, colon));
   parsed.apply = FindHow(how, colon < rule.size()).apply;
   if (hash < equals) {
-    parsed.number = ToolOptions::ParseNumber(rule.substr(hash + 1, equals - hash - 1), 1, MostPackets);
+    parsed.number = ParseNumber(rule.substr(hash + 1, equals - hash - 1), 1, MostPackets);
   }
   if (colon < rule.size()) {
-    parsed.time = milliseconds(ToolOptions::ParseNumber(rule.substr(colon + 1), 0, MostMilliseconds));
+    parsed.time = milliseconds(ParseNumber(rule.substr(colon + 1), 0, MostMilliseconds));
   }
   rules.push_back(parsed);
 }
