@@ -104,7 +104,7 @@ SystemError ReadWholeFile(const std::string& path, std::size_t limit, std::strin
     DWORD got = 0;
     if (!::ReadFile(file.Get(), bytes.data() + length, part, &got, nullptr)) {
       if (GetLastError() == ERROR_BROKEN_PIPE) break;
-      const SystemError failed = LastError();
+      SystemError failed = LastError();
       bytes.clear();
       return failed;
     }

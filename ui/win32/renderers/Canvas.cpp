@@ -171,7 +171,7 @@ void Canvas::FillThrough(Canvas& mask, const PixelArea& area, Colour colour) {
 Mask Canvas::AsMask(int width, int height, int reduction) {
   FinishSmooth();
   Mask mask{0, 0, width, height, {}};
-  mask.coverage.reserve(static_cast<std::size_t>(width * height));
+  mask.coverage.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(height));
   for (int y = 0; y < height; ++y) {
     for (int x = 0; x < width; ++x) mask.coverage.push_back(MeanAt(x * reduction, y * reduction, reduction));
   }

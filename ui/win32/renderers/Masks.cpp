@@ -51,7 +51,8 @@ const Masks::Face& Masks::FaceOf(float size, bool isBold) {
   if (face.font == nullptr) {
     const int style = isBold ? Gdiplus::FontStyleBold : Gdiplus::FontStyleRegular;
     face.font = std::make_unique<Gdiplus::Font>(family_.get(), size, style, Gdiplus::UnitPixel);
-    face.ascent = size * family_->GetCellAscent(style) / static_cast<float>(family_->GetEmHeight(style));
+    face.ascent = size * static_cast<float>(family_->GetCellAscent(style)) /
+                  static_cast<float>(family_->GetEmHeight(style));
   }
   return face;
 }

@@ -13,7 +13,7 @@ RendererGDI::RendererGDI(HWND window) : window_(window) {
   pen_.SetLineJoin(Gdiplus::LineJoinRound);
   RECT area{};
   GetClientRect(window, &area);
-  Resize(area.right, area.bottom, 1);
+  RendererGDI::Resize(area.right, area.bottom, 1);
 }
 
 void RendererGDI::Resize(int width, int height, float scale) {

@@ -157,6 +157,7 @@ std::vector<Shape> GroundOf(const ChartScene& scene, const PixelGrid& grid) {
     parts = std::move(left);
   }
   std::vector<Shape> boxes;
+  boxes.reserve(parts.size());
   for (const PixelArea& part : parts) boxes.emplace_back(Box{grid.InScene(part), ground->fill});
   return boxes;
 }
