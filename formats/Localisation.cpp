@@ -38,11 +38,6 @@ qor::Translate Localisation::Translator() {
   return [this](std::string_view english) { return std::string(Translate(english)); };
 }
 
-std::vector<std::string> Localisation::MissingTexts() {
-  const std::lock_guard lock(mutex_);
-  return table_.Missing();
-}
-
 std::string Localisation::CurrentLanguage() {
   const std::lock_guard lock(mutex_);
   return current_ ? table_.Languages()[*current_].id : std::string(EnglishId);

@@ -41,8 +41,6 @@ class Localisation {
   std::string_view Translate(std::string_view english);
   /// Translate as a function; valid as long as this object.
   qor::Translate Translator();
-  /// The texts that were asked for and that the table lacks, in the order of their first time.
-  std::vector<std::string> MissingTexts();
 
   /// "en" or the id of a language of the table.
   std::string CurrentLanguage();

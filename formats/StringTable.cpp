@@ -111,13 +111,6 @@ std::optional<std::size_t> StringTable::EntryList::Find(std::string_view id) con
   return found->second;
 }
 
-std::vector<std::string> StringTable::EntryList::Ids() const {
-  std::vector<std::string> ids;
-  ids.reserve(list.size());
-  for (const Entry& entry : list) ids.emplace_back(entry.id);
-  return ids;
-}
-
 StringTable::Entry& StringTable::EntryList::Add(std::string_view id, std::size_t languages) {
   index.emplace(id, list.size());
   return list.emplace_back(Entry{id, std::vector<std::string_view>(languages)});

@@ -54,10 +54,8 @@ class StringTable {
   /// The translation; empty when there is none.
   std::string_view Text(std::size_t entry, std::size_t language) const;
   /// The translation into a language, or the English text as it was given: where there is none, or for no
-  /// language. A text that the table lacks is remembered.
+  /// language. A text that the table lacks is remembered: `Write` has it.
   std::string_view Translate(std::string_view english, std::optional<std::size_t> language);
-  /// The remembered texts, in the order of their first time.
-  std::vector<std::string> Missing() const { return missing_.Ids(); }
 
   /// What came of merging a file.
   struct MergeResult {
@@ -89,7 +87,6 @@ class StringTable {
     std::unordered_map<std::string_view, std::size_t> index;
 
     std::optional<std::size_t> Find(std::string_view id) const;
-    std::vector<std::string> Ids() const;
     /// For an id that is not there yet.
     Entry& Add(std::string_view id, std::size_t languages);
   };
