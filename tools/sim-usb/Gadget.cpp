@@ -4,8 +4,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
-#include <ranges>
 #include <stdexcept>
 #include <system_error>
 #include <vector>
@@ -111,8 +111,9 @@ void Gadget::Unplug() {
 void Gadget::RemoveFolders() const {
   std::error_code ignored;
   fs::remove(FunctionLink(folder), ignored);
-  const std::vector<fs::path> folders = Folders(folder);
-  for (const fs::path& path : std::views::reverse(folders)) ::rmdir(path.c_str());
+  std::vector<fs::path> folders = Folders(folder);
+  std::reverse(folders.begin(), folders.end());
+  for (const fs::path& path : folders) ::rmdir(path.c_str());
 }
 
 }  // namespace SimUsb

@@ -2,7 +2,6 @@
 """Namespaces, controllers in them, and runs of the program."""
 import collections
 import contextlib
-import json
 import os
 import subprocess
 import time
@@ -71,9 +70,6 @@ class Run:
         end = ' / '.join(self.err[-3:])
         for text in texts:
             expect(any(text in line for line in self.err), f'"{text}" is not on standard error; its end is "{end}"')
-
-    def json(self):
-        return json.loads('\n'.join(self.out))
 
 
 class Controller:

@@ -104,15 +104,6 @@ def whole_upload(case, run='upload', controller='tc420'):
     case.status(run, 0)
 
 
-@check('absent')
-def nothing_plugged_in(case):
-    case.status('new', 0)
-    case.log('upload', [])
-    case.status('upload', 4)
-    if 'no TC420 is plugged in (halvex doctor says more)' not in case.text('upload.err'):
-        raise Failure(f'it complained of something else{case.said("upload")}')
-
-
 @check('upload')
 def upload(case):
     whole_upload(case)
@@ -133,19 +124,6 @@ def answers_in_two_reports(case):
     wanted = [(frame, report) for frame in range(1, len(written) + 1) for report in (1, 2)]
     if len(read) < len(wanted) - 2 or read != wanted[:len(read)]:
         raise Failure(f'the trace shows the reads (frame, report) {read}')
-
-
-@check('silent')
-def silent_controller(case):
-    whole_upload(case)
-    least = len(frames.TC420_UPLOAD) * 0.8 + 2 * 0.5
-    if case.seconds('upload') < least:
-        raise Failure(f'the upload took {case.seconds("upload"):.1f} s, but the waits alone are {least:.1f} s')
-
-
-@check('nonsense')
-def nonsense_answers(case):
-    whole_upload(case)
 
 
 @check('unplugged')
@@ -256,23 +234,6 @@ def both_models_in_one_call(case):
         wanted = ['tc420  Done', 'tc421  ' + last]
         if case.lines(run + '.out')[-2:] != wanted:
             raise Failure(f'the table of "{run}" is {case.lines(run + ".out")[-2:]} and not {wanted}')
-
-
-@check('tc421_silent')
-def a_tc421_that_is_silent(case):
-    case.log('upload', [*WI_FI_LOG[:3], 'Upload error', WI_FI_LOG[3], 'Upload error', *WI_FI_LOG[4:]])
-    case.status('upload', 1)
-    case.status('clock', 1)
-    if len(case.lines('tc421.frames')) != 3:
-        raise Failure('a beginning that is not answered is not followed by a step, nor sent again')
-
-
-@check('tc421_twice')
-def a_lost_packet_among_answers_that_come_twice(case):
-    case.arrived('tc421', [*map(over_usb, tc421.upload(''))])
-    case.status('upload', 1)
-    if "modes not taken: 'Normal': a packet did not get through: no answer" not in case.text('upload.err'):
-        raise Failure(f'it complained of something else{case.said("upload")}')
 
 
 @check('tc421_demo')
