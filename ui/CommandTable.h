@@ -71,7 +71,7 @@ namespace command {
 #include "ui/commands.def"
 }  // namespace command
 
-inline constexpr int FirstLanguageCommand =
-    command::English + 1;  // of the table's first language; the others follow
+/// Of the first language of the translations; the others follow.
+inline constexpr int FirstLanguageCommand = command::English + 1;
 
 }  // namespace UX

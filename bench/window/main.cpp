@@ -65,6 +65,7 @@ bench::Picture Examine(const Subject& subject, bench::Report& report) {
   const bench::Side whole{window, [&] { renderer->Draw(scenes.Next()); }};
   const bench::Side clear{bareWindow, [&] { bare.Draw(); }};
   report.Compare(name + ": a frame, against a bare one", whole, clear, subject.mostOfBare, subject.turns);
+  renderer->Draw(Scenes().Next());  // for both renderers the same
   return window.Grab();
 }
 

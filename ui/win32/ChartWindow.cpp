@@ -172,7 +172,7 @@ void ChartWindow::Draw() {
   renderer_->Draw(MakeScene());
   if (renderer_->IsLost()) {
     UseNextRenderer();
-    if (renderer_) renderer_->Draw(MakeScene());
+    renderer_->Draw(MakeScene());
   }
 }
 

@@ -120,7 +120,7 @@ void MainWindow::StartTimer() {
 }
 
 void MainWindow::ReleaseRenderer() {
-  if (ctrls_) ctrls_->Chart().ReleaseRenderer();
+  ctrls_->Chart().ReleaseRenderer();
   logo_.Release();
 }
 
@@ -263,7 +263,7 @@ void MainWindow::Flush() {
   const std::string lines = qor::TextOf(services_.log.TakeLines());
   if (lines.empty()) return;
   logFile_.Write(lines);
-  if (ctrls_) ctrls_->Log().Append(lines);
+  ctrls_->Log().Append(lines);
 }
 
 // The loop
@@ -274,7 +274,6 @@ double MainWindow::SecondsSince(std::int64_t counter) const {
 }
 
 void MainWindow::OnIdle() {
-  if (!ctrls_ || !IsWindow(window_)) return;
   try {
     DrawNext();
   } catch (const std::exception& failed) {
@@ -300,7 +299,7 @@ void MainWindow::ShowNow() {
 }
 
 bool MainWindow::IsQuiet() const {
-  return !isStale_ && ctrls_ && ctrls_->Chart().IsQuiet() && !workbench_.IsDemoRunning() &&
+  return !isStale_ && ctrls_->Chart().IsQuiet() && !workbench_.IsDemoRunning() &&
          SecondsSince(idleSince_) >= IdleSeconds;
 }
 

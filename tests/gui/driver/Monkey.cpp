@@ -50,7 +50,17 @@ class Monkey {
   }
 
   int Actions() const { return actions_; }
-  std::size_t Kilobytes() const { return app_.PrivateBytes() / 1024; }
+  /// As at the start: what is measured must not depend on what was done last.
+  std::size_t KilobytesAtRest() const {
+    app_.Run(UX::command::StopDemo);
+    Until("no demo runs", [this] { return IsWindowEnabled(app_.Control(UX::command::PlayDemo)) != FALSE; });
+    app_.Run(UX::command::English);
+    SetWindowPos(app_.Window(), nullptr, 0, 0, 1024, 768, SWP_NOMOVE | SWP_NOZORDER);
+    app_.Run(UX::command::New);
+    if (app_.FindDialog() != nullptr) app_.Answer(IDNO);
+    app_.Settle();
+    return app_.PrivateBytes() / 1024;
+  }
   std::string Story() const {
     std::string story;
     for (const std::string& action : last_) story += "\n          " + action;
@@ -168,9 +178,9 @@ void RunMonkey(unsigned seed, int seconds) {
   const ULONGLONG milliseconds = static_cast<ULONGLONG>(seconds) * 1000;
   Monkey monkey(seed);
   monkey.Play(milliseconds / 4);
-  const std::size_t before = monkey.Kilobytes();
+  const std::size_t before = monkey.KilobytesAtRest();
   monkey.Play(milliseconds * 3 / 4);
-  const std::size_t after = monkey.Kilobytes();
+  const std::size_t after = monkey.KilobytesAtRest();
   const std::string account = std::to_string(monkey.Actions()) + " actions, private KiB " +
                               std::to_string(before) + " -> " + std::to_string(after);
   std::puts(("        " + account).c_str());

@@ -15,7 +15,7 @@ enum class Face { Usual, Bold, Title, Clock, Fixed };
 
 /// A control with what its place among others depends on.
 struct Cell {
-  /// Plain controls have the size that is said here, the others one for their text.
+  /// The size of a plain control is the one given here, that of the others follows from their texts.
   enum class Kind { Label, Edit, Choice, Check, Button, SmallButton, List, Plain };
 
   HWND control = nullptr;

@@ -136,7 +136,7 @@ bool RendererDX::TryDraw(const ChartScene& scene) {
   const RECT bounds{whole.left, whole.top, whole.right, whole.bottom};
   if (FAILED(target_->BindDC(picture_.Context(), &bounds))) return false;
   OpenTarget open(target_.Get());
-  DrawScene(scene, grid_, [this](const auto& shape) { Paint(shape); });
+  DrawScene(scene, [this](const auto& shape) { Paint(shape); });
   if (!open.Close()) return false;
   const HDC context = GetDC(window_);
   picture_.CopyTo(context);

@@ -25,7 +25,7 @@ void RendererGDI::Resize(int width, int height, float scale) {
 
 void RendererGDI::Draw(const ChartScene& scene) {
   if (picture_.IsEmpty()) return;
-  DrawScene(scene, grid_, [this](const auto& shape) { Paint(shape); });
+  DrawScene(scene, [this](const auto& shape) { Paint(shape); });
   const HDC context = GetDC(window_);
   picture_.CopyTo(context);
   ReleaseDC(window_, context);

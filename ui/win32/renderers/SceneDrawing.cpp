@@ -25,21 +25,6 @@ bool GoesStraightOn(Point a, Point b, Point c) {
   return firstX * secondY == firstY * secondX && firstX * secondX + firstY * secondY > 0;
 }
 
-/// Adds to `parts` what of the area the cover leaves.
-void AddUncovered(const PixelArea& area, const PixelArea& cover, std::vector<PixelArea>& parts) {
-  const PixelArea hidden = Common(area, cover);
-  if (hidden.IsEmpty()) {
-    parts.push_back(area);
-    return;
-  }
-  for (const PixelArea& part : {PixelArea{area.left, area.top, area.right, hidden.top},
-                                PixelArea{area.left, hidden.top, hidden.left, hidden.bottom},
-                                PixelArea{hidden.right, hidden.top, area.right, hidden.bottom},
-                                PixelArea{area.left, hidden.bottom, area.right, area.bottom}}) {
-    if (!part.IsEmpty()) parts.push_back(part);
-  }
-}
-
 }  // namespace
 
 PixelArea Common(const PixelArea& a, const PixelArea& b) {
@@ -143,23 +128,6 @@ Rectangle FilledBoundsOf(const Area& area) {
     if (!isGround(i) || !isGround(i + 1) || !isGround(i + count - 1)) filled.push_back(area.points[i]);
   }
   return BoundsOf(filled);
-}
-
-std::vector<Shape> GroundOf(const ChartScene& scene, const PixelGrid& grid) {
-  const Box* const ground = scene.back.empty() ? nullptr : std::get_if<Box>(&scene.back[0]);
-  if (ground == nullptr) return {};
-  std::vector<PixelArea> parts{grid.AreaOf(ground->area)};
-  for (const Shape& shape : std::span(scene.back).subspan(1)) {
-    const Box* const box = std::get_if<Box>(&shape);
-    if (box == nullptr || box->fill >> 24 != 0xFF) continue;
-    std::vector<PixelArea> left;
-    for (const PixelArea& part : parts) AddUncovered(part, grid.AreaOf(box->area), left);
-    parts = std::move(left);
-  }
-  std::vector<Shape> boxes;
-  boxes.reserve(parts.size());
-  for (const PixelArea& part : parts) boxes.emplace_back(Box{grid.InScene(part), ground->fill});
-  return boxes;
 }
 
 }  // namespace UX

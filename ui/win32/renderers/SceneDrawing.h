@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <span>
 #include <string>
 #include <vector>
 
@@ -74,19 +73,13 @@ float LeftOf(const Label& label, float width);
 
 /// Where the area has any height: not where it only runs along its ground.
 Rectangle FilledBoundsOf(const Area& area);
-/// The scene's ground, its first box, without what the boxes over it hide: to fill the window twice would be
-/// the dearest part of a frame. Empty when there is nothing to be saved.
-std::vector<Shape> GroundOf(const ChartScene& scene, const PixelGrid& grid);
-
 /// Hands `draw` the scene's shapes in their order.
 template <typename Draw>
-void DrawScene(const ChartScene& scene, const PixelGrid& grid, Draw draw) {
-  const auto drawAll = [&](std::span<const Shape> shapes) {
+void DrawScene(const ChartScene& scene, Draw draw) {
+  const auto drawAll = [&](const std::vector<Shape>& shapes) {
     for (const Shape& shape : shapes) std::visit(draw, shape);
   };
-  const std::vector<Shape> ground = GroundOf(scene, grid);
-  drawAll(ground);
-  drawAll(std::span(scene.back).subspan(ground.empty() ? 0 : 1));
+  drawAll(scene.back);
   for (const std::vector<Shape>& lane : scene.lanes) drawAll(lane);
   drawAll(scene.front);
 }
