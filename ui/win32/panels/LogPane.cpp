@@ -33,8 +33,8 @@ LogPane::LogPane(const PanelContext& context) : context_(context), window_(MakeW
 
 int LogPane::HeightFor(int most) const {
   const int line = static_cast<int>(TextSize(window_, context_.fonts.Of(Face::Fixed), "0").cy);
-  const int frame = 2 * GetSystemMetrics(SM_CYBORDER);
-  return frame + std::max(1, (most - frame) / line) * line;
+  const int borders = 2 * GetSystemMetrics(SM_CYBORDER);
+  return borders + std::max(1, (most - borders) / line) * line;
 }
 
 bool LogPane::IsEndInSight() const {
