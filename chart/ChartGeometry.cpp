@@ -80,20 +80,20 @@ float ChartGeometry::HitRadius() const {
   return static_cast<float>(diameter + 1) / 2;
 }
 
-std::optional<StepPlace> ChartGeometry::HitTest(const TCBase::Mode& mode, Point point) const {
+std::optional<StepIndex> ChartGeometry::HitTest(const TCBase::Mode& mode, Point point) const {
   const float radius = HitRadius();
   for (std::size_t channel = 0; channel < mode.channels.size(); ++channel) {
     if (!Lane(channel).Contains(point, radius)) continue;
     const std::vector<TCBase::Step>& steps = mode.channels[channel].steps;
     for (std::size_t i = 0; i < steps.size(); ++i) {
-      if (Distance(PointOf(channel, steps[i]), point) < radius) return StepPlace{channel, i};
+      if (Distance(PointOf(channel, steps[i]), point) < radius) return StepIndex{channel, i};
     }
   }
   return std::nullopt;
 }
 
-std::optional<StepPlace> ChartGeometry::NearestStep(const TCBase::Mode& mode, Point point) const {
-  std::optional<StepPlace> nearest;
+std::optional<StepIndex> ChartGeometry::NearestStep(const TCBase::Mode& mode, Point point) const {
+  std::optional<StepIndex> nearest;
   float least = HitRadius();
   for (std::size_t channel = 0; channel < mode.channels.size(); ++channel) {
     const std::vector<TCBase::Step>& steps = mode.channels[channel].steps;
@@ -101,7 +101,7 @@ std::optional<StepPlace> ChartGeometry::NearestStep(const TCBase::Mode& mode, Po
       const float distance = Distance(PointOf(channel, steps[i]), point);
       if (distance >= least) continue;
       least = distance;
-      nearest = StepPlace{channel, i};
+      nearest = StepIndex{channel, i};
     }
   }
   return nearest;

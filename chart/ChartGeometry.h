@@ -24,10 +24,10 @@ struct Rectangle {
   bool Contains(Point point, float margin = 0) const;
 };
 
-/// A step of a mode, by its channel and its place in the channel's list.
-struct StepPlace {
+/// A step of a mode, by its channel and its position in the channel's list.
+struct StepIndex {
   std::size_t channel = 0, step = 0;
-  bool operator==(const StepPlace&) const = default;
+  bool operator==(const StepIndex&) const = default;
 };
 
 /// Where times and brightnesses stand in a chart of a size: five lanes of equal height, one below the other,
@@ -58,9 +58,9 @@ class ChartGeometry {
   /// How near to a step's middle a pointer must come to touch it.
   float HitRadius() const;
   /// The step that a click there picks: of several, that of the first channel, and in it the first.
-  std::optional<StepPlace> HitTest(const TCBase::Mode& mode, Point point) const;
+  std::optional<StepIndex> HitTest(const TCBase::Mode& mode, Point point) const;
   /// The step nearest to the pointer, when it touches one.
-  std::optional<StepPlace> NearestStep(const TCBase::Mode& mode, Point point) const;
+  std::optional<StepIndex> NearestStep(const TCBase::Mode& mode, Point point) const;
 
  private:
   float width_, height_;

@@ -148,9 +148,9 @@ void AddMarks(const ChartContent& content, const ChartGeometry& geometry, std::s
     const Point at = geometry.PointOf(channel, steps[i]);
     const auto second = steps[i].SecondOfDay();
     if (second < geometry.View().Start() || second > geometry.View().End()) continue;
-    const StepPlace place{channel, i};
-    const bool isSelected = content.selectedStep == place;
-    const bool isTouched = isSelected || content.hoveredStep == place;
+    const StepIndex index{channel, i};
+    const bool isSelected = content.selectedStep == index;
+    const bool isTouched = isSelected || content.hoveredStep == index;
     const float growth = isSelected ? 1 : isTouched ? content.hover : 0;
     const Colour line = isSelected ? content.palette.selection : colour;
     scene.lanes[channel].emplace_back(Mark{at, 4 + growth, steps[i].jump,

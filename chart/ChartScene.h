@@ -81,8 +81,8 @@ struct ChartContent {
   const TCBase::Program& program;
   std::size_t mode = 0;  // its index, which must be there
   std::optional<std::size_t> selectedChannel = {};
-  std::optional<StepPlace> selectedStep = {};  // these two count only where there is such a step
-  std::optional<StepPlace> hoveredStep = {};
+  std::optional<StepIndex> selectedStep = {};  // these two count only where there is such a step
+  std::optional<StepIndex> hoveredStep = {};
   std::optional<int> demoSecond = {};  // of the day, while a demo runs
   bool hasFocus = false;               // whether keys go to the chart
   float hover = 1;                     // from 0 to 1: how far the touched step has grown

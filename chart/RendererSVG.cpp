@@ -9,13 +9,13 @@
 namespace UX {
 namespace {
 
-/// A length with up to two places, the same on every machine.
+/// A length with up to two decimals, the same on every machine.
 std::string Number(float value) {
   const long long hundredths = std::llround(static_cast<double>(value) * 100);
   std::string text = hundredths < 0 ? "-" : "";
   text += std::to_string(std::abs(hundredths) / 100);
-  const std::string places = qor::ZeroFilled(std::abs(hundredths) % 100, 2);
-  if (places != "00") text += "." + places.substr(0, places[1] == '0' ? 1 : 2);
+  const std::string decimals = qor::ZeroFilled(std::abs(hundredths) % 100, 2);
+  if (decimals != "00") text += "." + decimals.substr(0, decimals[1] == '0' ? 1 : 2);
   return text;
 }
 

@@ -7,12 +7,12 @@
 namespace UX {
 
 void ViewSpan::ScrollTo(int minute) {
-  Place(std::int64_t{minute} * 60, Seconds());
+  Set(std::int64_t{minute} * 60, Seconds());
 }
 
 void ViewSpan::ZoomTo(int position) {
   constexpr int MostHours = TCBase::SecondsPerDay / 3600;
-  Place(start_, (MostHours - std::clamp(position, 0, MaxZoomPosition)) * 3600);
+  Set(start_, (MostHours - std::clamp(position, 0, MaxZoomPosition)) * 3600);
 }
 
 void ViewSpan::Scroll(BarMove move, int tracked) {
@@ -41,12 +41,12 @@ void ViewSpan::Zoom(BarMove move, int tracked) {
 }
 
 void ViewSpan::ZoomAround(int second, int hours) {
-  const double place = static_cast<double>(second - start_) / Seconds();
+  const double share = static_cast<double>(second - start_) / Seconds();
   ZoomBy(hours);
-  Place(second - std::lround(place * Seconds()), Seconds());
+  Set(second - std::lround(share * Seconds()), Seconds());
 }
 
-void ViewSpan::Place(std::int64_t start, int seconds) {
+void ViewSpan::Set(std::int64_t start, int seconds) {
   start_ = static_cast<int>(std::clamp<std::int64_t>(start, 0, TCBase::SecondsPerDay - seconds));
   end_ = start_ + seconds;
 }

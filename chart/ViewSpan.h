@@ -39,12 +39,12 @@ class ViewSpan {
   void ZoomBy(int hours) { ZoomTo(ZoomPosition() - hours); }
   /// The same, but what stands at `second` stays in its place on the screen where the day allows it.
   void ZoomAround(int second, int hours);
-  void MoveBy(int seconds) { Place(std::int64_t{start_} + seconds, Seconds()); }
+  void MoveBy(int seconds) { Set(std::int64_t{start_} + seconds, Seconds()); }
 
   bool operator==(const ViewSpan&) const = default;
 
  private:
-  void Place(std::int64_t start, int seconds);
+  void Set(std::int64_t start, int seconds);
 
   int start_ = 0;
   int end_ = TCBase::SecondsPerDay;

@@ -48,70 +48,70 @@ class Steering {
 
   /// Does what there is to do; true when the demo is to stop.
   bool operator()(JobControl& control) {
-    const Place place = PlaceOf(control);
-    if (invocation_.environment.terminal.isError) Show(control, place);
-    return keyboard_ != nullptr && ObeyKeys(control, place);
+    const Moment moment = MomentOf(control);
+    if (invocation_.environment.terminal.isError) Show(control, moment);
+    return keyboard_ != nullptr && ObeyKeys(control, moment);
   }
 
  private:
   /// Where the demo is, or will be when it has obeyed.
-  struct Place {
+  struct Moment {
     int second = JobControl::NoSecond;
     bool isPaused = false;
   };
 
-  static Place PlaceOf(const JobControl& control) {
+  static Moment MomentOf(const JobControl& control) {
     return {control.demoSecond, control.demoState == JobControl::DemoPaused};
   }
 
-  void Show(JobControl& control, const Place& place) {
-    if (place.second < 0) {
+  void Show(JobControl& control, const Moment& moment) {
+    if (moment.second < 0) {
       invocation_.printer.ShowProgress("");
       return;
     }
     if (sinceShown_.Elapsed() < ShowEverySeconds) return;
     sinceShown_.Restart();
-    std::string line = TCBase::TimeOfDayText(place.second);
+    std::string line = TCBase::TimeOfDayText(moment.second);
     for (const int percent : control.LastChannels().values) {
       const std::string number = std::to_string(percent);
       line.append(5 - std::min<std::size_t>(number.size(), 4), ' ');
       line += number;
     }
-    line += place.isPaused ? " %  paused" : " %  playing";
+    line += moment.isPaused ? " %  paused" : " %  playing";
     invocation_.printer.ShowProgress(line);
   }
 
   /// One order at a time: a second one would take the place of one that was not taken yet.
-  bool ObeyKeys(JobControl& control, const Place& place) {
-    if (place.second < 0) return keyboard_->Next() == Key::Quit;
+  bool ObeyKeys(JobControl& control, const Moment& moment) {
+    if (moment.second < 0) return keyboard_->Next() == Key::Quit;
     while (!control.IsPending()) {
       switch (keyboard_->Next()) {
         case Key::None: return false;
         case Key::Quit: return true;
-        case Key::Space: Pause(control, place); break;
-        case Key::Left: Seek(control, place, -QuarterHour); break;
-        case Key::Right: Seek(control, place, QuarterHour); break;
+        case Key::Space: Pause(control, moment); break;
+        case Key::Left: Seek(control, moment, -QuarterHour); break;
+        case Key::Right: Seek(control, moment, QuarterHour); break;
         case Key::Other: break;
       }
     }
     return false;
   }
 
-  void Pause(JobControl& control, const Place& place) {
-    Order(place);
+  void Pause(JobControl& control, const Moment& moment) {
+    Order(moment);
     ordered_.isPaused = !ordered_.isPaused;
     control.Post(ordered_.isPaused ? JobControl::Pause : JobControl::Resume);
   }
 
-  void Seek(JobControl& control, const Place& place, int by) {
-    Order(place);
+  void Seek(JobControl& control, const Moment& moment, int by) {
+    Order(moment);
     ordered_.second = std::clamp(ordered_.second + by, 0, TCBase::SecondsPerDay - 1);
     control.PostSeek(ordered_.second);
   }
 
   /// Begins an order: from what was ordered just before, if that cannot show yet.
-  void Order(const Place& place) {
-    if (ordered_.second < 0 || sinceOrder_.Elapsed() > OrderSeconds) ordered_ = place;
+  void Order(const Moment& moment) {
+    if (ordered_.second < 0 || sinceOrder_.Elapsed() > OrderSeconds) ordered_ = moment;
     sinceOrder_.Restart();
   }
 
@@ -119,7 +119,7 @@ class Steering {
   std::unique_ptr<platform::Keyboard> keyboard_;  // null where there are no keys to be had
   TCBase::Stopwatch sinceShown_;
   TCBase::Stopwatch sinceOrder_;
-  Place ordered_;
+  Moment ordered_;
 };
 
 int SecondsOf(const DemoOptions& options, Invocation& invocation) {

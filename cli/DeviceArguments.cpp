@@ -42,16 +42,16 @@ bool IsTypeable(std::string_view text) {
          qor::win::WellFormedUtf8(text) == text;
 }
 
-DeviceInfo NetworkDeviceOf(std::string_view place) {
-  const std::size_t comma = place.find(',');
-  const std::string_view text = place.substr(0, comma);
+DeviceInfo NetworkDeviceOf(std::string_view target) {
+  const std::size_t comma = target.find(',');
+  const std::string_view text = target.substr(0, comma);
   const std::optional<platform::SocketAddress> address = platform::ParseIPv4(text);
   if (!address || !IsControllers(*address)) {
     throw CommandError(WrongUsage, {"'{1}' is no address of a controller; give it in the form 192.168.1.20 "
                                     "('halvex devices --scan' finds them)",
                                     {text}});
   }
-  const std::string_view identity = comma == std::string_view::npos ? text : place.substr(comma + 1);
+  const std::string_view identity = comma == std::string_view::npos ? text : target.substr(comma + 1);
   if (identity.empty()) {
     throw CommandError(WrongUsage, {"the identity behind {1} is empty; leave the comma out", {text}});
   }

@@ -108,14 +108,14 @@ class ProgramReader {
   std::optional<qor::xml::error> Failure(const element& root, const qor::xml::document& source) const {
     if (!program_.modes.empty()) return std::nullopt;
     if (firstDropped_) return firstDropped_;
-    return qor::xml::error{source.PlaceOf(root), {"there is no mode in the file", {}}};
+    return qor::xml::error{source.PositionOf(root), {"there is no mode in the file", {}}};
   }
 
   Program Take() { return std::move(program_); }
 
  private:
   static qor::xml::error DropMessage(const element& mode, const qor::xml::document& source) {
-    return {source.PlaceOf(mode),
+    return {source.PositionOf(mode),
             {"there is no mode with {1} channels; the one here has {2}", {ChannelCount, mode.ChildCount()}}};
   }
 

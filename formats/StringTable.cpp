@@ -89,7 +89,7 @@ class StringTable::Remarks {
     }
   }
   qor::Sentence At(const element& where, qor::Sentence remark) const {
-    return qor::xml::error{file_.PlaceOf(where), std::move(remark)}.Told();
+    return qor::xml::error{file_.PositionOf(where), std::move(remark)}.Told();
   }
   MergeResult Take() {
     if (moreCount_ > 0) result.remarks.push_back({"{1} more like these", {moreCount_}});

@@ -12,13 +12,13 @@ namespace TCBase {
 /// cost takes time logarithmic in their number.
 class CostTree {
  public:
-  /// A row of `count` places without a cost; fewer than 2^32.
+  /// A row of `count` entries without a cost; fewer than 2^32.
   explicit CostTree(std::size_t count);
 
   /// `cost` is at least 0.
   void Set(std::size_t index, std::int32_t cost) { SetEntry(index, Entry(index, cost)); }
   void Remove(std::size_t index) { SetEntry(index, NoEntry); }
-  /// Whether no place has a cost; the two below are not to be asked then.
+  /// Whether no entry has a cost; the two below are not to be asked then.
   bool IsEmpty() const { return nodes_[1] == NoEntry; }
   /// The least cost.
   std::int32_t Least() const { return static_cast<std::int32_t>(nodes_[1] >> IndexBits); }

@@ -63,10 +63,10 @@ void ClearMinuteOf(Channel& channel, std::uint32_t movedId) {
 
 }  // namespace
 
-std::optional<StepPlace> ChartEditor::SelectedStep() const {
+std::optional<StepIndex> ChartEditor::SelectedStep() const {
   if (!channel_ || !stepId_) return std::nullopt;
   const auto step = IndexOf(context_.document.Mode().channels[*channel_], *stepId_);
-  return step ? std::optional(StepPlace{*channel_, *step}) : std::nullopt;
+  return step ? std::optional(StepIndex{*channel_, *step}) : std::nullopt;
 }
 
 std::vector<qor::Sentence> ChartEditor::Hint() const {
@@ -91,10 +91,10 @@ void ChartEditor::SelectChannel(std::optional<std::size_t> channel) {
   SetSelection(channel, std::nullopt);
 }
 
-void ChartEditor::Select(const StepPlace& place) {
-  const std::uint32_t id = Step(place).id;
+void ChartEditor::Select(const StepIndex& index) {
+  const std::uint32_t id = Step(index).id;
   EndRun();
-  SetSelection(place.channel, id);
+  SetSelection(index.channel, id);
 }
 
 void ChartEditor::Reset() {
@@ -125,18 +125,18 @@ void ChartEditor::GoBack(void (Document::*where)()) {
 }
 
 /// The step stays the same one, wherever it comes to stand; the run's end clears its minute.
-void ChartEditor::ChangeStep(const EditRun& run, const StepPlace& place,
+void ChartEditor::ChangeStep(const EditRun& run, const StepIndex& index,
                              const std::function<void(TCBase::Step&)>& change) {
   const std::size_t mode = context_.document.CurrentMode();
-  const std::uint32_t id = Step(place).id;
+  const std::uint32_t id = Step(index).id;
   EditRun moving = run;
-  moving.finish = [mode, channel = place.channel, id](Content& content) {
+  moving.finish = [mode, channel = index.channel, id](Content& content) {
     ClearMinuteOf(content.program.modes[mode].channels[channel], id);
   };
   context_.document.Change(moving, [&](Content& content) {
-    Channel& channel = content.Mode().channels[place.channel];
-    change(channel.steps[place.step]);
-    channel.steps[place.step].Clamp();
+    Channel& channel = content.Mode().channels[index.channel];
+    change(channel.steps[index.step]);
+    channel.steps[index.step].Clamp();
     channel.Sort();
     return TCBase::EditResult{true, {}};
   });
@@ -210,16 +210,16 @@ void ChartEditor::MouseLeave() {
   if (!press_) Hover(std::nullopt);
 }
 
-void ChartEditor::Hover(std::optional<StepPlace> place) {
-  if (hovered_ == place) return;
-  hovered_ = place;
+void ChartEditor::Hover(std::optional<StepIndex> index) {
+  if (hovered_ == index) return;
+  hovered_ = index;
   context_.view.Refresh();
 }
 
 /// The step goes as far as the pointer has gone since the press: where in the mark it was pressed plays no
 /// part, and a pointer that goes straight up leaves the time as it is.
 void ChartEditor::DragTo(Point point) {
-  const StepPlace place = *SelectedStep();
+  const StepIndex index = *SelectedStep();
   const TCBase::Step& pressed = *press_->step;
   const double moved = geometry_.SecondAt(point.x) - geometry_.SecondAt(press_->at.x);
   const auto minutes = static_cast<int>(std::round(moved) / 60);  // to either side, whole ones only
@@ -228,8 +228,8 @@ void ChartEditor::DragTo(Point point) {
   const ViewSpan& view = geometry_.View();
   if (minutes != 0) second = std::clamp(second, view.Start(), view.End() - 1);
   const float percent =
-      geometry_.PercentAt(place.channel, point.y) - geometry_.PercentAt(place.channel, press_->at.y);
-  ChangeStep({DragRun}, place, [&](TCBase::Step& step) {
+      geometry_.PercentAt(index.channel, point.y) - geometry_.PercentAt(index.channel, press_->at.y);
+  ChangeStep({DragRun}, index, [&](TCBase::Step& step) {
     SetMinute(step, second / 60);
     step.value = pressed.value + percent;
   });
@@ -309,19 +309,19 @@ void ChartEditor::EndRun() {
 }
 
 /// The next step is selected then, or the one before where there is none, so that one key deletes several.
-void ChartEditor::DeleteStep(const StepPlace& place, std::int64_t milliseconds) {
+void ChartEditor::DeleteStep(const StepIndex& index, std::int64_t milliseconds) {
   const TCBase::EditResult result = context_.document.Change(
       {KeysRun, milliseconds},
-      [&place](Content& content) { return TCBase::DeleteStep(content.Mode(), place.channel, place.step); });
+      [&index](Content& content) { return TCBase::DeleteStep(content.Mode(), index.channel, index.step); });
   context_.log.Message(result.status);
   if (!result.isChanged) return;
-  const std::vector<TCBase::Step>& steps = Mode().channels[place.channel].steps;
-  stepId_ = steps[std::min(place.step, steps.size() - 1)].id;
+  const std::vector<TCBase::Step>& steps = Mode().channels[index.channel].steps;
+  stepId_ = steps[std::min(index.step, steps.size() - 1)].id;
   hovered_.reset();
 }
 
-void ChartEditor::MoveByKey(const StepPlace& place, int minutes, float percent, std::int64_t milliseconds) {
-  ChangeStep({KeysRun, milliseconds}, place, [&](TCBase::Step& step) {
+void ChartEditor::MoveByKey(const StepIndex& index, int minutes, float percent, std::int64_t milliseconds) {
+  ChangeStep({KeysRun, milliseconds}, index, [&](TCBase::Step& step) {
     SetMinute(step, static_cast<int>((step.MinuteOfDay() + minutes + MinutesPerDay) % MinutesPerDay));
     step.value += percent;
   });

@@ -68,8 +68,8 @@ class ChartEditor {
 
   std::optional<std::size_t> SelectedChannel() const { return channel_; }
   /// Nothing where the step is no longer there.
-  std::optional<StepPlace> SelectedStep() const;
-  std::optional<StepPlace> HoveredStep() const { return hovered_; }
+  std::optional<StepIndex> SelectedStep() const;
+  std::optional<StepIndex> HoveredStep() const { return hovered_; }
   /// Selects a channel and none of its steps.
   void SelectChannel(std::optional<std::size_t> channel);
   /// The selected channel's steps are in another channel now, and the selection follows them.
@@ -90,26 +90,26 @@ class ChartEditor {
   };
 
   const TCBase::Mode& Mode() const { return context_.document.Mode(); }
-  const TCBase::Step& Step(const StepPlace& place) const {
-    return Mode().channels[place.channel].steps[place.step];
+  const TCBase::Step& Step(const StepIndex& index) const {
+    return Mode().channels[index.channel].steps[index.step];
   }
-  void Select(const StepPlace& place);
+  void Select(const StepIndex& index);
   void SetSelection(std::optional<std::size_t> channel, std::optional<std::uint32_t> stepId);
   void EndPress();
-  void Hover(std::optional<StepPlace> place);
+  void Hover(std::optional<StepIndex> index);
   void SeekDemo(Point point);
   void PressInLane(std::size_t channel, Point point);
   void AddStep(std::size_t channel, int second, float percent);
   void DragTo(Point point);
   void CancelDrag();
-  void DeleteStep(const StepPlace& place, std::int64_t milliseconds);
-  void MoveByKey(const StepPlace& place, int minutes, float percent, std::int64_t milliseconds);
+  void DeleteStep(const StepIndex& index, std::int64_t milliseconds);
+  void MoveByKey(const StepIndex& index, int minutes, float percent, std::int64_t milliseconds);
   void ToggleJump();
   bool PauseDemo();
   void GoToStep(int offset);
   void GoToChannel(int offset);
   void InsertByKey();
-  void ChangeStep(const EditRun& run, const StepPlace& place,
+  void ChangeStep(const EditRun& run, const StepIndex& index,
                   const std::function<void(TCBase::Step&)>& change);
   void GoBack(void (Document::*where)());
 
@@ -118,7 +118,7 @@ class ChartEditor {
   bool isDemoRunning_ = false;
   std::optional<std::size_t> channel_;
   std::optional<std::uint32_t> stepId_;  // of a step of the selected channel; it may be gone
-  std::optional<StepPlace> hovered_;
+  std::optional<StepIndex> hovered_;
   std::optional<Press> press_;
   std::vector<qor::Sentence> hint_;  // about the selected step
 };

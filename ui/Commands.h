@@ -65,7 +65,7 @@ void RenameMode(Workbench& workbench);
 void DeleteMode(Workbench& workbench);
 void MoveModeUp(Workbench& workbench);
 void MoveModeDown(Workbench& workbench);
-/// Moves the current mode to a place of the list.
+/// Moves the current mode to a position of the list.
 void MoveModeTo(Workbench& workbench, std::size_t to);
 
 void ChooseEnglish(Workbench& workbench);

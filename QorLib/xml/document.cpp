@@ -76,8 +76,8 @@ std::optional<error> document::Parse(std::string bytes) {
   }
 }
 
-place document::PlaceOf(const element& parsed) const {
-  return PlaceAt(source_, nodes_[parsed.index_].name.offset - 1);
+position document::PositionOf(const element& parsed) const {
+  return PositionAt(source_, nodes_[parsed.index_].name.offset - 1);
 }
 
 std::string document::Write() const {

@@ -76,8 +76,8 @@ class document {
   /// Throws xout_of_memory.
   std::optional<error> Parse(std::string bytes);
 
-  /// Where the element stands in the parsed bytes: the place of its "<".
-  place PlaceOf(const element& parsed) const;
+  /// Where the element stands in the parsed bytes: the position of its "<".
+  position PositionOf(const element& parsed) const;
 
   /// The text of the whole tree: each element on a line of its own, indented by two blanks a level, lines
   /// ending in CR LF.

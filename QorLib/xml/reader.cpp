@@ -68,10 +68,10 @@ struct reader::failure {
   Sentence reason;
 };
 
-place PlaceAt(std::string_view text, std::size_t offset) {
+position PositionAt(std::string_view text, std::size_t offset) {
   const std::size_t start = text.starts_with(ByteOrderMark) ? ByteOrderMark.size() : 0;
   const std::string_view before = text.substr(0, std::min(offset, text.size()));
-  place where;
+  position where;
   where.line += static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n'));
   const std::size_t lineStart = where.line > 1 ? before.rfind('\n') + 1 : std::min(start, before.size());
   for (const char c : before.substr(lineStart)) where.column += (c & 0xC0) != 0x80 ? 1 : 0;
@@ -91,7 +91,7 @@ std::optional<error> reader::Read() {
     ReadDocument();
     return std::nullopt;
   } catch (const failure& failed) {
-    return error{PlaceAt(text_, static_cast<std::size_t>(failed.where - text_.data())), failed.reason};
+    return error{PositionAt(text_, static_cast<std::size_t>(failed.where - text_.data())), failed.reason};
   }
 }
 
@@ -225,7 +225,7 @@ inline void reader::ReadStartTag() {
   }
 }
 
-/// Reads the attribute at `at`; returns the place behind it.
+/// Reads the attribute at `at`; returns the position behind it.
 const char* reader::ReadAttribute(const char* at) {
   const std::string_view name = ReadName(at, "an attribute's name was expected here");
   attributeNames_.push_back(name);
@@ -366,7 +366,7 @@ std::string_view reader::Decode(std::string_view raw) {
   return decoded_;
 }
 
-/// Appends the character that the reference at `ampersand` stands for; returns the place behind it.
+/// Appends the character that the reference at `ampersand` stands for; returns the position behind it.
 const char* reader::DecodeReference(const char* ampersand, const char* rawEnd) {
   constexpr std::ptrdiff_t Longest = 16;
   const char* limit = ampersand + std::min(rawEnd - ampersand, Longest);

@@ -12,18 +12,18 @@
 
 namespace qor::xml {
 
-/// A place in a text; both count from 1, columns in characters.
-struct place {
+/// A position in a text; both count from 1, columns in characters.
+struct position {
   std::size_t line = 1;
   std::size_t column = 1;
 };
 
-/// The place of the byte at `offset`.
-place PlaceAt(std::string_view text, std::size_t offset);
+/// The position of the byte at `offset`.
+position PositionAt(std::string_view text, std::size_t offset);
 
 /// Why a text could not be read.
 struct error {
-  place where;
+  position where;
   Sentence reason;
 
   /// "line 3, column 14: …"

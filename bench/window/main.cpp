@@ -39,7 +39,7 @@ class Scenes {
 
   TCBase::Program program_ = TCBase::NewProgram(qor::InEnglish);
   UX::ChartContent content_{
-      .program = program_, .selectedChannel = Channel, .selectedStep = UX::StepPlace{Channel, Step}};
+      .program = program_, .selectedChannel = Channel, .selectedStep = UX::StepIndex{Channel, Step}};
   std::vector<UX::ChartScene> demo_ = MakeDemo();
   std::size_t next_ = 0;
 };

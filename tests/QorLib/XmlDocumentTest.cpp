@@ -80,7 +80,7 @@ TEST(XmlDocument, HandsOverTheRootsChildrenOneByOne) {
   const auto failed =
       qor::xml::ParseByChild("<r>\n <a x='&lt;'><i/></a>\n <b>t</b>\n</r>", target, [&](element child) {
         seen += std::string(child.Name()) + std::string(child.Attribute("x")) + std::string(child.Text()) +
-                std::to_string(child.ChildCount()) + std::to_string(target.PlaceOf(child).line) + " ";
+                std::to_string(child.ChildCount()) + std::to_string(target.PositionOf(child).line) + " ";
       });
   EXPECT_FALSE(failed);
   EXPECT_EQ(seen, "a<12 bt03 ");

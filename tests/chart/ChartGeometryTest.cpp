@@ -8,7 +8,7 @@
 namespace {
 
 using test::Curve;
-using UX::StepPlace;
+using UX::StepIndex;
 
 UX::ChartGeometry Chart(float width = 744, float height = 520) {
   return {width, height, UX::ViewSpan()};
@@ -49,16 +49,16 @@ TEST(ChartGeometry, TouchesStepsWithinARadiusThatGrowsWithTheChart) {
   mode.channels[1] = Curve({{12, 0, 100}});
   const UX::ChartGeometry chart = Chart();
   const UX::Point eight = chart.PointOf(0, mode.channels[0].steps[1]);
-  EXPECT_EQ(chart.HitTest(mode, eight), (StepPlace{0, 0}))
+  EXPECT_EQ(chart.HitTest(mode, eight), (StepIndex{0, 0}))
       << "the earlier one wins, though the other is nearer";
-  EXPECT_EQ(chart.HitTest(mode, {eight.x + 5, eight.y}), (StepPlace{0, 0}));
+  EXPECT_EQ(chart.HitTest(mode, {eight.x + 5, eight.y}), (StepIndex{0, 0}));
   EXPECT_EQ(chart.HitTest(mode, {eight.x + 7, eight.y}), std::nullopt);
 
   // In a tall chart a pointer between two lanes touches both steps at noon: a click takes the upper one,
   // hovering the nearer one.
   const UX::ChartGeometry tall = Chart(744, 1200);
   const UX::Point between = {tall.XOf(12 * 3600), tall.Lane(1).top - 5};
-  EXPECT_EQ(tall.HitTest(mode, between), (StepPlace{0, 2}));
-  EXPECT_EQ(tall.NearestStep(mode, between), (StepPlace{1, 0}));
+  EXPECT_EQ(tall.HitTest(mode, between), (StepIndex{0, 2}));
+  EXPECT_EQ(tall.NearestStep(mode, between), (StepIndex{1, 0}));
   EXPECT_EQ(chart.NearestStep(mode, {chart.XOf(12 * 3600), chart.Lane(1).top - 7}), std::nullopt);
 }

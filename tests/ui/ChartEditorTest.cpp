@@ -52,7 +52,7 @@ class ChartEditor : public testing::Test {
     const auto& steps = document.Mode().channels[channel].steps;
     for (std::size_t i = 0; i < steps.size(); ++i) {
       text += (i > 0 ? ", " : "") + TCBase::StepText(steps[i]);
-      if (editor.SelectedStep() == UX::StepPlace{channel, i}) text += '*';
+      if (editor.SelectedStep() == UX::StepIndex{channel, i}) text += '*';
     }
     return text;
   }
@@ -259,13 +259,13 @@ TEST_F(ChartEditor, GoesThroughChannelsAndStepsByKeys) {
   editor.Key(ChartKey::NextChannel, 0);
   editor.Key(ChartKey::NextChannel, 0);
   editor.Key(ChartKey::NextStep, 0);
-  EXPECT_EQ(editor.SelectedStep(), (UX::StepPlace{1, 0}));
+  EXPECT_EQ(editor.SelectedStep(), (UX::StepIndex{1, 0}));
   editor.Key(ChartKey::ToggleJump, 0);
   editor.Key(ChartKey::Insert, 0);
   EXPECT_EQ(Steps(1), "08:00 0 J, 15:00 0*, 22:00 0");
   editor.Key(ChartKey::NextStep, 0);
   editor.Key(ChartKey::NextStep, 0);
-  EXPECT_EQ(editor.SelectedStep(), (UX::StepPlace{1, 2})) << "the last stays the last";
+  EXPECT_EQ(editor.SelectedStep(), (UX::StepIndex{1, 2})) << "the last stays the last";
   editor.Key(ChartKey::PreviousChannel, 0);
   editor.Key(ChartKey::PreviousChannel, 0);
   EXPECT_EQ(editor.SelectedChannel(), 0u);
@@ -273,9 +273,9 @@ TEST_F(ChartEditor, GoesThroughChannelsAndStepsByKeys) {
 
 TEST_F(ChartEditor, TouchesTheNearestStep) {
   editor.MouseMove(At(8, 0, 3, 2));
-  EXPECT_EQ(editor.HoveredStep(), (UX::StepPlace{2, 0}));
+  EXPECT_EQ(editor.HoveredStep(), (UX::StepIndex{2, 0}));
   editor.MouseMove(At(22, 0, 0, 4));
-  EXPECT_EQ(editor.HoveredStep(), (UX::StepPlace{4, 1}));
+  EXPECT_EQ(editor.HoveredStep(), (UX::StepIndex{4, 1}));
   editor.MouseLeave();
   EXPECT_FALSE(editor.HoveredStep());
 }

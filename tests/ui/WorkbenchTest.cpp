@@ -235,9 +235,9 @@ TEST_F(Workbench, KeepsTheSelectionWhereTheStepsAre) {
   bench.Run(command::ClearSteps);  // another curve than the second channel's
   SelectStep(1, 2);
   bench.Run(command::MoveStepsUp);
-  EXPECT_EQ(bench.editor.SelectedStep(), (UX::StepPlace{0, 2}));
+  EXPECT_EQ(bench.editor.SelectedStep(), (UX::StepIndex{0, 2}));
   bench.Run(command::Undo);
-  EXPECT_EQ(bench.editor.SelectedStep(), (UX::StepPlace{1, 2}));
+  EXPECT_EQ(bench.editor.SelectedStep(), (UX::StepIndex{1, 2}));
   bench.editor.SelectChannel(1);
   bench.Run(command::MoveStepsUp);
   bench.Run(command::Undo);

@@ -69,7 +69,7 @@ class ChartWindow {
   bool mayAnimate_ = true;
   bool isStale_ = true;
   Animation hover_{0.12F}, selection_{0.12F};
-  std::optional<StepPlace> hovered_;
+  std::optional<StepIndex> hovered_;
   std::optional<std::size_t> selected_;
   ViewSpan shownSpan_;
   int wheel_ = 0;  // what is left of turns that were less than a notch

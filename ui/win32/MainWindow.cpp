@@ -22,7 +22,7 @@ constexpr UINT TimerMilliseconds = 100, StartMilliseconds = 500, RendererMillise
 constexpr int InitialWidth = 1024, InitialHeight = 768, LeastWidth = 800, LeastHeight = 700;
 constexpr double IdleSeconds = 1.0;
 constexpr int TicksPerRecovery = 30;  // three seconds
-constexpr std::string_view SettingPlace = "window_place";
+constexpr std::string_view SettingBounds = "window_place";
 
 std::wstring ResourceText(HINSTANCE instance, UINT id) {
   wchar_t text[64] = L"";
@@ -96,7 +96,7 @@ bool MainWindow::Create(RendererChoice choice) {
 
 void MainWindow::Show(int command) {
   RebuildMenu();
-  const int how = RestorePlace(command);
+  const int how = RestoreBounds(command);
   LayOut();  // quicker while the window is hidden
   RefreshNow();
   ShowWindow(window_, how);
@@ -125,7 +125,7 @@ void MainWindow::ReleaseRenderer() {
 }
 
 void MainWindow::Close() {
-  KeepPlace();
+  KeepBounds();
   recovery_.Remove();
   DestroyWindow(window_);
 }
@@ -147,7 +147,7 @@ void MainWindow::LayOut() {
 
 /// The system ends the program soon after this, wherever it is.
 void MainWindow::OnSessionEnd() {
-  KeepPlace();
+  KeepBounds();
   constexpr double MostSeconds = 2;
   const std::int64_t start = services_.clock.Counter();
   while (workbench_.IsDemoRunning() && services_.worker.IsBusy() && SecondsSince(start) < MostSeconds) {
@@ -156,21 +156,21 @@ void MainWindow::OnSessionEnd() {
   }
 }
 
-// The window's place, as "left top width height" and 1 when it fills the screen
+// The window's bounds, as "left top width height" and 1 when it fills the screen
 
-/// Gives the hidden window its place; how it is to be shown, for ShowWindow.
-int MainWindow::RestorePlace(int command) {
-  std::istringstream text(services_.settings.Get(SettingPlace));
+/// Gives the hidden window its bounds; how it is to be shown, for ShowWindow.
+int MainWindow::RestoreBounds(int command) {
+  std::istringstream text(services_.settings.Get(SettingBounds));
   WINDOWPLACEMENT placement{};
   placement.length = sizeof placement;
   placement.showCmd = SW_HIDE;
-  RECT& place = placement.rcNormalPosition;
+  RECT& bounds = placement.rcNormalPosition;
   int width = 0, height = 0, isMaximised = 0;
-  text >> place.left >> place.top >> width >> height >> isMaximised;
+  text >> bounds.left >> bounds.top >> width >> height >> isMaximised;
   const POINT least = LeastSize();
-  place.right = place.left + std::max<LONG>(width, least.x);
-  place.bottom = place.top + std::max<LONG>(height, least.y);
-  if (text && width > 0 && height > 0 && MonitorFromRect(&place, MONITOR_DEFAULTTONULL) != nullptr) {
+  bounds.right = bounds.left + std::max<LONG>(width, least.x);
+  bounds.bottom = bounds.top + std::max<LONG>(height, least.y);
+  if (text && width > 0 && height > 0 && MonitorFromRect(&bounds, MONITOR_DEFAULTTONULL) != nullptr) {
     SetWindowPlacement(window_, &placement);
     const bool isUsual = command == SW_SHOWNORMAL || command == SW_SHOWDEFAULT;
     return isUsual && isMaximised != 0 ? SW_SHOWMAXIMIZED : command;
@@ -182,16 +182,16 @@ int MainWindow::RestorePlace(int command) {
   return command;
 }
 
-void MainWindow::KeepPlace() {
+void MainWindow::KeepBounds() {
   workbench_.KeepShownMode();
   WINDOWPLACEMENT placement{};
   placement.length = sizeof placement;
   if (!GetWindowPlacement(window_, &placement)) return;
-  const RECT& place = placement.rcNormalPosition;
+  const RECT& bounds = placement.rcNormalPosition;
   const bool isMaximised = placement.showCmd == SW_SHOWMAXIMIZED;
-  services_.settings.Set(SettingPlace,
-                         qor::Format("{1} {2} {3} {4} {5}", {place.left, place.top, place.right - place.left,
-                                                             place.bottom - place.top, isMaximised ? 1 : 0}));
+  services_.settings.Set(
+      SettingBounds, qor::Format("{1} {2} {3} {4} {5}", {bounds.left, bounds.top, bounds.right - bounds.left,
+                                                         bounds.bottom - bounds.top, isMaximised ? 1 : 0}));
 }
 
 // View
@@ -386,9 +386,9 @@ std::optional<LRESULT> MainWindow::OnPlacement(UINT message, WPARAM wParam, LPAR
       ctrls_->Chart().Resized();
       return 0;
     case WM_DPICHANGED: {
-      const RECT& place = *reinterpret_cast<const RECT*>(lParam);
-      SetWindowPos(window_, nullptr, place.left, place.top, place.right - place.left,
-                   place.bottom - place.top, SWP_NOZORDER | SWP_NOACTIVATE);
+      const RECT& bounds = *reinterpret_cast<const RECT*>(lParam);
+      SetWindowPos(window_, nullptr, bounds.left, bounds.top, bounds.right - bounds.left,
+                   bounds.bottom - bounds.top, SWP_NOZORDER | SWP_NOACTIVATE);
       ctrls_->ScalingChanged();
       return 0;
     }

@@ -76,8 +76,8 @@ class MainWindow : public View {
   void Paint();
   void RebuildMenu();
   void ShowContextMenu(POINT at);
-  int RestorePlace(int command);
-  void KeepPlace();
+  int RestoreBounds(int command);
+  void KeepBounds();
   void LayOut();
   POINT LeastSize() const;
   POINT FittingSize(int width, int height) const;

@@ -53,10 +53,10 @@ void LogPane::LayOut(const RECT& area) {
 
 void LogPane::Append(const std::string& lines) {
   CHARRANGE selected{};
-  POINT place{};
+  POINT scroll{};
   SendMessageW(window_, EM_EXGETSEL, 0, reinterpret_cast<LPARAM>(&selected));
   const bool isFollowing = selected.cpMin == selected.cpMax && IsEndInSight();
-  SendMessageW(window_, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&place));
+  SendMessageW(window_, EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&scroll));
   SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
   CHARRANGE end{-1, -1};
   SendMessageW(window_, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&end));
@@ -67,7 +67,7 @@ void LogPane::Append(const std::string& lines) {
     SendMessageW(window_, WM_VSCROLL, SB_BOTTOM, 0);
   } else {
     SendMessageW(window_, EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&selected));
-    SendMessageW(window_, EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&place));
+    SendMessageW(window_, EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&scroll));
   }
   SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
   InvalidateRect(window_, nullptr, FALSE);

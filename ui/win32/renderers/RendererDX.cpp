@@ -260,19 +260,19 @@ RendererDX::Owned<ID2D1PathGeometry> RendererDX::Geometry(const std::vector<Poin
       FAILED(geometry->Open(sink.GetAddressOf()))) {
     return nullptr;
   }
-  const auto place = [this](Point pixel) {
+  const auto at = [this](Point pixel) {
     return D2D1_POINT_2F{pixel.x / grid_.Scale(), pixel.y / grid_.Scale()};
   };
-  sink->BeginFigure(place(corners[0]), isFilled ? D2D1_FIGURE_BEGIN_FILLED : D2D1_FIGURE_BEGIN_HOLLOW);
-  for (std::size_t i = 1; i < corners.size(); ++i) sink->AddLine(place(corners[i]));
+  sink->BeginFigure(at(corners[0]), isFilled ? D2D1_FIGURE_BEGIN_FILLED : D2D1_FIGURE_BEGIN_HOLLOW);
+  for (std::size_t i = 1; i < corners.size(); ++i) sink->AddLine(at(corners[i]));
   sink->EndFigure(isFilled ? D2D1_FIGURE_END_CLOSED : D2D1_FIGURE_END_OPEN);
   if (FAILED(sink->Close())) return nullptr;
   return geometry;
 }
 
 D2D1_RECT_F RendererDX::InScene(const PixelArea& area) const {
-  const Rectangle place = grid_.InScene(area);
-  return {place.left, place.top, place.Right(), place.Bottom()};
+  const Rectangle bounds = grid_.InScene(area);
+  return {bounds.left, bounds.top, bounds.Right(), bounds.Bottom()};
 }
 
 }  // namespace UX
