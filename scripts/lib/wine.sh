@@ -12,6 +12,8 @@ prepare_wine() {
   if [ ! -f "$WINEPREFIX/ready-2" ]; then new_wine_prefix || return; fi
   # Kept between the many short runs: one that meets a server on its way out fails.
   wineserver -p60 >/dev/null 2>&1 </dev/null || true
+  # Its services live as long, and must not hold the pipe of a test that happens to be the first.
+  wine cmd /c exit >/dev/null 2>&1 </dev/null || true
 }
 
 new_wine_prefix() {
