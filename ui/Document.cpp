@@ -94,27 +94,25 @@ void Document::PutBack(std::optional<Content> content) {
 
 // The file
 
-void Document::Open(TCBase::Program program, TCBase::Program saved, const std::string& path) {
+void Document::Open(TCBase::Program program, const std::string& path) {
   content_ = {Editable(std::move(program)), 0, {}};
   content_.isUploaded.assign(content_.program.modes.size(), true);
   history_ = {};
   run_.reset();
-  saved_ = std::move(saved);
+  saved_ = content_.program;
   path_ = path;
   view_.Refresh();
 }
 
 void Document::New(const qor::Translate& translate) {
-  const TCBase::Program program = TCBase::NewProgram(translate);
-  Open(program, program, {});
+  Open(TCBase::NewProgram(translate), {});
 }
 
 qor::Sentence Document::Load(const std::string& path) {
   TCBase::Program program;
   const TCBase::ImportResult result = TCBase::ReadWholeProgram(path, program);
   if (!result.isImported) return result.message;
-  program = Editable(std::move(program));
-  Open(program, program, path);
+  Open(std::move(program), path);
   return {};
 }
 
@@ -130,7 +128,8 @@ qor::Sentence Document::Save(const std::string& path) {
 void Document::Recover(TCBase::Program program, const std::string& path) {
   TCBase::Program original;
   if (path.empty() || TCBase::LoadProgram(path, original)) original = {};
-  Open(std::move(program), std::move(original), path);
+  Open(std::move(program), path);
+  saved_ = std::move(original);
 }
 
 std::string Document::Title(const qor::Translate& translate) const {

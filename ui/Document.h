@@ -81,7 +81,7 @@ class Document {
     Content before;
   };
 
-  void Open(TCBase::Program program, TCBase::Program saved, const std::string& path);
+  void Open(TCBase::Program program, const std::string& path);
   void PutBack(std::optional<Content> content);
 
   View& view_;
