@@ -11,7 +11,7 @@ namespace qor {
 
 Log::Log(std::function<TimeOfDay()> timeOfDay) : timeOfDay_(std::move(timeOfDay)) {}
 
-void Log::Message(std::string_view english, std::initializer_list<FormatArgument> arguments) {
+void Log::Message(English english, std::initializer_list<FormatArgument> arguments) {
   Write(Kind::Message, Format(translate_(english), arguments));
 }
 

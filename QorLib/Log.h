@@ -43,7 +43,7 @@ class Log {
   bool IsTracing() const { return isTracing_; }
 
   /// Writes a message: `english` translated, then its placeholders replaced.
-  void Message(std::string_view english, std::initializer_list<FormatArgument> arguments = {});
+  void Message(English english, std::initializer_list<FormatArgument> arguments = {});
   void Message(const Sentence& sentence);
   /// Writes a message that something went wrong.
   void Failure(const Sentence& sentence);

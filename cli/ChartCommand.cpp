@@ -22,7 +22,7 @@ constexpr float Width = 1024, Height = 640;
 ExitStatus RunChart(const ChartOptions& options, Invocation& invocation) {
   const std::string& out = options.out.path;
   if (!IsStandardStream(out) && TCBase::EndingOf(out) != Ending) {
-    throw CommandError(WrongUsage, {"{1} does not end in {2}", {out, Ending}});
+    throw CommandError(WrongUsage, {TR("{1} does not end in {2}"), {out, Ending}});
   }
   CheckOutput(options.path, options.out, invocation);
   const TCBase::Program program = Load(options.path, invocation);

@@ -42,7 +42,7 @@ class Steering {
         sinceOrder_(invocation.environment.clock) {
     if (keyboard_ != nullptr && invocation.environment.terminal.isError) {
       invocation.printer.Complain(
-          qor::Sentence{"space pauses, the arrow keys move by a quarter of an hour, q stops", {}});
+          qor::Sentence(TR("space pauses, the arrow keys move by a quarter of an hour, q stops")));
     }
   }
 
@@ -139,9 +139,7 @@ ExitStatus RunDemo(const DemoOptions& options, Invocation& invocation) {
   invocation.environment.watchInterrupts();  // before the terminal is in another mode
   Steering steering(invocation);
   return RunJob({[&](TCBase::Worker& worker) { worker.StartDemo(devices, modes, time); },
-                 options.devices.waitSeconds,
-                 {"stopping the demo", {}},
-                 std::ref(steering)},
+                 options.devices.waitSeconds, TR("stopping the demo"), std::ref(steering)},
                 invocation);
 }
 

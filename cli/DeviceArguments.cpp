@@ -47,13 +47,14 @@ DeviceInfo NetworkDeviceOf(std::string_view target) {
   const std::string_view text = target.substr(0, comma);
   const std::optional<platform::SocketAddress> address = platform::ParseIPv4(text);
   if (!address || !IsControllers(*address)) {
-    throw CommandError(WrongUsage, {"'{1}' is no address of a controller; give it in the form 192.168.1.20 "
-                                    "('halvex devices --scan' finds them)",
-                                    {text}});
+    throw CommandError(WrongUsage,
+                       {TR("'{1}' is no address of a controller; give it in the form 192.168.1.20 "
+                           "('halvex devices --scan' finds them)"),
+                        {text}});
   }
   const std::string_view identity = comma == std::string_view::npos ? text : target.substr(comma + 1);
   if (identity.empty()) {
-    throw CommandError(WrongUsage, {"the identity behind {1} is empty; leave the comma out", {text}});
+    throw CommandError(WrongUsage, {TR("the identity behind {1} is empty; leave the comma out"), {text}});
   }
   return TCBase::NetworkDevice(std::string(identity), *address);
 }
@@ -75,9 +76,9 @@ DeviceInfo DeviceOf(const std::string& argument) {
   if (!argument.empty() && argument[0] >= '0' && argument[0] <= '9') return NetworkDeviceOf(argument);
   std::vector<std::string> names = {std::string(All)};
   for (const DeviceName& device : DeviceNames) names.emplace_back(device.name);
-  qor::Sentence fault = {"there is no device '{1}'; devices are {2}", {argument, DeviceForms}};
+  qor::Sentence fault = {TR("there is no device '{1}'; devices are {2}"), {argument, DeviceForms}};
   const std::string meant = Nearest(argument, names);
-  if (!meant.empty()) fault.reasons.push_back({"did you mean {1}?", {meant}});
+  if (!meant.empty()) fault.reasons.push_back({TR("did you mean {1}?"), {meant}});
   throw CommandError(WrongUsage, fault);
 }
 
@@ -86,11 +87,11 @@ std::vector<DeviceInfo> DevicesNamed(const std::vector<std::string>& arguments) 
   std::vector<DeviceInfo> devices;
   devices.reserve(arguments.size());
   for (const std::string& argument : arguments) {
-    if (argument == All) throw CommandError(WrongUsage, {"\"all\" stands alone", {}});
+    if (argument == All) throw CommandError(WrongUsage, TR("\"all\" stands alone"));
     const DeviceInfo device = DeviceOf(argument);
     if (std::ranges::any_of(devices,
                             [&](const DeviceInfo& other) { return TCBase::IsSameDevice(device, other); })) {
-      throw CommandError(WrongUsage, {"the device {1} is named twice", {argument}});
+      throw CommandError(WrongUsage, {TR("the device {1} is named twice"), {argument}});
     }
     devices.push_back(device);
   }
@@ -104,7 +105,7 @@ bool IsAmong(const std::vector<UsbController>& plugged, const DeviceInfo& device
 /// The devices where none was named: all that are plugged in, or the only one.
 std::vector<DeviceInfo> DevicesFrom(const std::vector<UsbController>& plugged, bool isAll) {
   if (plugged.empty()) {
-    throw CommandError(NothingFound, {"no controller is plugged in (halvex doctor says more)", {}});
+    throw CommandError(NothingFound, TR("no controller is plugged in (halvex doctor says more)"));
   }
   std::vector<DeviceInfo> devices;
   std::string list;
@@ -118,8 +119,8 @@ std::vector<DeviceInfo> DevicesFrom(const std::vector<UsbController>& plugged, b
   }
   if (!isAll && count > 1) {
     throw CommandError(NotUnique,
-                       {"{1} controllers are plugged in: {2}; name one with --device, or all of them with "
-                        "--device all",
+                       {TR("{1} controllers are plugged in: {2}; name one with --device, or all of them with "
+                           "--device all"),
                         {count, list}});
   }
   return devices;
@@ -165,7 +166,7 @@ platform::Computer LookAround(const Invocation& invocation) {
 
 qor::Sentence RemarkOnEquals(const UsbController& controller) {
   if (controller.paths.size() < 2) return {};
-  return {"{1} {2} are plugged in; only the first of them can be reached",
+  return {TR("{1} {2} are plugged in; only the first of them can be reached"),
           {controller.paths.size(), UsbIdOf(controller.kind)->model}};
 }
 
@@ -190,7 +191,7 @@ std::vector<DeviceInfo> DevicesOf(const DeviceOptions& options, Invocation& invo
     if (devices.empty()) devices = DevicesFrom(plugged, isAll);
     // One of several that is missing is no reason to leave the others out.
     if (std::ranges::all_of(devices, isUsb) && std::ranges::none_of(devices, isThere)) {
-      throw CommandError(NothingFound, {"no {1} is plugged in (halvex doctor says more)",
+      throw CommandError(NothingFound, {TR("no {1} is plugged in (halvex doctor says more)"),
                                         {UsbIdOf(devices.front().kind)->model}});
     }
     std::erase_if(plugged, [&devices](const UsbController& controller) {

@@ -25,7 +25,8 @@ ExitStatus SetTime(const Devices& devices, const platform::SYSTEMTIME& time, int
                    Invocation& invocation) {
   const ExitStatus status =
       RunJob({[&](TCBase::Worker& worker) { worker.StartTimeSync(devices, time); }, waitSeconds}, invocation);
-  if (status == Done) invocation.printer.Log().Message("The clock was set to {1}", {DateAndTimeText(time)});
+  if (status == Done)
+    invocation.printer.Log().Message(TR("The clock was set to {1}"), {DateAndTimeText(time)});
   return status;
 }
 
@@ -59,7 +60,8 @@ platform::SYSTEMTIME DateAndTimeOf(const std::string& text) {
               0};
     }
   }
-  throw CommandError(WrongUsage, {"'{1}' is no date and time; give them as \"YYYY-MM-DD HH:MM:SS\"", {text}});
+  throw CommandError(WrongUsage,
+                     {TR("'{1}' is no date and time; give them as \"YYYY-MM-DD HH:MM:SS\""), {text}});
 }
 
 // clear
@@ -77,15 +79,14 @@ ExitStatus RunClear(const ClearOptions& options, Invocation& invocation) {
   const Devices devices = DevicesOf(options.devices, invocation);
   if (!options.isSure) {
     if (!invocation.environment.terminal.isInput) {
-      throw CommandError(WrongUsage,
-                         {"clearing removes all modes, which cannot be read back; add --yes", {}});
+      throw CommandError(WrongUsage, TR("clearing removes all modes, which cannot be read back; add --yes"));
     }
     std::string names;
     for (const TCBase::DeviceInfo& device : devices) {
       names += (names.empty() ? "" : ", ") + Printable(ArgumentOf(device));
     }
-    if (!IsConfirmed({"Remove all modes from {1}? They cannot be read back.", {names}}, invocation)) {
-      throw CommandError(Interrupted, {"nothing was cleared", {}});
+    if (!IsConfirmed({TR("Remove all modes from {1}? They cannot be read back."), {names}}, invocation)) {
+      throw CommandError(Interrupted, TR("nothing was cleared"));
     }
   }
   return ClearAll(devices, options.devices.waitSeconds, invocation);
@@ -103,8 +104,7 @@ struct UploadOptions {
 ExitStatus Upload(const UploadOptions& options, const Devices& devices,
                   const TCBase::Program::ModeListView& modes, Invocation& invocation) {
   return RunJob({[&](TCBase::Worker& worker) { worker.StartUpload(devices, modes); },
-                 options.devices.waitSeconds,
-                 {"stopping after the mode that is being sent", {}}},
+                 options.devices.waitSeconds, TR("stopping after the mode that is being sent")},
                 invocation);
 }
 
@@ -116,7 +116,7 @@ ExitStatus RunUpload(const UploadOptions& options, Invocation& invocation) {
     invocation.printer.WarnOfEach(TCBase::RemarksOn(modes, TCBase::ModelsOf(devices)));
   }
   if (!options.modes.empty()) {
-    invocation.printer.Log().Message("The chosen modes take the controller's places from the first on");
+    invocation.printer.Log().Message(TR("The chosen modes take the controller's places from the first on"));
   }
   const int wait = options.devices.waitSeconds;
   ExitStatus status = Done;

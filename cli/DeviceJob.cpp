@@ -67,7 +67,7 @@ JobEnd WaitFor(TCBase::Worker& worker, const DeviceJob& job, Invocation& invocat
     if (end.isInterrupted || end.isStopped) stop.Ask();
     if (end.isInterrupted && isNews) {
       invocation.printer.Complain(job.stopping ? job.stopping
-                                               : qor::Sentence{"stopping after the device in hand", {}});
+                                               : qor::Sentence(TR("stopping after the device in hand")));
     }
     invocation.printer.Print();
     ShowProgress(worker, invocation);
@@ -104,7 +104,7 @@ TCBase::DeviceContext ContextOf(Invocation& invocation, int waitSeconds) {
             if (waitSeconds == 0 || environment.isInterrupted()) return false;
             if (!waited->has_value()) {
               waited->emplace(environment.clock);
-              log.Message("In use by another program, waiting for up to {1} seconds", {waitSeconds});
+              log.Message(TR("In use by another program, waiting for up to {1} seconds"), {waitSeconds});
             }
             return (*waited)->Elapsed() < waitSeconds;
           }};

@@ -93,8 +93,8 @@ ExitStatus RunDevices(const DevicesOptions& options, Invocation& invocation) {
   if (findings.isUsbDenied) return NoAccess;
   if (!options.asJson) {
     invocation.printer.Complain(
-        options.scan ? qor::Sentence{"no controller was found", {}}
-                     : qor::Sentence{"no controller is plugged in (halvex doctor says more)", {}});
+        options.scan ? qor::Sentence(TR("no controller was found"))
+                     : qor::Sentence(TR("no controller is plugged in (halvex doctor says more)")));
   }
   return NothingFound;
 }
@@ -104,7 +104,7 @@ ExitStatus RunMonitor(Invocation& invocation) {
   environment.watchInterrupts();
   if (!invocation.options.quiet) {
     invocation.printer.Complain(
-        qor::Sentence{"waiting for controllers to be plugged in or out; Ctrl+C ends", {}});
+        qor::Sentence(TR("waiting for controllers to be plugged in or out; Ctrl+C ends")));
   }
   const TCBase::Worker worker(ContextOf(invocation), TCBase::Worker::UsbWatch::On);
   while (!environment.isInterrupted() && environment.out) {

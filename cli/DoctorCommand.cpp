@@ -54,21 +54,18 @@ Finding OnUsb(TCBase::DeviceKind kind, bool isPluggedIn, const Computer& compute
   const std::string check = ArgumentOf(info);
   const auto lock = invocation.environment.locks.TryTake(TCBase::LockNameOf(info));
   if (lock == nullptr) {
-    return {check,
-            State::Problem,
-            {"in use by another program", {}},
-            {"wait until that has finished, or end it: it may be a demo in the window", {}},
-            NoAccess};
+    return {check, State::Problem, TR("in use by another program"),
+            TR("wait until that has finished, or end it: it may be a demo in the window"), NoAccess};
   }
   const auto device = TCBase::CreateDevice(info, ContextOf(invocation));
-  if (device->Open()) return {check, State::Ok, {"plugged in, and may be opened", {}}};
-  if (!isPluggedIn) return {check, State::Note, {"not plugged in", {}}};
+  if (device->Open()) return {check, State::Ok, TR("plugged in, and may be opened")};
+  if (!isPluggedIn) return {check, State::Note, TR("not plugged in")};
   const TCBase::OpenFailure& failure = device->OpenFault();
   const bool isDenied = failure.denial == Denial::NoPermission;
   return {check,
           State::Problem,
-          {"plugged in, but may not be opened", {}, {failure.text}},
-          isDenied ? AccessAdvice(computer) : qor::Sentence{"end the other program that has it", {}},
+          {TR("plugged in, but may not be opened"), {}, {failure.text}},
+          isDenied ? AccessAdvice(computer) : qor::Sentence(TR("end the other program that has it")),
           NoAccess};
 }
 
@@ -77,11 +74,11 @@ Finding Rule(const Computer& computer) {
   Finding rule{"udev-rule", State::Ok, qor::Verbatim(computer.udevRule)};
   if (!computer.udevRule.empty()) return rule;
   if (!computer.deviceGroup.empty()) {
-    rule.text = {"not installed; controllers are for the group {1}", {computer.deviceGroup}};
+    rule.text = {TR("not installed; controllers are for the group {1}"), {computer.deviceGroup}};
     return rule;
   }
-  rule.text = computer.isAdministrator ? qor::Sentence{"not installed; you are root, who needs none", {}}
-                                       : qor::Sentence{"not installed, controllers are for root only", {}};
+  rule.text = computer.isAdministrator ? qor::Sentence(TR("not installed; you are root, who needs none"))
+                                       : qor::Sentence(TR("not installed, controllers are for root only"));
   rule.advice = qor::Verbatim(InstallRuleCommand(computer));
   rule.state = State::Note;
   return rule;
@@ -98,8 +95,8 @@ Findings UsbFindings(const Computer& computer, Invocation& invocation) {
   }
   if (plugged.empty()) {
     findings.back().advice = {
-        "plug a controller in; where one is, try another cable: some carry power only (\"halvex monitor\" "
-        "tells when it comes)",
+        TR("plug a controller in; where one is, try another cable: some carry power only (\"halvex monitor\" "
+           "tells when it comes)"),
         {}};
   }
   if (computer.hasUdev) findings.push_back(Rule(computer));
@@ -111,25 +108,24 @@ Findings UsbFindings(const Computer& computer, Invocation& invocation) {
 /// The port is taken and given back; nothing is sent.
 Finding Port(Invocation& invocation) {
   TCBase::UdpPort port(ContextOf(invocation));
-  if (port.Open()) return {"port-5000", State::Ok, {"free", {}}};
+  if (port.Open()) return {"port-5000", State::Ok, TR("free")};
   const TCBase::OpenFailure& failure = port.OpenFault();
   const bool isInUse = failure.denial == Denial::InUse;
   return {"port-5000", State::Problem, failure.text,
-          isInUse ? qor::Sentence{"end the other program, one at a time can talk to TC421 controllers on the "
-                                  "network",
-                                  {}}
-                  : qor::Sentence{"TC421 controllers on the network are out of reach until the system lets "
-                                  "the port be taken",
-                                  {}},
+          isInUse
+              ? qor::Sentence{TR("end the other program, one at a time can talk to TC421 controllers on the "
+                                 "network"),
+                              {}}
+              : qor::Sentence{TR("TC421 controllers on the network are out of reach until the system lets "
+                                 "the port be taken"),
+                              {}},
           failure.denial == Denial::None ? DeviceFailed : NoAccess};
 }
 
 Finding Network(const Computer& computer) {
   if (computer.adapters.empty()) {
-    return {"network",
-            State::Note,
-            {"this computer is in no network", {}},
-            {"join the network of the controllers to reach a TC421 there", {}}};
+    return {"network", State::Note, TR("this computer is in no network"),
+            TR("join the network of the controllers to reach a TC421 there")};
   }
   std::string text;
   for (const platform::NetworkAdapter& adapter : computer.adapters) {
@@ -142,12 +138,13 @@ Finding Network(const Computer& computer) {
 
 Finding SettingsFolder(const std::string& folder) {
   const std::string check = "settings-folder";
-  const qor::Sentence advice = {"name a folder of yours in the environment variable {1}", {"HALVEX_HOME"}};
-  if (folder.empty()) return {check, State::Problem, {"there is none", {}}, advice, FileFailed};
+  const qor::Sentence advice = {TR("name a folder of yours in the environment variable {1}"),
+                                {"HALVEX_HOME"}};
+  if (folder.empty()) return {check, State::Problem, TR("there is none"), advice, FileFailed};
   if (platform::MayWriteInto(folder)) return {check, State::Ok, qor::Verbatim(folder)};
   if (!platform::IsThere(folder) && platform::MayWriteInto(platform::NearestFolder(folder)))
-    return {check, State::Ok, {"{1} (made when it is needed)", {folder}}};
-  return {check, State::Problem, {"{1} may not be written to", {folder}}, advice, FileFailed};
+    return {check, State::Ok, {TR("{1} (made when it is needed)"), {folder}}};
+  return {check, State::Problem, {TR("{1} may not be written to"), {folder}}, advice, FileFailed};
 }
 
 Finding SettingsFile(const std::string& folder, Invocation& invocation) {
@@ -155,17 +152,17 @@ Finding SettingsFile(const std::string& folder, Invocation& invocation) {
   if (settings.ReadFault()) {
     return {"settings",
             State::Problem,
-            {"{1} could not be read", {settings.Path()}, {qor::Verbatim(settings.ReadFault().text)}},
-            {"see that you may read it, and that no other program holds it", {}},
+            {TR("{1} could not be read"), {settings.Path()}, {qor::Verbatim(settings.ReadFault().text)}},
+            TR("see that you may read it, and that no other program holds it"),
             FileFailed};
   }
   if (!settings.IsFileBroken()) return {"settings", State::Ok, qor::Verbatim(settings.Path())};
-  return {
-      "settings",
-      State::Problem,
-      {"{1} is broken, and not used", {settings.Path()}},
-      {"mend or remove it; the window keeps it as {1} when it writes a new one", {"TC420Config.xml.broken"}},
-      FileFailed};
+  return {"settings",
+          State::Problem,
+          {TR("{1} is broken, and not used"), {settings.Path()}},
+          {TR("mend or remove it; the window keeps it as {1} when it writes a new one"),
+           {"TC420Config.xml.broken"}},
+          FileFailed};
 }
 
 Finding LogFile(const std::string& folder) {
@@ -174,11 +171,11 @@ Finding LogFile(const std::string& folder) {
   const platform::SystemError failed = platform::ReadWholeFile(path, 0, start);
   if (!failed) return {"log", State::Ok, qor::Verbatim(path)};
   if (failed.kind == platform::ErrorKind::NotFound)
-    return {"log", State::Ok, {"{1} (of the window, which has written none yet)", {path}}};
+    return {"log", State::Ok, {TR("{1} (of the window, which has written none yet)"), {path}}};
   return {"log",
           State::Note,
-          {"{1} could not be read", {path}, {qor::Verbatim(failed.text)}},
-          {"the window writes no log until that is mended", {}}};
+          {TR("{1} could not be read"), {path}, {qor::Verbatim(failed.text)}},
+          TR("the window writes no log until that is mended")};
 }
 
 Findings Examine(Invocation& invocation) {

@@ -51,11 +51,11 @@ TCBase::EditResult Optimise(const OptimizeOptions& options, TCBase::Mode& mode, 
   const TCBase::Mode before = mode;
   if (options.isForTC421) log.Message(TCBase::OptimiseForTC421(mode).status);
   if (!TCBase::OptimiseMode(mode, log, options.steps)) {
-    return {false, {"Unable to optimize mode {1}, please remove some steps.", {mode.name}}, true};
+    return {false, {TR("Unable to optimize mode {1}, please remove some steps."), {mode.name}}, true};
   }
-  if (mode == before) return {false, {"nothing to do", {}}};
+  if (mode == before) return {false, TR("nothing to do")};
   return {true,
-          {"{1} -> {2} steps, the light changes by at most {3} %",
+          {TR("{1} -> {2} steps, the light changes by at most {3} %"),
            {TCBase::StepCount(before), TCBase::StepCount(mode), TCBase::GreatestDifference(before, mode)}}};
 }
 

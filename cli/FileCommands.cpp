@@ -62,7 +62,7 @@ Runner DefineNew(CLI::App& parser) {
     if (format.IsOfOneMode()) {
       throw CommandError(
           WrongUsage,
-          {"{1} is the name of a file of one mode; a new program has two: use .xml", {output->path}});
+          {TR("{1} is the name of a file of one mode; a new program has two: use .xml"), {output->path}});
     }
     CheckProgramOutput({}, *output, format, invocation);
     Save(TCBase::NewProgram(invocation.texts.Translator()), 0, output->path, invocation);

@@ -74,16 +74,17 @@ void PrintInfo(const TCBase::Program& program, Invocation& invocation) {
     const Remarks remarks = TCBase::RemarksOn(mode);
     const int steps = TCBase::StepCount(mode);
     const std::string name = Printable(mode.name);
-    out << invocation.Text(remarks.empty() ? qor::Sentence{"Mode {1}: {2}, {3} steps, within all limits",
-                                                           {i + 1, name, steps}}
-                                           : qor::Sentence{"Mode {1}: {2}, {3} steps:", {i + 1, name, steps}})
+    out << invocation.Text(
+               remarks.empty()
+                   ? qor::Sentence{TR("Mode {1}: {2}, {3} steps, within all limits"), {i + 1, name, steps}}
+                   : qor::Sentence{TR("Mode {1}: {2}, {3} steps:"), {i + 1, name, steps}})
         << '\n';
     PrintRemarks(remarks, invocation);
   }
   PrintRemarks(TCBase::RemarksOn(program), invocation);
   for (std::size_t i = 0; i < program.channelInfos.size(); ++i) {
     const TCBase::Program::ChannelInfo& info = program.channelInfos[i];
-    out << invocation.Text({"Channel {1}", {i + 1}})
+    out << invocation.Text({TR("Channel {1}"), {i + 1}})
         << qor::Format(": {1}, {2}\n", {Printable(info.name), ColourText(info.colour)});
   }
 }

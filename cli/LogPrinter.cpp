@@ -51,8 +51,8 @@ void LogPrinter::OpenFile() {
   errno = 0;
   file_.open(std::filesystem::path(std::u8string(path.begin(), path.end())), std::ios::app);
   if (!file_) {
-    throw CommandError(FileFailed,
-                       {"Error creating file {1}, error: {2}", {path, platform::RuntimeErrorText(errno)}});
+    throw CommandError(
+        FileFailed, {TR("Error creating file {1}, error: {2}"), {path, platform::RuntimeErrorText(errno)}});
   }
 }
 
@@ -109,13 +109,13 @@ void LogPrinter::Complain(const qor::Sentence& sentence) {
 }
 
 void LogPrinter::Warn(const qor::Sentence& sentence) {
-  Complain({"warning", {}, {sentence}});
+  Complain({TR("warning"), {}, {sentence}});
 }
 
 void LogPrinter::WarnOfEach(const std::vector<qor::Sentence>& sentences) {
   constexpr std::size_t MostNamed = 5;
   for (std::size_t i = 0; i < sentences.size() && i < MostNamed; ++i) Warn(sentences[i]);
-  if (sentences.size() > MostNamed) Warn({"{1} more like these", {sentences.size() - MostNamed}});
+  if (sentences.size() > MostNamed) Warn({TR("{1} more like these"), {sentences.size() - MostNamed}});
 }
 
 void LogPrinter::WriteToFile(const std::string& text) {
@@ -125,7 +125,7 @@ void LogPrinter::WriteToFile(const std::string& text) {
   file_ << text << std::flush;
   if (file_) return;
   file_.close();
-  Complain({"the log file {1} could not be written any further", {options_.logFile}});
+  Complain({TR("the log file {1} could not be written any further"), {options_.logFile}});
 }
 
 }  // namespace cli

@@ -75,7 +75,7 @@ std::unique_ptr<TCBase::DeviceBase> PrinterFor(const PacketsOptions& options,
 ExitStatus RunPackets(const PacketsOptions& options, Invocation& invocation) {
   const bool isTC420 = options.model == TC420Model;
   if (!options.identity.empty() && options.model != NetworkModel) {
-    throw CommandError(WrongUsage, {"only packets for {1} carry an identity", {NetworkModel}});
+    throw CommandError(WrongUsage, {TR("only packets for {1} carry an identity"), {NetworkModel}});
   }
   const TCBase::Program program = Load(options.path, invocation);
   const TCBase::Program::ModeListView modes(program, ModeIndicesOf(program, options.modes, options.path));
@@ -93,7 +93,7 @@ ExitStatus RunPackets(const PacketsOptions& options, Invocation& invocation) {
     const std::vector<TCBase::ModeSample> samples = TCBase::SamplesFor(kind, modes[i], printer.Log());
     if (!device->UploadMode(static_cast<int>(i), modes[i].name, samples)) {
       printer.Complain(
-          {"the mode '{1}' would not be sent: a mode needs a name, {2} steps and one of {3} places",
+          {TR("the mode '{1}' would not be sent: a mode needs a name, {2} steps and one of {3} places"),
            {modes[i].name, TCBase::FewestSamples, TCBase::BankCount}});
       status = DeviceFailed;
     }

@@ -31,7 +31,7 @@ std::size_t ModeIndexOf(const TCBase::Program& program, int number, const std::s
   const std::size_t count = program.modes.size();
   if (number < 1 || static_cast<std::size_t>(number) > count) {
     throw CommandError(WrongUsage,
-                       {"there is no mode {1} in {2}; its modes are 1 to {3}", {number, path, count}});
+                       {TR("there is no mode {1} in {2}; its modes are 1 to {3}"), {number, path, count}});
   }
   return static_cast<std::size_t>(number) - 1;
 }
@@ -43,7 +43,7 @@ std::vector<std::size_t> ModeIndicesOf(const TCBase::Program& program, const std
   for (const int number : numbers) {
     const std::size_t index = ModeIndexOf(program, number, path);
     if (std::ranges::find(indices, index) != indices.end()) {
-      throw CommandError(WrongUsage, {"the mode {1} is named twice", {number}});
+      throw CommandError(WrongUsage, {TR("the mode {1} is named twice"), {number}});
     }
     indices.push_back(index);
   }
@@ -57,7 +57,7 @@ void WarnOfLongModes(const TCBase::Program::ModeListView& modes, LogPrinter& pri
   for (const TCBase::Mode& mode : modes) {
     const int steps = TCBase::StepCount(mode);
     if (steps <= TCBase::MaxModeSteps) continue;
-    printer.Warn({"the mode '{1}' has {2} steps; a controller takes at most {3}",
+    printer.Warn({TR("the mode '{1}' has {2} steps; a controller takes at most {3}"),
                   {mode.name, steps, TCBase::MaxModeSteps}});
   }
 }
@@ -67,18 +67,18 @@ void Report(const TCBase::EditResult& result, std::size_t index, const TCBase::M
   if (result.isRefused) {
     throw CommandError(
         WrongUsage,
-        {"{1} was not written", {out}, {{"mode {1}, '{2}'", {index + 1, mode.name}}, result.status}});
+        {TR("{1} was not written"), {out}, {{TR("mode {1}, '{2}'"), {index + 1, mode.name}}, result.status}});
   }
   if (result.status) ReportOn(index, mode, result.status, invocation);
 }
 
 void ReportOn(std::size_t index, const TCBase::Mode& mode, const qor::Sentence& sentence,
               Invocation& invocation) {
-  invocation.printer.Log().Message({"Mode {1}, '{2}'", {index + 1, mode.name}, {sentence}});
+  invocation.printer.Log().Message({TR("Mode {1}, '{2}'"), {index + 1, mode.name}, {sentence}});
 }
 
 void ReportSteps(std::size_t index, const TCBase::Mode& mode, Invocation& invocation) {
-  ReportOn(index, mode, {"{1} steps", {TCBase::StepCount(mode)}}, invocation);
+  ReportOn(index, mode, {TR("{1} steps"), {TCBase::StepCount(mode)}}, invocation);
 }
 
 int SecondOf(std::string_view time) {
@@ -99,7 +99,7 @@ int SecondOf(std::string_view time) {
     ++parts;
   }
   if (parts < 2 || !rest.empty()) {
-    throw CommandError(WrongUsage, {"'{1}' is no time of day; give it as HH:MM or HH:MM:SS", {time}});
+    throw CommandError(WrongUsage, {TR("'{1}' is no time of day; give it as HH:MM or HH:MM:SS"), {time}});
   }
   return parts == 2 ? second * 60 : second;
 }

@@ -45,7 +45,8 @@ void WarnOfLoss(const TCBase::FileFormat& format, const TCBase::Program& program
                 const std::string& name, Invocation& invocation) {
   const auto warn = [&](const qor::Sentence& loss) { invocation.printer.Warn(qor::About(name, loss)); };
   if (program.modes.size() > 1) {
-    warn({"only the mode '{1}' is written, since {2} files hold one (see --mode)", {mode.name, format.name}});
+    warn({TR("only the mode '{1}' is written, since {2} files hold one (see --mode)"),
+          {mode.name, format.name}});
   }
   for (const qor::Sentence& loss : TCBase::LossesOf(format, mode)) warn(loss);
 }
@@ -63,7 +64,7 @@ bool MayBecomeProgram(const std::string& path, const TCBase::FileFormat& format)
 }  // namespace
 
 std::string NameOf(const std::string& path, const Invocation& invocation) {
-  return IsStandardStream(path) ? invocation.Text({"standard input", {}}) : path;
+  return IsStandardStream(path) ? invocation.Text(TR("standard input")) : path;
 }
 
 void CheckEnding(const std::string& path, bool isRead) {
@@ -72,7 +73,7 @@ void CheckEnding(const std::string& path, bool isRead) {
   for (const TCBase::FileFormat& format : TCBase::FileFormats()) {
     if (format.IsRead() || !isRead) endings += (endings.empty() ? "" : ", ") + std::string(format.ending);
   }
-  throw CommandError(WrongUsage, {"{1} does not end in {2}", {path, endings}});
+  throw CommandError(WrongUsage, {TR("{1} does not end in {2}"), {path, endings}});
 }
 
 const TCBase::FileFormat& FormatIn(const std::string& path) {
@@ -91,7 +92,7 @@ TCBase::Program Load(const std::string& path, const TCBase::FileFormat& format, 
   if (format.IsOfOneMode()) program = TCBase::NewProgram(invocation.texts.Translator());
   std::string bytes;
   if (qor::Sentence reason = Read(path, qor::xml::reader::MaxBytes, bytes, invocation)) {
-    throw CommandError(FileFailed, {"Error loading program {1}", {name}, {std::move(reason)}});
+    throw CommandError(FileFailed, {TR("Error loading program {1}"), {name}, {std::move(reason)}});
   }
   const TCBase::ImportResult result = TCBase::ReadAnyBytes(format, std::move(bytes), name, program);
   if (!result.isImported) throw CommandError(FileFailed, result.message);
@@ -103,13 +104,13 @@ std::string LoadText(const std::string& path, Invocation& invocation) {
   const std::string name = NameOf(path, invocation);
   std::string text;
   if (qor::Sentence reason = Read(path, MaxTextBytes, text, invocation)) {
-    throw CommandError(FileFailed, {"{1} could not be read", {name}, {std::move(reason)}});
+    throw CommandError(FileFailed, {TR("{1} could not be read"), {name}, {std::move(reason)}});
   }
   if (text.size() > MaxTextBytes) {
-    throw CommandError(FileFailed, {"{1} is larger than {2} MiB", {name, MaxTextBytes >> 20}});
+    throw CommandError(FileFailed, {TR("{1} is larger than {2} MiB"), {name, MaxTextBytes >> 20}});
   }
   if (qor::win::FindBrokenUtf8(text) != std::string::npos || text.find('\0') != std::string::npos) {
-    throw CommandError(FileFailed, {"{1} is no UTF-8 text; save it as such", {name}});
+    throw CommandError(FileFailed, {TR("{1} is no UTF-8 text; save it as such"), {name}});
   }
   return text;
 }
@@ -117,7 +118,7 @@ std::string LoadText(const std::string& path, Invocation& invocation) {
 void CheckIsNoLog(const std::string& path, const Invocation& invocation) {
   if (!platform::IsSameFile(path, invocation.options.logFile)) return;
   invocation.printer.CloseFile();  // the complaint must not go into it
-  throw CommandError(FileFailed, {"{1} is the log file; give --log another one", {path}});
+  throw CommandError(FileFailed, {TR("{1} is the log file; give --log another one"), {path}});
 }
 
 void CheckOutput(const std::string& input, const Output& output, Invocation& invocation) {
@@ -128,29 +129,30 @@ void CheckOutput(const std::string& input, const Output& output, Invocation& inv
   }
   CheckIsNoLog(path, invocation);
   if (platform::IsSameFile(input, path)) {
-    throw CommandError(FileFailed, {"{1} is the file that is read; give another one to write", {path}});
+    throw CommandError(FileFailed, {TR("{1} is the file that is read; give another one to write"), {path}});
   }
   if (!platform::IsFile(path) || output.isForced) return;
   if (!invocation.environment.terminal.isInput) {
-    throw CommandError(FileFailed, {"{1} exists; add --force to replace it, or give another name", {path}});
+    throw CommandError(FileFailed,
+                       {TR("{1} exists; add --force to replace it, or give another name"), {path}});
   }
-  if (!IsConfirmed({"{1} exists. Replace it?", {path}}, invocation)) {
-    throw CommandError(Interrupted, {"nothing was written", {}});
+  if (!IsConfirmed({TR("{1} exists. Replace it?"), {path}}, invocation)) {
+    throw CommandError(Interrupted, TR("nothing was written"));
   }
 }
 
 void CheckProgramOutput(const std::string& input, Output& output, Invocation& invocation) {
   if (output.isInPlace) {
     if (!output.path.empty()) {
-      throw CommandError(WrongUsage, {"-i changes {1} itself; give either that or -o", {input}});
+      throw CommandError(WrongUsage, {TR("-i changes {1} itself; give either that or -o"), {input}});
     }
     if (IsStandardStream(input)) {
-      throw CommandError(WrongUsage, {"standard input cannot be changed in place; give -o", {}});
+      throw CommandError(WrongUsage, TR("standard input cannot be changed in place; give -o"));
     }
     output.path = input;
   } else if (output.path.empty()) {
     throw CommandError(WrongUsage,
-                       {"give the file to write with -o OUT, or -i to change {1} itself", {input}});
+                       {TR("give the file to write with -o OUT, or -i to change {1} itself"), {input}});
   }
   if (!IsStandardStream(output.path) && !output.isInPlace) CheckEnding(output.path, false);
   CheckProgramOutput(input, output, FormatIn(output.path), invocation);
@@ -163,8 +165,9 @@ void CheckProgramOutput(const std::string& input, const Output& output, const TC
   if (!IsStandardStream(path)) CheckIsNoLog(path, invocation);
   if (isInput && &format == &FormatIn(input)) return;
   if (!isInput && platform::IsFile(path) && !MayBecomeProgram(path, format)) {
-    throw CommandError(FileFailed, {"{1} exists and is no {2} program; remove it first, or give another name",
-                                    {path, format.name}});
+    throw CommandError(
+        FileFailed,
+        {TR("{1} exists and is no {2} program; remove it first, or give another name"), {path, format.name}});
   }
   CheckOutput(input, output, invocation);
 }
@@ -173,13 +176,13 @@ bool CheckTextEdit(const std::string& input, const std::string& text, Output& ou
                    Invocation& invocation) {
   if (text.empty()) {
     if (output.path.empty() && !output.isInPlace) return false;
-    throw CommandError(WrongUsage, {"there is nothing to write: -o and -i go with a text that is read", {}});
+    throw CommandError(WrongUsage, TR("there is nothing to write: -o and -i go with a text that is read"));
   }
   if (IsStandardStream(input) && IsStandardStream(text)) {
-    throw CommandError(WrongUsage, {"standard input cannot be both the program and the text", {}});
+    throw CommandError(WrongUsage, TR("standard input cannot be both the program and the text"));
   }
   if (platform::IsSameFile(text, output.path)) {
-    throw CommandError(FileFailed, {"{1} is the file that is read; give another one to write", {text}});
+    throw CommandError(FileFailed, {TR("{1} is the file that is read; give another one to write"), {text}});
   }
   CheckProgramOutput(input, output, invocation);
   return true;
@@ -212,7 +215,7 @@ void SaveBytes(const std::string& bytes, const std::string& path, Invocation& in
   }
   CheckIsNoLog(path, invocation);
   if (qor::Sentence reason = TCBase::Attempt([&] { TCBase::ReplaceFileBytes(path, bytes); })) {
-    throw CommandError(FileFailed, {"{1} could not be written", {path}, {std::move(reason)}});
+    throw CommandError(FileFailed, {TR("{1} could not be written"), {path}, {std::move(reason)}});
   }
 }
 

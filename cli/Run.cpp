@@ -71,7 +71,7 @@ void ChooseLanguage(const std::string& asked, const Environment& environment, TC
   if (found.empty()) {
     std::string known(TCBase::EnglishId);
     for (const TCBase::StringTable::Language& language : texts.Languages()) known += ", " + language.id;
-    throw CommandError(WrongUsage, {"there is no language '{1}'; languages are {2}", {asked, known}});
+    throw CommandError(WrongUsage, {TR("there is no language '{1}'; languages are {2}"), {asked, known}});
   }
   texts.SetLanguage(found);
 }
@@ -124,9 +124,9 @@ int Run(const std::vector<std::string>& arguments, Environment& environment) {
   } catch (const CommandError& failed) {
     return Complain(environment, failed.Sentence().In(texts.Translator()), failed.Status());
   } catch (const qor::xout_of_memory&) {
-    return Complain(environment, std::string(texts.Translate("Out of memory.")), FileFailed);
+    return Complain(environment, std::string(texts.Translate(TR("Out of memory."))), FileFailed);
   } catch (const std::bad_alloc&) {
-    return Complain(environment, std::string(texts.Translate("Out of memory.")), FileFailed);
+    return Complain(environment, std::string(texts.Translate(TR("Out of memory."))), FileFailed);
   } catch (const std::exception& failed) {
     return Complain(environment, failed.what(), DeviceFailed);
   }

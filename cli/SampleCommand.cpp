@@ -94,7 +94,7 @@ struct SampleOptions {
 void CheckOptions(const SampleOptions& options) {
   const int asked = (options.at.empty() ? 0 : 1) + (options.table ? 1 : 0) + (options.minutes > 0 ? 1 : 0);
   if (asked != 1) {
-    throw CommandError(WrongUsage, {"give one of --at HH:MM, --table and --every MINUTES", {}});
+    throw CommandError(WrongUsage, TR("give one of --at HH:MM, --table and --every MINUTES"));
   }
 }
 

@@ -30,9 +30,9 @@ std::vector<TCBase::Step> ReadSteps(const std::string& path, Invocation& invocat
   printer.WarnOfEach(remarks);
   if (reading.steps.empty()) {
     throw CommandError(FileFailed,
-                       {"{1} holds no steps; a line is 'hh:mm value' or 'hh:mm value J'", {name}});
+                       {TR("{1} holds no steps; a line is 'hh:mm value' or 'hh:mm value J'"), {name}});
   }
-  printer.Log().Message("Text contains {1} steps", {reading.steps.size()});
+  printer.Log().Message(TR("Text contains {1} steps"), {reading.steps.size()});
   return reading.steps;
 }
 
@@ -43,7 +43,7 @@ TCBase::EditResult Edit(const StepsOptions& options, TCBase::Mode& mode, std::si
   std::vector<TCBase::Step> added;
   TCBase::EditResult result = TCBase::AddSteps(mode, channel, ReadSteps(options.add, invocation), added);
   for (const TCBase::Step& step : added) {
-    invocation.printer.Log().Message("Added new step {1}.", {TCBase::StepText(step)});
+    invocation.printer.Log().Message(TR("Added new step {1}."), {TCBase::StepText(step)});
   }
   return result;
 }

@@ -49,7 +49,7 @@ ExitStatus RunTable(TableOptions& options, Invocation& invocation) {
   const auto faults = Apply(LoadText(options.set, invocation), NameOf(options.set, invocation), mode);
   if (!faults.empty()) {
     for (const qor::Sentence& fault : faults) invocation.printer.Complain(fault);
-    throw CommandError(FileFailed, {"{1} was not written", {options.out.path}});
+    throw CommandError(FileFailed, {TR("{1} was not written"), {options.out.path}});
   }
   ReportSteps(index, mode, invocation);
   Save(program, index, options.out.path, invocation);
@@ -78,14 +78,14 @@ void EditMode(TCBase::Mode& mode, Invocation& invocation) {
   const std::string path = WriteTextFile(heading + TCBase::WriteTableText(mode), invocation);
   while (true) {
     if (!invocation.environment.edit(path)) {
-      throw CommandError(WrongUsage,
-                         {"the editor failed; name one in the variable EDITOR. The text is in {1}", {path}});
+      throw CommandError(
+          WrongUsage, {TR("the editor failed; name one in the variable EDITOR. The text is in {1}"), {path}});
     }
-    const auto faults = Apply(LoadText(path, invocation), invocation.Text({"the text", {}}), mode);
+    const auto faults = Apply(LoadText(path, invocation), invocation.Text(TR("the text")), mode);
     if (faults.empty()) break;
     for (const qor::Sentence& fault : faults) invocation.printer.Complain(fault);
-    if (!IsConfirmed({"Edit it again?", {}}, invocation)) {
-      throw CommandError(Interrupted, {"nothing was written; your text is kept in {1}", {path}});
+    if (!IsConfirmed(TR("Edit it again?"), invocation)) {
+      throw CommandError(Interrupted, {TR("nothing was written; your text is kept in {1}"), {path}});
     }
   }
   platform::RemoveFile(path);
@@ -96,7 +96,7 @@ ExitStatus RunEdit(TableOptions& options, Invocation& invocation) {
   CheckProgramOutput(options.path, options.out, invocation);
   if (!invocation.environment.terminal.isInput) {
     throw CommandError(WrongUsage,
-                       {"an editor needs a terminal; \"halvex table\" does the same with files", {}});
+                       TR("an editor needs a terminal; \"halvex table\" does the same with files"));
   }
   TCBase::Program program = Load(options.path, invocation);
   const std::size_t index = ModeIndexOf(program, options.mode, options.path);
@@ -104,7 +104,7 @@ ExitStatus RunEdit(TableOptions& options, Invocation& invocation) {
   const TCBase::Mode before = mode;
   EditMode(mode, invocation);
   if (mode == before && options.out.isInPlace) {
-    ReportOn(index, mode, {"nothing was changed", {}}, invocation);
+    ReportOn(index, mode, TR("nothing was changed"), invocation);
     return Done;
   }
   ReportSteps(index, mode, invocation);

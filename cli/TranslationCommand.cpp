@@ -19,7 +19,7 @@ ExitStatus Export(const Output& output, Invocation& invocation) {
     return Done;
   }
   if (const qor::Sentence failure = invocation.texts.Export(path)) throw CommandError(FileFailed, failure);
-  invocation.printer.Log().Message("Localization file {1} exported successfully!", {path});
+  invocation.printer.Log().Message(TR("Localization file {1} exported successfully!"), {path});
   return Done;
 }
 
@@ -64,7 +64,7 @@ Runner DefineTranslation(CLI::App& parser) {
   AddForce(parser, *output);
   return [=](Invocation& invocation) {
     if (tested->empty() && output->path.empty()) {
-      throw CommandError(WrongUsage, {"give --export OUT or --test FILE", {}});
+      throw CommandError(WrongUsage, TR("give --export OUT or --test FILE"));
     }
     return tested->empty() ? Export(*output, invocation) : Test(*tested, invocation);
   };

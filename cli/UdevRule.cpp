@@ -53,26 +53,27 @@ std::string InstallRuleCommand(const platform::Computer& computer) {
 
 qor::Sentence AccessAdvice(const platform::Computer& computer) {
   using platform::Computer;
-  if (!computer.hasUdev) return {"end the other program that has it", {}};
+  if (!computer.hasUdev) return TR("end the other program that has it");
   const bool isForGroup = !computer.deviceGroup.empty();
   if (isForGroup && computer.inDeviceGroup == Computer::Membership::AfterLogin) {
-    return {"log out and in again: you have joined the group {1}, but not yet in this session",
+    return {TR("log out and in again: you have joined the group {1}, but not yet in this session"),
             {computer.deviceGroup}};
   }
   if (isForGroup && computer.inDeviceGroup == Computer::Membership::None) {
-    return {"the controller is for the group {1}: \"sudo adduser {2} {1}\", then log out and in again",
+    return {TR("the controller is for the group {1}: \"sudo adduser {2} {1}\", then log out and in again"),
             {computer.deviceGroup, computer.user}};
   }
   if (computer.isRemote) {
     return {
-        "\"{1}\" and \"sudo adduser {2} {3}\" give you access over the network; then plug the controller "
-        "in again, and log in again",
+        TR("\"{1}\" and \"sudo adduser {2} {3}\" give you access over the network; then plug the controller "
+           "in again, and log in again"),
         {InstallRuleCommand(computer), computer.user, UsualGroup}};
   }
   if (!computer.udevRule.empty()) {
-    return {"plug the controller in again; the rule {1} is there", {computer.udevRule}};
+    return {TR("plug the controller in again; the rule {1} is there"), {computer.udevRule}};
   }
-  return {"\"{1}\" gives you access once the controller is plugged in again", {InstallRuleCommand(computer)}};
+  return {TR("\"{1}\" gives you access once the controller is plugged in again"),
+          {InstallRuleCommand(computer)}};
 }
 
 std::string UdevRule(const std::string& group) {

@@ -41,7 +41,7 @@ std::string ReadPassword(Environment& environment) {
     environment.err << "Password: " << std::flush;
     const std::optional<std::string> line = environment.terminal.readHiddenLine();
     environment.err << std::endl;
-    if (!line) throw CommandError(Interrupted, {"no password was given; nothing was sent", {}});
+    if (!line) throw CommandError(Interrupted, TR("no password was given; nothing was sent"));
     password = *line;
   } else {
     std::getline(environment.in, password);
@@ -59,12 +59,12 @@ WiFiSettings SettingsOf(const WiFiOptions& options, const Environment& environme
   const bool isOpen = settings.security == WiFiSettings::Open;
   if (isOpen && (options.passwordFromInput || options.encryption)) {
     throw CommandError(WrongUsage,
-                       {"an open network has no password; leave --password-stdin and --encryption out", {}});
+                       TR("an open network has no password; leave --password-stdin and --encryption out"));
   }
   if (!isOpen && !options.passwordFromInput && !environment.terminal.isInput) {
     throw CommandError(
         WrongUsage,
-        {"a protected network needs its password: add --password-stdin and give it on standard input", {}});
+        TR("a protected network needs its password: add --password-stdin and give it on standard input"));
   }
   return settings;
 }
@@ -73,14 +73,14 @@ void Complain(WiFiFault found, const WiFiSettings& settings) {
   qor::Sentence fault;
   switch (found) {
     case WiFiFault::None: return;
-    case WiFiFault::NoName: fault = {"the network's name is empty", {}}; break;
-    case WiFiFault::NoPassword: fault = {"the password is empty", {}}; break;
+    case WiFiFault::NoName: fault = TR("the network's name is empty"); break;
+    case WiFiFault::NoPassword: fault = TR("the password is empty"); break;
     case WiFiFault::NameTooLong:
-      fault = {"the network's name has {1} bytes; a controller takes at most {2}",
+      fault = {TR("the network's name has {1} bytes; a controller takes at most {2}"),
                {settings.ssid.size(), TCBase::MostNameBytes(settings.security)}};
       break;
     case WiFiFault::PasswordTooLong:
-      fault = {"the password has {1} bytes; a controller takes at most {2}",
+      fault = {TR("the password has {1} bytes; a controller takes at most {2}"),
                {settings.password.size(), TCBase::MostPasswordBytes}};
       break;
   }
@@ -92,11 +92,11 @@ ExitStatus RunWiFi(const WiFiOptions& options, Invocation& invocation) {
   const WiFiFault fault = TCBase::FaultOf(settings);
   if (fault != WiFiFault::NoPassword) Complain(fault, settings);
   const std::vector<TCBase::DeviceInfo> devices = DevicesOf(options.devices, invocation);
-  if (devices.size() > 1) throw CommandError(WrongUsage, {"one controller at a time can be set up", {}});
+  if (devices.size() > 1) throw CommandError(WrongUsage, TR("one controller at a time can be set up"));
   const TCBase::DeviceInfo& device = devices.front();
   if (!TCBase::IsTC421(device.kind)) {
     throw CommandError(WrongUsage,
-                       {"only a TC421 has Wi-Fi; name one with --device tc421, or its address", {}});
+                       TR("only a TC421 has Wi-Fi; name one with --device tc421, or its address"));
   }
   // The controller is there, so the password is asked for.
   if (settings.security != WiFiSettings::Open) settings.password = ReadPassword(invocation.environment);
@@ -105,14 +105,13 @@ ExitStatus RunWiFi(const WiFiOptions& options, Invocation& invocation) {
   const int wait = options.devices.waitSeconds;
   const auto setUp = [&] { outcome = TCBase::SetupWiFi(device, settings, ContextOf(invocation, wait)); };
   // A name without its password would leave the controller in no network at all: it is finished in any case.
-  const ExitStatus status = RunJob({[&](TCBase::Worker& worker) { worker.Enqueue(setUp); },
-                                    wait,
-                                    {"waiting for the controller, which needs all of it", {}}},
+  const ExitStatus status = RunJob({[&](TCBase::Worker& worker) { worker.Enqueue(setUp); }, wait,
+                                    TR("waiting for the controller, which needs all of it")},
                                    invocation, [&](TCBase::Worker&) { return std::vector{outcome}; });
   if (status == Done) {
     invocation.printer.Log().Message(
-        "The controller has the settings of {1}. Whether it could join, it does not say: look for it with "
-        "halvex devices --scan in a minute.",
+        TR("The controller has the settings of {1}. Whether it could join, it does not say: look for it with "
+           "halvex devices --scan in a minute."),
         {settings.ssid});
   }
   return status;

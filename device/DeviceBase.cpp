@@ -22,7 +22,7 @@ bool DeviceBase::TryOpenAlone(const std::string& lockName) {
   if (context_.locks != nullptr && !lockName.empty()) {
     lock_ = context_.locks->TryTake(lockName);
     if (lock_ == nullptr) {
-      SetOpenFailure({{"in use by another program", {}}, Denial::InUse});
+      SetOpenFailure({TR("in use by another program"), Denial::InUse});
       return false;
     }
   }
@@ -88,7 +88,7 @@ bool DeviceBase::ClearLine() {
     return true;
   }
   if (surplus_.Clear(drop)) return true;
-  SetLastFailure({"answers that belong to no packet do not end", {}});
+  SetLastFailure(TR("answers that belong to no packet do not end"));
   return false;
 }
 

@@ -14,7 +14,7 @@ constexpr int MostPassedOver = 1000;  // datagrams of others, at a time
 bool UDPDevice::Open() {
   if (Network().IsOwn(info_.address)) {
     SetOpenFailure(
-        {{"that is this computer's own address", {}}});  // where its packets would come back as replies
+        {TR("that is this computer's own address")});  // where its packets would come back as replies
     return false;
   }
   if (port_.Open()) return true;
@@ -78,7 +78,7 @@ bool UDPDevice::Transact(const PacketBase& packet, int expected) {
     isAnswerOwed_ = attempt > 0;
     return Counted(CheckReply(reply, expected));
   }
-  SetLastFailure({"no answer", {}});
+  SetLastFailure(TR("no answer"));
   return Counted(false);
 }
 

@@ -27,11 +27,12 @@ OpenFailure FailureOf(const std::string& text, const UsbId& id) {
   const qor::Sentence system = qor::Verbatim(text);
   switch (platform::KindOfText(text)) {
     case platform::ErrorKind::AccessDenied:
-      return {{"no permission to open it", {}, {system}}, Denial::NoPermission};
+      return {{TR("no permission to open it"), {}, {system}}, Denial::NoPermission};
     case platform::ErrorKind::SharingViolation:
-      return {{"in use by another program", {}, {system}}, Denial::InUse};
+      return {{TR("in use by another program"), {}, {system}}, Denial::InUse};
     default:
-      return PathsOnUsb(id).empty() ? OpenFailure{{"no {1} is plugged in", {id.model}}} : OpenFailure{system};
+      return PathsOnUsb(id).empty() ? OpenFailure{{TR("no {1} is plugged in"), {id.model}}}
+                                    : OpenFailure{system};
   }
 }
 
@@ -112,8 +113,8 @@ bool USBDevice::Transact(const PacketBase& packet, int expected) {
   if (!ClearLine() || !WritePacket(packet) || !Read(reply)) return Counted(false);
   if (reply.size() > PacketBytes) Surplus().WasSurplus();
   if (CheckReply(reply, expected)) return true;
-  SetLastFailure(reply.empty() ? qor::Sentence{"no answer", {}}
-                               : qor::Sentence{"an answer that makes no sense", {}});
+  SetLastFailure(reply.empty() ? qor::Sentence(TR("no answer"))
+                               : qor::Sentence(TR("an answer that makes no sense")));
   return Counted(false);
 }
 

@@ -25,12 +25,12 @@ bool UdpPort::Failed(std::string_view call) {
   context_.log.Trace(line);
   switch (error.kind) {
     case platform::ErrorKind::AddressInUse:
-      openFault_ = {{"UDP port {1} of this computer is in use by another program", {ControllerPort}},
+      openFault_ = {{TR("UDP port {1} of this computer is in use by another program"), {ControllerPort}},
                     Denial::InUse};
       break;
     case platform::ErrorKind::AccessDenied:
       openFault_ = {
-          {"no permission to use UDP port {1} of this computer", {ControllerPort}, {qor::Verbatim(line)}},
+          {TR("no permission to use UDP port {1} of this computer"), {ControllerPort}, {qor::Verbatim(line)}},
           Denial::NoPermission};
       break;
     default: openFault_ = {qor::Verbatim(line)};

@@ -36,7 +36,7 @@ qor::Sentence Attempt(const std::function<void()>& work) {
   } catch (const qor::xout_of_memory&) {
   } catch (const std::bad_alloc&) {
   }
-  return {"Out of memory.", {}};
+  return TR("Out of memory.");
 }
 
 std::string ReadFileBytes(const std::string& path, std::size_t limit) {

@@ -27,16 +27,16 @@ std::size_t NameStart(const std::string& path) {
 }
 
 ImportResult FailedToLoad(const std::string& path, qor::Sentence reason) {
-  return {false, {"Error loading program {1}", {path}, {std::move(reason)}}};
+  return {false, {TR("Error loading program {1}"), {path}, {std::move(reason)}}};
 }
 
 constexpr std::size_t MostBytes = qor::xml::reader::MaxBytes;
 
 ImportResult ImportMode(const FileFormat& format, std::string_view bytes, const std::string& name,
                         Mode& mode) {
-  if (!format.IsRead()) return FailedToLoad(name, {"{1} files are written only", {format.name}});
+  if (!format.IsRead()) return FailedToLoad(name, {TR("{1} files are written only"), {format.name}});
   if (bytes.size() > MostBytes) {
-    return FailedToLoad(name, {"the file is larger than {1} MiB", {MostBytes >> 20}});
+    return FailedToLoad(name, {TR("the file is larger than {1} MiB"), {MostBytes >> 20}});
   }
   mode = {BareName(name), "", {}};
   ImportResult result = format.import(bytes, mode);
@@ -117,22 +117,22 @@ ImportResult ReadAnyBytes(const FileFormat& format, std::string bytes, const std
 
 qor::Sentence RefusalOf(const FileFormat& format, const Mode& mode) {
   if (StepCount(mode) >= format.fewestSteps) return {};
-  return {"Unable to save mode {1} as {2}, it has no steps.", {mode.name, format.name}};
+  return {TR("Unable to save mode {1} as {2}, it has no steps."), {mode.name, format.name}};
 }
 
 std::vector<qor::Sentence> LossesOf(const FileFormat& format, const Mode& mode) {
   std::vector<qor::Sentence> losses;
   if (format.isHalfHourly && std::ranges::any_of(mode.channels, HasJump)) {
-    losses.push_back({"{1} files carry no jumps, only the values at each half hour", {format.name}});
+    losses.push_back({TR("{1} files carry no jumps, only the values at each half hour"), {format.name}});
   }
   if (const std::string times = TimesOffHalfHours(mode); format.isHalfHourly && !times.empty()) {
     losses.push_back(
-        {"{1} files hold the values at half hours; lost are the steps at {2}", {format.name, times}});
+        {TR("{1} files hold the values at half hours; lost are the steps at {2}"), {format.name, times}});
   }
   const int steps = StepCount(mode);
   if (format.mostSteps > 0 && steps > format.mostSteps) {
     losses.push_back(
-        {"the mode has {1} steps; a reader may take only the first {2}", {steps, format.mostSteps}});
+        {TR("the mode has {1} steps; a reader may take only the first {2}"), {steps, format.mostSteps}});
   }
   return losses;
 }
@@ -145,13 +145,13 @@ qor::Sentence WriteMode(const FileFormat& format, const Mode& mode, const std::s
   if (qor::Sentence refusal = RefusalOf(format, mode)) return refusal;
   const qor::Sentence reason = Attempt([&] { ReplaceFileBytes(path, format.exported(mode)); });
   if (!reason) return {};
-  return {"Error creating file {1}, error: {2}", {path, reason.In(qor::InEnglish)}};
+  return {TR("Error creating file {1}, error: {2}"), {path, reason.In(qor::InEnglish)}};
 }
 
 qor::Sentence WriteWholeProgram(const Program& program, const std::string& path) {
   qor::Sentence reason = SaveProgram(program, path);
   if (!reason) return {};
-  return {"Error saving program {1}", {path}, {std::move(reason)}};
+  return {TR("Error saving program {1}"), {path}, {std::move(reason)}};
 }
 
 }  // namespace TCBase

@@ -23,9 +23,9 @@ int SwapNibbles(int byte) {
 ImportResult ImportLMF(std::string_view bytes, Mode& mode) {
   if (bytes.size() != FileSize) {
     return {false,
-            {"Invalid file format",
+            {TR("Invalid file format"),
              {},
-             {{"an LMF file has {1} bytes, this one has {2}", {FileSize, bytes.size()}}}}};
+             {{TR("an LMF file has {1} bytes, this one has {2}"), {FileSize, bytes.size()}}}}};
   }
   for (std::size_t slot = 0; slot < SlotCount; ++slot) {
     for (std::size_t i = 0; i < ChannelCount; ++i) {

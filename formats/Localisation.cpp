@@ -11,11 +11,11 @@ constexpr std::size_t MaxFileBytes = std::size_t{4} << 20;  // of a translator's
 
 /// For a file of which nothing was loaded.
 TranslationTest Refused(qor::Sentence message) {
-  return {false, false, {"Invalid Translation File", {}}, std::move(message), {}};
+  return {false, false, TR("Invalid Translation File"), std::move(message), {}};
 }
 
 TranslationTest Unread(const std::string& path, qor::Sentence reason) {
-  return Refused({"{1} could not be read", {path}, {std::move(reason)}});
+  return Refused({TR("{1} could not be read"), {path}, {std::move(reason)}});
 }
 
 }  // namespace
@@ -55,10 +55,10 @@ std::string Localisation::FindLanguage(std::string_view asked) {
 std::vector<qor::Sentence> Localisation::SetLanguage(std::string_view id) {
   const std::lock_guard lock(mutex_);
   current_ = table_.LanguageIndex(id);
-  if (!current_) return {{"Language set to English", {}}};
+  if (!current_) return {TR("Language set to English")};
   const StringTable::Language& language = table_.Languages()[*current_];
-  std::vector<qor::Sentence> report = {{"Language set to {1}", {language.name}}};
-  if (!language.author.empty()) report.push_back({"translated by {1}!", {language.author}});
+  std::vector<qor::Sentence> report = {{TR("Language set to {1}"), {language.name}}};
+  if (!language.author.empty()) report.push_back({TR("translated by {1}!"), {language.author}});
   return report;
 }
 
@@ -70,7 +70,7 @@ std::string Localisation::ExportText() {
 qor::Sentence Localisation::Export(const std::string& path) {
   qor::Sentence reason = Attempt([&] { ReplaceFileBytes(path, ExportText()); });
   if (!reason) return {};
-  return {"Error exporting localization file {1}!", {path}, {std::move(reason)}};
+  return {TR("Error exporting localization file {1}!"), {path}, {std::move(reason)}};
 }
 
 TranslationTest Localisation::Test(const std::string& path) {
@@ -81,7 +81,7 @@ TranslationTest Localisation::Test(const std::string& path) {
 
 TranslationTest Localisation::TestText(std::string bytes, const std::string& name) {
   if (bytes.size() > MaxFileBytes) {
-    return Unread(name, {"the file is larger than {1} MiB", {MaxFileBytes >> 20}});
+    return Unread(name, {TR("the file is larger than {1} MiB"), {MaxFileBytes >> 20}});
   }
   const std::lock_guard lock(mutex_);
   StringTable::MergeResult merged = table_.Merge(std::move(bytes));
@@ -90,23 +90,24 @@ TranslationTest Localisation::TestText(std::string bytes, const std::string& nam
       return std::string(table_.Translate(text, current_));
     };
     return Refused(
-        {"Error loading the XML translation file!\r\n{1}\r\n\r\nThis is most probably caused by invalid "
-         "XML.\r\n"
-         "Please try to open your XML file in your web browser to see the parsing error location.",
+        {TR("Error loading the XML translation file!\r\n{1}\r\n\r\nThis is most probably caused by invalid "
+            "XML.\r\n"
+            "Please try to open your XML file in your web browser to see the parsing error location."),
          {merged.failure.In(translate)}});
   }
-  if (merged.failure) return Refused({"{1} is no file of translations", {name}, {std::move(merged.failure)}});
+  if (merged.failure)
+    return Refused({TR("{1} is no file of translations"), {name}, {std::move(merged.failure)}});
   if (!merged.isWhole) {
     return {true,
             false,
-            {"Invalid Translation File", {}},
-            {"Translation file {1} loaded in part, without what is faulty", {name}},
+            TR("Invalid Translation File"),
+            {TR("Translation file {1} loaded in part, without what is faulty"), {name}},
             std::move(merged.remarks)};
   }
   return {true,
           true,
-          {"Test localization XML", {}},
-          {"Translation file {1} loaded successfully!", {name}},
+          TR("Test localization XML"),
+          {TR("Translation file {1} loaded successfully!"), {name}},
           std::move(merged.remarks)};
 }
 

@@ -13,7 +13,7 @@ LogFile::LogFile(const std::string& path, qor::Log& log) {
   const std::filesystem::path file(std::u8string(path.begin(), path.end()));
   file_.open(file, std::ios::app | std::ios::binary);
   if (!file_) {
-    log.Message("Error creating file {1}, error: {2}", {path, platform::RuntimeErrorText(errno)});
+    log.Message(TR("Error creating file {1}, error: {2}"), {path, platform::RuntimeErrorText(errno)});
   }
 }
 

@@ -108,15 +108,16 @@ class ProgramReader {
   std::optional<qor::xml::error> Failure(const element& root, const qor::xml::document& source) const {
     if (!program_.modes.empty()) return std::nullopt;
     if (firstDropped_) return firstDropped_;
-    return qor::xml::error{source.PositionOf(root), {"there is no mode in the file", {}}};
+    return qor::xml::error{source.PositionOf(root), TR("there is no mode in the file")};
   }
 
   Program Take() { return std::move(program_); }
 
  private:
   static qor::xml::error DropMessage(const element& mode, const qor::xml::document& source) {
-    return {source.PositionOf(mode),
-            {"there is no mode with {1} channels; the one here has {2}", {ChannelCount, mode.ChildCount()}}};
+    return {
+        source.PositionOf(mode),
+        {TR("there is no mode with {1} channels; the one here has {2}"), {ChannelCount, mode.ChildCount()}}};
   }
 
   void ReadChannelInfos(const element& list) {

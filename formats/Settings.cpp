@@ -102,7 +102,7 @@ void Settings::Change(qor::xml::element setting, const std::string& value) {
   const std::string bytes = Written(document_);
   const platform::SystemError failed = WriteFile(bytes);
   if (failed && !hasReported_) {
-    log_.Message("Error creating file {1}, error: {2}", {path_, failed.text});
+    log_.Message(TR("Error creating file {1}, error: {2}"), {path_, failed.text});
     hasReported_ = true;
   }
   document_.Parse(bytes);  // a tree keeps the texts that were replaced; so they go

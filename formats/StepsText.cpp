@@ -53,14 +53,15 @@ void AddRemarks(const std::vector<std::string_view>& fields, const Step& step, s
   if (NumberAt(fields[0]) != step.hour || NumberAt(fields[1]) != step.minute) {
     const std::string time = Shown(fields[0]) + ":" + Shown(fields[1]);
     const std::int64_t minute = step.MinuteOfDay();
-    remarks.push_back({"line {1}: {2} is no time of day and became {3}", {line, time, MinuteText(minute)}});
+    remarks.push_back(
+        {TR("line {1}: {2} is no time of day and became {3}"), {line, time, MinuteText(minute)}});
   }
   if (NumberAt(fields[2]) != WholePercent(step.value)) {
-    remarks.push_back({"line {1}: {2} is no percentage and became {3}",
+    remarks.push_back({TR("line {1}: {2} is no percentage and became {3}"),
                        {line, Shown(fields[2]), WholePercent(step.value)}});
   }
   if (fields.size() == 4 && !IsJump(fields[3])) {
-    remarks.push_back({"line {1}: {2} is not J and was passed over", {line, Shown(fields[3])}});
+    remarks.push_back({TR("line {1}: {2} is not J and was passed over"), {line, Shown(fields[3])}});
   }
 }
 
@@ -99,11 +100,11 @@ StepsReading ReadStepsText(std::string_view text) {
     }
   }
   if (!withoutNumber.empty()) {
-    reading.remarks.insert(reading.remarks.begin(),
-                           {"Lines with a missing number (read as 0): {1}", {NumbersText(withoutNumber)}});
+    reading.remarks.insert(reading.remarks.begin(), {TR("Lines with a missing number (read as 0): {1}"),
+                                                     {NumbersText(withoutNumber)}});
   }
   if (!skipped.empty())
-    reading.remarks.insert(reading.remarks.begin(), {"Skipped lines: {1}", {NumbersText(skipped)}});
+    reading.remarks.insert(reading.remarks.begin(), {TR("Skipped lines: {1}"), {NumbersText(skipped)}});
   return reading;
 }
 
@@ -111,7 +112,7 @@ qor::Sentence RefusalToEdit(std::string_view text) {
   constexpr std::size_t Most = 2048;  // that a dialog takes
   const std::size_t length = qor::win::Utf16FromUtf8(text).size();
   if (length <= Most) return {};
-  return {"The steps make a text of {1} characters, at most {2} can be edited here.", {length, Most}};
+  return {TR("The steps make a text of {1} characters, at most {2} can be edited here."), {length, Most}};
 }
 
 }  // namespace TCBase

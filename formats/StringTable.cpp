@@ -13,8 +13,8 @@ namespace {
 using qor::xml::element;
 
 constexpr std::string_view UntranslatedMark = "translate";
-constexpr const char* UnknownLanguage = "the program has no language '{1}'";
-constexpr const char* Misplaced = "a translation belongs into an element of its language, such as <de>";
+constexpr qor::English UnknownLanguage = TR("the program has no language '{1}'");
+constexpr qor::English Misplaced = TR("a translation belongs into an element of its language, such as <de>");
 
 /// How often each placeholder stands in a text.
 std::map<std::size_t, int> PlaceholdersOf(std::string_view text) {
@@ -52,13 +52,14 @@ qor::Sentence PlaceholderFault(std::string_view english, std::string_view transl
   const std::map<std::size_t, int> expected = PlaceholdersOf(english);
   const std::map<std::size_t, int> found = PlaceholdersOf(translation);
   for (const auto& [number, count] : expected) {
-    if (!found.contains(number)) return {"the text lacks the placeholder {{1}}", {number}};
+    if (!found.contains(number)) return {TR("the text lacks the placeholder {{1}}"), {number}};
     if (found.at(number) != count) {
-      return {"the placeholder {{1}} must stand in the text as often as in the English one", {number}};
+      return {TR("the placeholder {{1}} must stand in the text as often as in the English one"), {number}};
     }
   }
   for (const auto& [number, count] : found) {
-    if (!expected.contains(number)) return {"there is no placeholder {{1}} in the English text", {number}};
+    if (!expected.contains(number))
+      return {TR("there is no placeholder {{1}} in the English text"), {number}};
   }
   return {};
 }
@@ -92,7 +93,7 @@ class StringTable::Remarks {
     return qor::xml::error{file_.PositionOf(where), std::move(remark)}.Told();
   }
   MergeResult Take() {
-    if (moreCount_ > 0) result.remarks.push_back({"{1} more like these", {moreCount_}});
+    if (moreCount_ > 0) result.remarks.push_back({TR("{1} more like these"), {moreCount_}});
     return std::move(result);
   }
 
@@ -170,11 +171,11 @@ StringTable::MergeResult StringTable::Merge(std::string xml) {
   const element root = file.Root();
   const element strings = root.FindChild("strings");
   if (root.Name() != "localisation" || !strings) {
-    return {remarks.At(root,
-                       {"<localisation> with <strings> was expected here, as an exported file has them", {}}),
-            true,
-            {},
-            false};
+    return {
+        remarks.At(root, TR("<localisation> with <strings> was expected here, as an exported file has them")),
+        true,
+        {},
+        false};
   }
   ForEachChild(root.FindChild("languages"), [&](const element& child) { MergeLanguage(child, remarks); });
   for (const element& list : {strings, root.FindChild("not_found")}) {
@@ -195,11 +196,11 @@ void StringTable::MergeLanguage(const element& source, Remarks& remarks) {
 void StringTable::MergeEntry(const element& source, Remarks& remarks) {
   const std::string_view id = source.Attribute("id");
   if (source.Name() != "string" || id.empty()) {
-    return remarks.AddFault(source, {"<string id='…'> with an English text was expected here", {}});
+    return remarks.AddFault(source, TR("<string id='…'> with an English text was expected here"));
   }
   Entry& entry = EntryToMerge(id);
-  if (notFound_.Find(entry.id)) remarks.Add(source, {"the program has no text '{1}'", {id}});
-  if (!source.Text().empty()) remarks.AddFault(source, {Misplaced, {}});
+  if (notFound_.Find(entry.id)) remarks.Add(source, {TR("the program has no text '{1}'"), {id}});
+  if (!source.Text().empty()) remarks.AddFault(source, Misplaced);
   ForEachChild(source, [&](const element& text) {
     if (qor::Sentence fault = FaultOf(text, entry.id)) {
       remarks.AddFault(text, std::move(fault));
@@ -211,8 +212,7 @@ void StringTable::MergeEntry(const element& source, Remarks& remarks) {
 
 /// Why a text of a translator's file is left out.
 qor::Sentence StringTable::FaultOf(const element& text, std::string_view english) const {
-  if (text.Name() == UntranslatedMark)
-    return text.Text().empty() ? qor::Sentence() : qor::Sentence{Misplaced, {}};
+  if (text.Name() == UntranslatedMark) return text.Text().empty() ? qor::Sentence() : Misplaced;
   if (!LanguageIndex(text.Name())) return {UnknownLanguage, {text.Name()}};
   return PlaceholderFault(english, text.Text());
 }

@@ -51,16 +51,17 @@ class Reader {
     if (fields.empty()) return;
     const std::optional<int> minute = MinuteOf(fields[0]);
     if (!minute) {
-      return Fault({"line {1}: '{2}' is no time of day; give it as HH:MM", {line, Shown(fields[0])}});
+      return Fault({TR("line {1}: '{2}' is no time of day; give it as HH:MM"), {line, Shown(fields[0])}});
     }
     if (fields.size() != 1 + ChannelCount) {
       return Fault(
-          {"line {1}: there are {2} values behind the time; one for each of the {3} channels is needed",
+          {TR("line {1}: there are {2} values behind the time; one for each of the {3} channels is needed"),
            {line, fields.size() - 1, ChannelCount}});
     }
     const auto [first, isNew] = lines_.emplace(*minute, line);
     if (!isNew)
-      return Fault({"line {1}: {2} stands in line {3} already", {line, MinuteText(*minute), first->second}});
+      return Fault(
+          {TR("line {1}: {2} stands in line {3} already"), {line, MinuteText(*minute), first->second}});
     for (std::size_t i = 0; i < ChannelCount; ++i) ReadCell(line, i, *minute, fields[1 + i]);
   }
 
@@ -74,8 +75,8 @@ class Reader {
     const bool isJump = rest == "J" || rest == "j";
     if (!percent || (!rest.empty() && !isJump)) {
       return Fault(
-          {"line {1}, channel {2}: '{3}' is no brightness; give 0 to 100, with J behind it for a jump, "
-           "or - for no step",
+          {TR("line {1}, channel {2}: '{3}' is no brightness; give 0 to 100, with J behind it for a jump, "
+              "or - for no step"),
            {line, channel + 1, Shown(cell)}});
     }
     Step step{minute / 60, minute % 60, static_cast<float>(*percent), isJump, 0};

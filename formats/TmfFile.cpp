@@ -49,16 +49,17 @@ void AppendSteps(std::string_view record, Mode& mode) {
 ImportResult ImportTMF(std::string_view bytes, Mode& mode) {
   if (bytes.size() <= Header.size() || (bytes.size() - Header.size()) % RecordSize != 0) {
     return {false,
-            {"Invalid file format",
+            {TR("Invalid file format"),
              {},
-             {{"a TMF file has {1} bytes and {2} more for each step, this one has {3}",
+             {{TR("a TMF file has {1} bytes and {2} more for each step, this one has {3}"),
                {Header.size(), RecordSize, bytes.size()}}}}};
   }
   const std::size_t count = (bytes.size() - Header.size()) / RecordSize;
   ImportResult result{true, {}};
   if (count > MaxModeSteps) {
-    result.message = {
-        "TMF max number of steps exceeded. Limiting to {1}", {MaxModeSteps}, {{"the file has {1}", {count}}}};
+    result.message = {TR("TMF max number of steps exceeded. Limiting to {1}"),
+                      {MaxModeSteps},
+                      {{TR("the file has {1}"), {count}}}};
   }
   for (std::size_t i = 0; i < std::min<std::size_t>(count, MaxModeSteps); ++i) {
     AppendSteps(bytes.substr(Header.size() + i * RecordSize, RecordSize), mode);

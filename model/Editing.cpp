@@ -15,25 +15,25 @@ namespace {
 
 constexpr std::int64_t LastMinuteSecond = SecondsPerDay - 60;
 
-EditResult Changed(std::string english, std::vector<qor::FormatArgument> arguments = {}) {
-  return {true, {std::move(english), std::move(arguments)}};
+EditResult Changed(qor::English english, std::vector<qor::FormatArgument> arguments = {}) {
+  return {true, {english, std::move(arguments)}};
 }
 
-EditResult Unchanged(std::string english, std::vector<qor::FormatArgument> arguments = {}) {
-  return {false, {std::move(english), std::move(arguments)}};
+EditResult Unchanged(qor::English english, std::vector<qor::FormatArgument> arguments = {}) {
+  return {false, {english, std::move(arguments)}};
 }
 
-EditResult Refused(std::string english, std::vector<qor::FormatArgument> arguments = {}) {
-  return {false, {std::move(english), std::move(arguments)}, true};
+EditResult Refused(qor::English english, std::vector<qor::FormatArgument> arguments = {}) {
+  return {false, {english, std::move(arguments)}, true};
 }
 
 EditResult RefusedAtLimit() {
-  return Refused("Unable to add new step. Maximum number of {1} steps for the current mode reached",
+  return Refused(TR("Unable to add new step. Maximum number of {1} steps for the current mode reached"),
                  {MaxModeSteps});
 }
 
 EditResult RefusedAtFewest() {
-  return Refused("Unable to delete step. Minimum 2 steps per channel is required.");
+  return Refused(TR("Unable to delete step. Minimum 2 steps per channel is required."));
 }
 
 std::vector<Step> WithNewIds(std::vector<Step> steps) {
@@ -129,8 +129,9 @@ EditResult AddStepToAllChannels(Mode& mode, std::int64_t second) {
     PutInOrder(channel);
   }
   const std::string time = MinuteText(minute % MinutesPerDay);
-  if (mode == before) return Unchanged("All channels have a step at {1} already, nothing was added.", {time});
-  return Changed("Added step at {1} to all channels. Current number of steps is {2}.",
+  if (mode == before)
+    return Unchanged(TR("All channels have a step at {1} already, nothing was added."), {time});
+  return Changed(TR("Added step at {1} to all channels. Current number of steps is {2}."),
                  {time, StepCount(mode)});
 }
 
@@ -144,7 +145,7 @@ EditResult AlignSteps(Mode& mode, int minutes) {
     channel.steps = Aligned(channel.steps, minutes);
     PutInOrder(channel);
   }
-  return Changed("All steps were aligned to {1} minute intervals. Current number of steps is {2}.",
+  return Changed(TR("All steps were aligned to {1} minute intervals. Current number of steps is {2}."),
                  {minutes, StepCount(mode)});
 }
 
@@ -154,20 +155,20 @@ EditResult DeleteStep(Mode& mode, std::size_t channel, std::size_t step) {
   if (step >= steps.size()) return {};
   if (steps.size() <= MinChannelSteps) return RefusedAtFewest();
   steps.erase(steps.begin() + static_cast<std::ptrdiff_t>(step));
-  return Changed("Step deleted. Current number of steps: {1}", {StepCount(mode)});
+  return Changed(TR("Step deleted. Current number of steps: {1}"), {StepCount(mode)});
 }
 
 EditResult OptimiseForTC421(Mode& mode) {
   mode = ResampleAt30Minutes(mode);
   RemoveRedundantSteps(mode);
   return Changed(
-      "All steps were aligned to 30 minute intervals. This is useful for configuring TC421 device.");
+      TR("All steps were aligned to 30 minute intervals. This is useful for configuring TC421 device."));
 }
 
 EditResult CopySteps(const Mode& mode, std::size_t channel, StepClipboard& clipboard) {
   if (channel >= ChannelCount) return {};
   clipboard = mode.channels[channel].steps;
-  return Unchanged("Copied steps to clipboard");
+  return Unchanged(TR("Copied steps to clipboard"));
 }
 
 EditResult PasteSteps(Mode& mode, std::size_t channel, const StepClipboard& clipboard) {
@@ -177,23 +178,23 @@ EditResult PasteSteps(Mode& mode, std::size_t channel, const StepClipboard& clip
   changed.channels[channel].steps = WithNewIds(*clipboard);
   if (IsOverLimit(changed, mode)) return RefusedAtLimit();
   mode = std::move(changed);
-  return Changed("Pasted steps from clipboard");
+  return Changed(TR("Pasted steps from clipboard"));
 }
 
 EditResult MoveStepsUp(Mode& mode, std::size_t& channel) {
   if (channel >= ChannelCount) return {};
-  return {SwapSteps(mode, channel, -1), {"Moved steps up", {}}};
+  return {SwapSteps(mode, channel, -1), TR("Moved steps up")};
 }
 
 EditResult MoveStepsDown(Mode& mode, std::size_t& channel) {
   if (channel >= ChannelCount) return {};
-  return {SwapSteps(mode, channel, 1), {"Moved steps down", {}}};
+  return {SwapSteps(mode, channel, 1), TR("Moved steps down")};
 }
 
 EditResult ClearSteps(Mode& mode, std::size_t channel) {
   if (channel >= ChannelCount) return {};
   mode.channels[channel].steps = {MakeStep(8, 0, 0), MakeStep(22, 0, 0)};
-  return Changed("Cleared all steps");
+  return Changed(TR("Cleared all steps"));
 }
 
 EditResult AddSteps(Mode& mode, std::size_t channel, const std::vector<Step>& steps,
@@ -208,7 +209,7 @@ EditResult AddSteps(Mode& mode, std::size_t channel, const std::vector<Step>& st
   changed.channels[channel] = WithKeptIds(std::move(edited), before);
   EditResult result = Put(mode, std::move(changed));
   if (result.isRefused) return result;
-  if (!result.isChanged) return Unchanged("The channel has these steps already, nothing was added.");
+  if (!result.isChanged) return Unchanged(TR("The channel has these steps already, nothing was added."));
   std::ranges::copy_if(mode.channels[channel].steps, std::back_inserter(added), [&before](const Step& step) {
     return std::ranges::find(before.steps, step) == before.steps.end();
   });
@@ -230,7 +231,7 @@ EditResult ReplaceAllSteps(Mode& mode, const std::array<std::vector<Step>, Chann
     Channel& edited = changed.channels[i];
     edited = WithKeptIds({steps[i]}, mode.channels[i]);
     if (edited.steps.size() < MinChannelSteps) {
-      return {false, {"Channel {1}", {i + 1}, {RefusedAtFewest().status}}, true};
+      return {false, {TR("Channel {1}"), {i + 1}, {RefusedAtFewest().status}}, true};
     }
   }
   return Put(mode, std::move(changed));

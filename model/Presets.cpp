@@ -27,24 +27,25 @@ Channel Curve(const Point (&points)[Count]) {
 }  // namespace
 
 void FillNormal(Mode& mode, const qor::Translate& translate) {
-  mode.name = translate("Normal");
+  mode.name = translate(TR("Normal"));
   mode.description = translate(
-      "Daily program that starts at 8:00, decreases intensity during the afternoon and finishes before "
-      "midnight.");
+      TR("Daily program that starts at 8:00, decreases intensity during the afternoon and finishes before "
+         "midnight."));
   for (std::size_t i = 0; i + 1 < ChannelCount; ++i) mode.channels[i] = Curve(WorkingDay);
   mode.channels[ChannelCount - 1] = Curve(DimDay);
 }
 
 void FillAlwaysOn(Mode& mode, const qor::Translate& translate) {
-  mode.name = translate("AlwaysOn");
-  mode.description = translate("Program that puts all light on maximum power. This is useful for cleaning.");
+  mode.name = translate(TR("AlwaysOn"));
+  mode.description =
+      translate(TR("Program that puts all light on maximum power. This is useful for cleaning."));
   for (Channel& channel : mode.channels) channel = Curve(FullDay);
 }
 
 Program NewProgram(const qor::Translate& translate) {
   Program program;
   for (std::size_t i = 0; i < ChannelCount; ++i) {
-    program.channelInfos[i].name = qor::Format(translate("Channel {1}"), {i + 1});
+    program.channelInfos[i].name = qor::Format(translate(TR("Channel {1}")), {i + 1});
     program.channelInfos[i].colour = ChannelPalette[i];
   }
   program.modes.resize(2);

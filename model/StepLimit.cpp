@@ -43,7 +43,7 @@ RemovalCandidate FindRemovalCandidate(const Mode& mode) {
 
 bool OptimiseMode(Mode& mode, qor::Log& log, int most) {
   if (StepCount(mode) <= most) return true;
-  log.Message("Mode {1} has more than {2} steps, optimizing...", {mode.name, most});
+  log.Message(TR("Mode {1} has more than {2} steps, optimizing..."), {mode.name, most});
   StepThinner thinner(mode);
   while (thinner.StepCount() > most) {
     const RemovalCandidate candidate = thinner.Cheapest();
@@ -52,7 +52,7 @@ bool OptimiseMode(Mode& mode, qor::Log& log, int most) {
   }
   thinner.PutBack();
   if (thinner.StepCount() <= most) return true;
-  log.Message("Unable to optimize mode {1}, please remove some steps.", {mode.name});
+  log.Message(TR("Unable to optimize mode {1}, please remove some steps."), {mode.name});
   return false;
 }
 

@@ -168,8 +168,9 @@ void ChartEditor::PressInLane(std::size_t channel, Point point) {
 
 void ChartEditor::AddStep(std::size_t channel, int second, float percent) {
   if (TCBase::StepCount(Mode()) >= TCBase::MaxModeSteps) {
-    context_.log.Message("Unable to add new step. Maximum number of {1} steps for the current mode reached",
-                         {TCBase::MaxModeSteps});
+    context_.log.Message(
+        TR("Unable to add new step. Maximum number of {1} steps for the current mode reached"),
+        {TCBase::MaxModeSteps});
     return;
   }
   TCBase::Step step = TCBase::MakeStep(second / 3600, second % 3600 / 60, percent);
@@ -182,17 +183,17 @@ void ChartEditor::AddStep(std::size_t channel, int second, float percent) {
     return TCBase::EditResult{true, {}};
   });
   const int count = TCBase::StepCount(Mode());
-  context_.log.Message("Added new step {1}. Current number of steps: {2}", {TCBase::StepText(step), count});
+  context_.log.Message(TR("Added new step {1}. Current number of steps: {2}"),
+                       {TCBase::StepText(step), count});
   const auto& steps = Mode().channels[channel].steps;
   const auto added = std::ranges::find(steps, step.MinuteOfDay(), &TCBase::Step::MinuteOfDay);
   SetSelection(channel, added->id);
   if (press_) press_->step = *added;
   if (count != TCBase::MaxModeStepsEarlier + 1) return;
   if (press_) press_->hasHint = true;
-  hint_ = {
-      {"The previous model ORVANTA (blue device) supports a maximum of {1} steps in "
-       "the program. For more information check the \"Help / Known issues\" information.",
-       {TCBase::MaxModeStepsEarlier}}};
+  hint_ = {{TR("The previous model ORVANTA (blue device) supports a maximum of {1} steps in "
+               "the program. For more information check the \"Help / Known issues\" information."),
+            {TCBase::MaxModeStepsEarlier}}};
 }
 
 void ChartEditor::MouseMove(Point point) {
@@ -247,10 +248,10 @@ void ChartEditor::ButtonUp() {
   EndRun();
   const auto selected = SelectedStep();
   if (isDemoRunning_ || !selected) return;
-  context_.log.Message("Step {1}", {TCBase::StepText(Step(*selected))});
+  context_.log.Message(TR("Step {1}"), {TCBase::StepText(Step(*selected))});
   if (hasHint) return;
-  hint_ = {{"Press DELETE or BACKSPACE to remove the selected step.", {}},
-           {"You can also use keyboard ARROWS to move the step with higher accuracy.", {}}};
+  hint_ = {TR("Press DELETE or BACKSPACE to remove the selected step."),
+           TR("You can also use keyboard ARROWS to move the step with higher accuracy.")};
   context_.view.Refresh();
 }
 
@@ -336,7 +337,7 @@ void ChartEditor::ToggleJump() {
     step.jump = !step.jump;
     return TCBase::EditResult{true, {}};
   });
-  context_.log.Message("Step jump toggle");
+  context_.log.Message(TR("Step jump toggle"));
 }
 
 bool ChartEditor::PauseDemo() {
@@ -344,10 +345,10 @@ bool ChartEditor::PauseDemo() {
   if (control.demoState == TCBase::JobControl::NoDemo) return false;  // it is still connecting
   if (control.demoState == TCBase::JobControl::DemoPaused) {
     control.Post(TCBase::JobControl::Resume);
-    context_.log.Message("Demo playback resumed");
+    context_.log.Message(TR("Demo playback resumed"));
   } else {
     control.Post(TCBase::JobControl::Pause);
-    context_.log.Message("Demo playback paused at {1}", {TCBase::TimeOfDayText(control.demoSecond)});
+    context_.log.Message(TR("Demo playback paused at {1}"), {TCBase::TimeOfDayText(control.demoSecond)});
   }
   return true;
 }

@@ -24,7 +24,7 @@ void ZoomView(Workbench& workbench) {
 constexpr CommandRow Table[] = {
 #define SUBMENU(menu, submenu, text) \
   {text, "", nullptr, 0, CommandRow::Kind::Submenu, Menu::menu, When::Always, Menu::submenu},
-#define SEPARATOR(menu) {"", "", nullptr, 0, CommandRow::Kind::Separator, Menu::menu},
+#define SEPARATOR(menu) {qor::English(""), "", nullptr, 0, CommandRow::Kind::Separator, Menu::menu},
 #define COMMAND(menu, name, number, text, how, key, when, run) \
   FORMAT_COMMAND(menu, name, number, text, "", how, key, when, run)
 #define FORMAT_COMMAND(menu, name, number, text, suffix, how, key, when, run) \
@@ -74,9 +74,10 @@ std::span<const MenuTitle> MenuBar() {
   return Bar;
 }
 
-std::string WithoutMnemonic(std::string text) {
-  std::erase(text, '&');
-  return text;
+std::string MenuText(qor::English text, const qor::Translate& translate) {
+  std::string key(text);
+  std::erase(key, '&');
+  return translate(qor::English(key));
 }
 
 std::span<const CommandKey> CommandKeys() {
@@ -87,10 +88,11 @@ std::string KeyText(int command, const qor::Translate& translate) {
   const auto* found = std::ranges::find(Keys, command, &CommandKey::command);
   if (found == std::end(Keys)) return {};
   std::string text;
-  if (found->isControl) text += translate("Ctrl") + "+";
-  if (found->isShift) text += translate("Shift") + "+";
+  if (found->isControl) text += translate(TR("Ctrl")) + "+";
+  if (found->isShift) text += translate(TR("Shift")) + "+";
   if (found->isAlt) text += "Alt+";
-  return text + (found->key == DELETE_KEY ? translate("Del") : std::string(1, static_cast<char>(found->key)));
+  return text +
+         (found->key == DELETE_KEY ? translate(TR("Del")) : std::string(1, static_cast<char>(found->key)));
 }
 
 }  // namespace UX

@@ -31,7 +31,7 @@ enum class When : std::uint8_t { Always, NoDemo, Demo, StepSelected };
 /// A command, or a line or a menu within a menu.
 struct CommandRow {
   enum class Kind : std::uint8_t { Command, Separator, Submenu };
-  const char* text = "";    // in English, with its mnemonic
+  qor::English text;        // with its mnemonic
   const char* suffix = "";  // behind the translation
   void (*run)(Workbench& workbench) = nullptr;
   int number = 0;
@@ -47,11 +47,11 @@ const CommandRow* FindCommand(int number);
 
 struct MenuTitle {
   Menu menu;
-  const char* text;  // in English, with its mnemonic
+  qor::English text;  // with its mnemonic
 };
 std::span<const MenuTitle> MenuBar();
-/// The key of a text's translations.
-std::string WithoutMnemonic(std::string text);
+/// A menu's text in the user's language; the mnemonics, which only the resources show, are left out.
+std::string MenuText(qor::English text, const qor::Translate& translate);
 
 /// A key that runs a command, by the system's code for the key or, with Alt, by the character.
 struct CommandKey {

@@ -18,8 +18,8 @@ using JobKind = Workbench::JobKind;
 std::vector<TCBase::DeviceInfo> PickedDevices(Workbench& workbench) {
   std::vector<TCBase::DeviceInfo> picked = workbench.devices.Picked();
   if (picked.empty()) {
-    workbench.dialogs.Tell(workbench.Text({"Devices", {}}),
-                           workbench.Text({"Please select a device in the list first.", {}}));
+    workbench.dialogs.Tell(workbench.Text(TR("Devices")),
+                           workbench.Text(TR("Please select a device in the list first.")));
   }
   return picked;
 }
@@ -42,8 +42,8 @@ void OptimiseProgram(Workbench& workbench) {
   });
   if (!isOptimised) return;
   workbench.dialogs.Tell(
-      workbench.Text({"Program optimized", {}}),
-      workbench.Text({"Please check log for optimized channels and run the upload again", {}}));
+      workbench.Text(TR("Program optimized")),
+      workbench.Text(TR("Please check log for optimized channels and run the upload again")));
 }
 
 /// Whether to upload the program as it stands, in view of what the devices take.
@@ -54,8 +54,8 @@ bool MayUpload(Workbench& workbench, const std::vector<TCBase::DeviceInfo>& pick
       std::ranges::any_of(modes, [&](std::size_t mode) { return IsTooLong(program.modes[mode]); });
   if (!TCBase::HasTC420(picked) || !isLong) return true;
   const Answer answer = workbench.dialogs.Ask(
-      {workbench.Text({"Higher step count for {1} devices", {TCBase::TC420DisplayName}}),
-       workbench.Text({"A mode has more than {1} steps. Optimize the program?", {TCBase::MaxModeSteps}}),
+      {workbench.Text({TR("Higher step count for {1} devices"), {TCBase::TC420DisplayName}}),
+       workbench.Text({TR("A mode has more than {1} steps. Optimize the program?"), {TCBase::MaxModeSteps}}),
        true, Answer::Yes});
   if (answer == Answer::Yes) OptimiseProgram(workbench);
   return answer == Answer::No;
@@ -82,8 +82,8 @@ void UploadProgram(Workbench& workbench) {
   if (picked.empty()) return;
   const std::vector<std::size_t> modes = workbench.document.UploadedModes();
   if (modes.empty()) {
-    workbench.dialogs.Tell(workbench.Text({"Modes", {}}),
-                           workbench.Text({"Please check a mode in the list first.", {}}));
+    workbench.dialogs.Tell(workbench.Text(TR("Modes")),
+                           workbench.Text(TR("Please check a mode in the list first.")));
     return;
   }
   if (!MayUpload(workbench, picked, modes)) return;
@@ -95,8 +95,8 @@ void UploadProgram(Workbench& workbench) {
 void ClearAll(Workbench& workbench) {
   const auto picked = PickedDevices(workbench);
   if (picked.empty()) return;
-  const Question question = {workbench.Text({"Clear all", {}}),
-                             workbench.Text({"Remove all modes from {1}? They cannot be read back.",
+  const Question question = {workbench.Text(TR("Clear all")),
+                             workbench.Text({TR("Remove all modes from {1}? They cannot be read back."),
                                              {workbench.devices.PickedNames()}}),
                              false, Answer::No};
   if (workbench.dialogs.Ask(question) != Answer::Yes) return;
@@ -104,7 +104,7 @@ void ClearAll(Workbench& workbench) {
 }
 
 void PlayDemo(Workbench& workbench) {
-  if (workbench.services.worker.IsBusy()) return workbench.Say({"A job is still running.", {}});
+  if (workbench.services.worker.IsBusy()) return workbench.Say(TR("A job is still running."));
   const auto picked = PickedDevices(workbench);
   if (!picked.empty()) workbench.StartDemo(picked);
 }
@@ -125,8 +125,8 @@ void SetDemoSpeed(Workbench& workbench, int seconds) {
 
 void AskDemoSpeed(Workbench& workbench) {
   ValueRequest request;
-  request.title = workbench.Text({"Enter playback speed", {}});
-  request.label = workbench.Text({"Seconds to play whole demo (min 10, max 86400)", {}});
+  request.title = workbench.Text(TR("Enter playback speed"));
+  request.label = workbench.Text(TR("Seconds to play whole demo (min 10, max 86400)"));
   request.value = std::to_string(workbench.DemoSeconds());
   request.isNumber = true;
   if (!workbench.dialogs.EditValue(request)) return;
@@ -137,8 +137,8 @@ void AskDemoSpeed(Workbench& workbench) {
   if (isNumber && seconds >= TCBase::FewestDemoSeconds && seconds <= TCBase::MostDemoSeconds) {
     return workbench.SetDemoSeconds(seconds);
   }
-  workbench.dialogs.Tell(workbench.Text({"Invalid value", {}}),
-                         workbench.Text({"Please enter value between 10 - 86400", {}}));
+  workbench.dialogs.Tell(workbench.Text(TR("Invalid value")),
+                         workbench.Text(TR("Please enter value between 10 - 86400")));
 }
 
 void ScanNetwork(Workbench& workbench) {
@@ -152,9 +152,8 @@ void CancelJob(Workbench& workbench) {
 
 void SetUpWiFi(Workbench& workbench) {
   if (workbench.services.worker.IsBusy()) {  // it may be talking to the very controller
-    workbench.dialogs.Tell(
-        workbench.Text({"Setup TC421 WiFi", {}}),
-        workbench.Text({"A job is still running. Set up the WiFi when it has ended.", {}}));
+    workbench.dialogs.Tell(workbench.Text(TR("Setup TC421 WiFi")),
+                           workbench.Text(TR("A job is still running. Set up the WiFi when it has ended.")));
     return;
   }
   workbench.dialogs.RunWiFiWizard();

@@ -133,7 +133,7 @@ void Document::Recover(TCBase::Program program, const std::string& path) {
 }
 
 std::string Document::Title(const qor::Translate& translate) const {
-  return std::string(WindowTitle) + " - " + (path_.empty() ? translate("New program") : path_);
+  return std::string(WindowTitle) + " - " + (path_.empty() ? translate(TR("New program")) : path_);
 }
 
 }  // namespace UX

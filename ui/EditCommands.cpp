@@ -34,9 +34,9 @@ void MoveSteps(Workbench& workbench, Function move) {
 using StepsEdit = std::function<EditResult(TCBase::Mode& mode, const std::vector<TCBase::Step>& steps)>;
 
 /// The steps that the user types; nothing when cancelled. What the edit refuses stays in the dialog.
-std::optional<std::vector<TCBase::Step>> AskSteps(Workbench& workbench, const char* title,
+std::optional<std::vector<TCBase::Step>> AskSteps(Workbench& workbench, qor::English title,
                                                   const std::string& text, const StepsEdit& edit) {
-  StepsRequest request{workbench.Text({title, {}}), text};
+  StepsRequest request{workbench.Text(title), text};
   request.fault = [&](const StepsRequest& typed) -> std::string {
     TCBase::Mode tried = workbench.document.Mode();
     const EditResult result = edit(tried, TCBase::ReadStepsText(typed.text).steps);
@@ -55,11 +55,11 @@ TCBase::Mode DarkMode() {
   return mode;
 }
 
-bool AskModeName(Workbench& workbench, const char* title, TCBase::Mode& mode) {
-  ModeNameRequest request{workbench.Text({title, {}}), mode.name, mode.description};
+bool AskModeName(Workbench& workbench, qor::English title, TCBase::Mode& mode) {
+  ModeNameRequest request{workbench.Text(title), mode.name, mode.description};
   request.fault = [&workbench](const ModeNameRequest& typed) {
     const bool isNamed = typed.name.find_first_not_of(' ') != std::string::npos;
-    return isNamed ? "" : workbench.Text({"A mode needs a name.", {}});
+    return isNamed ? "" : workbench.Text(TR("A mode needs a name."));
   };
   if (!workbench.dialogs.EditModeName(request)) return false;
   mode.name = request.name;
@@ -68,7 +68,7 @@ bool AskModeName(Workbench& workbench, const char* title, TCBase::Mode& mode) {
 }
 
 /// A mode behind the current one, once the user has named it.
-void Insert(Workbench& workbench, const char* title, TCBase::Mode mode) {
+void Insert(Workbench& workbench, qor::English title, TCBase::Mode mode) {
   if (!AskModeName(workbench, title, mode)) return;
   workbench.editor.Reset();
   workbench.Edit([&](Content& content) {
@@ -126,10 +126,10 @@ void AddStepsByText(Workbench& workbench) {
   const StepsEdit add = [&](TCBase::Mode& mode, const std::vector<TCBase::Step>& steps) {
     return TCBase::AddSteps(mode, *channel, steps, added);
   };
-  const auto steps = AskSteps(workbench, "Manual steps add...", "", add);
+  const auto steps = AskSteps(workbench, TR("Manual steps add..."), "", add);
   if (!steps) return;
   workbench.EditMode([&](TCBase::Mode& mode) { return add(mode, *steps); });
-  for (const TCBase::Step& step : added) workbench.Say({"Added new step {1}.", {TCBase::StepText(step)}});
+  for (const TCBase::Step& step : added) workbench.Say({TR("Added new step {1}."), {TCBase::StepText(step)}});
 }
 
 void EditStepsByText(Workbench& workbench) {
@@ -137,14 +137,14 @@ void EditStepsByText(Workbench& workbench) {
   if (!channel) return;
   const std::string text = TCBase::WriteStepsText(workbench.document.Mode().channels[*channel].steps);
   if (const qor::Sentence refusal = TCBase::RefusalToEdit(text)) {  // the dialog would cut it
-    workbench.dialogs.Tell(workbench.Text({"Manual steps edit...", {}}), workbench.Text(refusal));
+    workbench.dialogs.Tell(workbench.Text(TR("Manual steps edit...")), workbench.Text(refusal));
     return;
   }
   const StepsEdit replace = [&](TCBase::Mode& mode, const std::vector<TCBase::Step>& steps) -> EditResult {
     if (TCBase::WriteStepsText(steps) == text) return {};  // else fractions of percents would go
     return TCBase::ReplaceSteps(mode, *channel, steps);
   };
-  const auto steps = AskSteps(workbench, "Manual steps edit...", text, replace);
+  const auto steps = AskSteps(workbench, TR("Manual steps edit..."), text, replace);
   if (steps) workbench.EditMode([&](TCBase::Mode& mode) { return replace(mode, *steps); });
 }
 
@@ -153,11 +153,11 @@ void RenameChannel(Workbench& workbench) {
   if (!selected) return;
   const TCBase::Program::ChannelInfo& info = workbench.document.Program().channelInfos[*selected];
   ValueRequest request;
-  request.title = workbench.Text({"Edit channel name", {}});
-  request.label = workbench.Text({"Channel name (max 20 characters)", {}});
+  request.title = workbench.Text(TR("Edit channel name"));
+  request.label = workbench.Text(TR("Channel name (max 20 characters)"));
   request.value = info.name;
   request.mostCharacters = MostNameCharacters;
-  request.secondLabel = workbench.Text({"Channel description", {}});
+  request.secondLabel = workbench.Text(TR("Channel description"));
   request.secondValue = info.description;
   if (!workbench.dialogs.EditValue(request)) return;
   workbench.Edit([&](Content& content) {
@@ -199,18 +199,18 @@ void AlignSteps(Workbench& workbench, int minutes) {
 }
 
 void AddMode(Workbench& workbench) {
-  Insert(workbench, "Add", DarkMode());
+  Insert(workbench, TR("Add"), DarkMode());
 }
 
 void CopyMode(Workbench& workbench) {
   TCBase::Mode copy = workbench.document.Mode();
   for (TCBase::Channel& channel : copy.channels) TCBase::RenewIds(channel);
-  Insert(workbench, "Copy", std::move(copy));
+  Insert(workbench, TR("Copy"), std::move(copy));
 }
 
 void RenameMode(Workbench& workbench) {
   TCBase::Mode named = workbench.document.Mode();
-  if (!AskModeName(workbench, "Rename", named)) return;
+  if (!AskModeName(workbench, TR("Rename"), named)) return;
   workbench.EditMode([&](TCBase::Mode& mode) {
     mode.name = named.name;
     mode.description = named.description;
@@ -220,7 +220,7 @@ void RenameMode(Workbench& workbench) {
 
 void DeleteMode(Workbench& workbench) {
   if (workbench.document.Program().modes.size() < 2) {
-    return workbench.Say({"A program needs at least one mode.", {}});
+    return workbench.Say(TR("A program needs at least one mode."));
   }
   workbench.editor.Reset();
   workbench.Edit([](Content& content) {

@@ -30,7 +30,7 @@ void Import(Workbench& workbench, const TCBase::FileFormat& format, const std::s
     const std::size_t shown = content.currentMode;
     content.InsertMode(content.program.modes.size(), std::move(mode));
     if (workbench.IsDemoRunning()) content.currentMode = shown;
-    return TCBase::EditResult{true, {"Loaded program file {1}", {path}}};
+    return TCBase::EditResult{true, {TR("Loaded program file {1}"), {path}}};
   });
   if (result.message) workbench.Say(result.message);
 }
@@ -48,7 +48,7 @@ void Export(Workbench& workbench, FileKind kind, const char* ending) {
   if (!path) return;
   if (const qor::Sentence failure = TCBase::WriteMode(format, mode, *path))
     return workbench.TellFailure(failure);
-  workbench.Say({"Saved program {1}", {*path}});
+  workbench.Say({TR("Saved program {1}"), {*path}});
   for (const qor::Sentence& loss : TCBase::LossesOf(format, mode)) workbench.Say(loss);
 }
 
@@ -79,7 +79,7 @@ void LoadProgram(Workbench& workbench) {
 void OpenFile(Workbench& workbench, const std::string& path) {
   const TCBase::FileFormat* format = TCBase::FormatOf(path);
   if (format != nullptr && format->IsOfOneMode()) return Import(workbench, *format, path);
-  if (workbench.IsDemoRunning()) return workbench.Say({"A program cannot be opened while a demo plays.", {}});
+  if (workbench.IsDemoRunning()) return workbench.Say(TR("A program cannot be opened while a demo plays."));
   workbench.Open(path);
 }
 
@@ -115,7 +115,7 @@ void ExportRAW(Workbench& workbench) {
 
 void ProgramInfo(Workbench& workbench) {
   for (const TCBase::Mode& mode : workbench.document.Program().modes) {
-    workbench.Say({"Steps for mode: {1}", {mode.name}});
+    workbench.Say({TR("Steps for mode: {1}"), {mode.name}});
     for (const TCBase::ModeSample& sample : TCBase::SampleTable(mode)) {
       workbench.services.log.ForeignMessage(SampleLine(sample));
     }

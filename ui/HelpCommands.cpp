@@ -32,19 +32,20 @@ void ToggleLogging(Workbench& workbench) {
   const bool isOn = !workbench.services.log.IsTracing();
   workbench.services.log.SetTracing(isOn);
   workbench.services.settings.Set(TCBase::SettingLogging, isOn ? "on" : "off");
-  workbench.Say({"Device communication logging {1}", {workbench.Text({isOn ? "ON." : "OFF.", {}})}});
+  workbench.Say(
+      {TR("Device communication logging {1}"), {workbench.Text({isOn ? TR("ON.") : TR("OFF."), {}})}});
   workbench.view.Refresh();
 }
 
 void KnownIssues(Workbench& workbench) {
-  std::string text =
-      workbench.Text({"The previous model {1} (blue device) supports a maximum of 20 steps in the program.",
-                      {EarlierModel}});
+  std::string text = workbench.Text(
+      {TR("The previous model {1} (blue device) supports a maximum of 20 steps in the program."),
+       {EarlierModel}});
   text += '\n';
   for (const TCBase::Mode& mode : workbench.document.Program().modes) {
-    text += '\n' + workbench.Text({"\"{1}\" ({2} steps)", {mode.name, TCBase::StepCount(mode)}});
+    text += '\n' + workbench.Text({TR("\"{1}\" ({2} steps)"), {mode.name, TCBase::StepCount(mode)}});
   }
-  workbench.dialogs.Tell(workbench.Text({"{1} device limitations", {EarlierModel}}), text);
+  workbench.dialogs.Tell(workbench.Text({TR("{1} device limitations"), {EarlierModel}}), text);
 }
 
 void ExportTranslation(Workbench& workbench) {
@@ -53,7 +54,7 @@ void ExportTranslation(Workbench& workbench) {
   if (!path) return;
   if (const qor::Sentence failure = workbench.services.texts.Export(*path))
     return workbench.TellFailure(failure);
-  workbench.Say({"Localization file {1} exported successfully!", {*path}});
+  workbench.Say({TR("Localization file {1} exported successfully!"), {*path}});
 }
 
 void TestTranslation(Workbench& workbench) {

@@ -20,8 +20,8 @@ void Recovery::Offer() {
   TCBase::Program program;
   if (TCBase::LoadProgram(path_, program)) return;
   const Question question = {
-      workbench_.Text({"Program modified", {}}),
-      workbench_.Text({"Halvex was not closed properly. Open the changes that were not saved?", {}})};
+      workbench_.Text(TR("Program modified")),
+      workbench_.Text(TR("Halvex was not closed properly. Open the changes that were not saved?"))};
   if (workbench_.dialogs.Ask(question) == Answer::Yes) {
     workbench_.Recover(std::move(program), workbench_.services.settings.Get(SettingPath));
     kept_ = workbench_.document.Program();

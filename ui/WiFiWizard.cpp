@@ -39,14 +39,14 @@ bool Covers(const WiFiNetwork& offered, const WiFiNetwork& other) {
 std::string AdviceText(TCBase::Denial denial, const qor::Translate& translate) {
   switch (denial) {
     case TCBase::Denial::InUse:
-      return translate("Another program is using the controller or its port. Close it and send again.");
+      return translate(TR("Another program is using the controller or its port. Close it and send again."));
     case TCBase::Denial::NoPermission:
-      return translate("The system does not let this program open the controller.");
+      return translate(TR("The system does not let this program open the controller."));
     case TCBase::Denial::None: break;
   }
-  return translate(
+  return translate(TR(
       "The controller has not confirmed the settings. Check that it is connected and switched on, then send "
-      "again.");
+      "again."));
 }
 
 }  // namespace
@@ -69,10 +69,11 @@ std::vector<WiFiNetwork> NetworksToOffer(std::vector<WiFiNetwork> found) {
 std::string TroubleText(WiFiTrouble trouble, const qor::Translate& translate) {
   switch (trouble) {
     case WiFiTrouble::NoWiFi:
-      return translate("This computer has no Wi-Fi adapter, or its Wi-Fi service is not running.");
+      return translate(TR("This computer has no Wi-Fi adapter, or its Wi-Fi service is not running."));
     case WiFiTrouble::Hidden:
-      return translate("Windows hides the networks. Allow access to the location in its privacy settings.");
-    case WiFiTrouble::NothingFound: return translate("No networks were found.");
+      return translate(
+          TR("Windows hides the networks. Allow access to the location in its privacy settings."));
+    case WiFiTrouble::NothingFound: return translate(TR("No networks were found."));
     case WiFiTrouble::None: break;
   }
   return {};
@@ -80,27 +81,27 @@ std::string TroubleText(WiFiTrouble trouble, const qor::Translate& translate) {
 
 std::string SecurityText(WiFiSecurity security, const qor::Translate& translate) {
   switch (security) {
-    case WiFiSecurity::Open: return translate("Open");
+    case WiFiSecurity::Open: return translate(TR("Open"));
     case WiFiSecurity::WPA2: return "WPA2";
-    case WiFiSecurity::Number1: return translate("Protected, number 1");
+    case WiFiSecurity::Number1: return translate(TR("Protected, number 1"));
     case WiFiSecurity::Invalid: break;
   }
-  return translate("Invalid");
+  return translate(TR("Invalid"));
 }
 
 std::string ControllerText(const DeviceInfo& controller, const qor::Translate& translate) {
-  if (controller.kind == DeviceKind::TC421Usb) return translate("TC421 over USB");
+  if (controller.kind == DeviceKind::TC421Usb) return translate(TR("TC421 over USB"));
   return controller.name + " (" + platform::AddressText(controller.address) + ")";
 }
 
 std::string OutcomeText(const DeviceOutcome& outcome, const qor::Translate& translate) {
   if (outcome.IsDone()) {
-    return translate(
+    return translate(TR(
         "The controller has taken the settings and now tries to join the network. After that, find it there "
-        "with \"Scan WiFi devices\".");
+        "with \"Scan WiFi devices\"."));
   }
   std::string text;
-  if (outcome.stage == DeviceOutcome::Stage::NotConnected) text = translate("Connect error") + ".\r\n";
+  if (outcome.stage == DeviceOutcome::Stage::NotConnected) text = translate(TR("Connect error")) + ".\r\n";
   text += AdviceText(outcome.denial, translate);
   if (outcome.detail) text += "\r\n(" + outcome.detail.In(translate) + ")";
   return text;
@@ -154,19 +155,19 @@ std::string WiFiWizard::Remark(const qor::Translate& translate) const {
   if (!isName && page_ != WiFiPage::Password) return {};
   const std::size_t bytes = (isName ? settings_.ssid : settings_.password).size();
   const std::size_t most = isName ? TCBase::MostNameBytes(settings_.security) : TCBase::MostPasswordBytes;
-  if (bytes == 0) return translate("Nothing is entered yet.");
+  if (bytes == 0) return translate(TR("Nothing is entered yet."));
   if (bytes > most) {
-    return qor::Format(translate("Too long for the controller: {1} of at most {2} bytes"), {bytes, most});
+    return qor::Format(translate(TR("Too long for the controller: {1} of at most {2} bytes")), {bytes, most});
   }
   if (isName && security_ == WiFiSecurity::Invalid) {
     return translate(
-        "It is not known whether the controller can join a network of this kind. Choose a security to try "
-        "it.");
+        TR("It is not known whether the controller can join a network of this kind. Choose a security to try "
+           "it."));
   }
   if (isName && security_ == WiFiSecurity::Number1) {
-    return translate("What the controller makes of this number is not known.");
+    return translate(TR("What the controller makes of this number is not known."));
   }
-  return qor::Format(translate("{1} of at most {2} bytes"), {bytes, most});
+  return qor::Format(translate(TR("{1} of at most {2} bytes")), {bytes, most});
 }
 
 void WiFiWizard::GoOn() {

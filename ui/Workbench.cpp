@@ -83,7 +83,7 @@ bool Workbench::MayDropProgram() {
   editor.EndRun();
   if (!document.IsModified()) return true;
   const Answer answer =
-      dialogs.Ask({Text({"Program modified", {}}), Text({"Save changes?", {}}), true, Answer::Yes});
+      dialogs.Ask({Text(TR("Program modified")), Text(TR("Save changes?")), true, Answer::Yes});
   if (answer != Answer::Yes) return answer == Answer::No;
   SaveProgram(*this);
   return !document.IsModified();
@@ -97,7 +97,7 @@ void Workbench::Load(const std::string& path) {
   if (const qor::Sentence failure = document.Load(path)) return TellFailure(failure);
   editor.Reset();
   services.settings.Set(TCBase::SettingLastOpenFile, path);
-  Say({"Loaded program file {1}", {path}});
+  Say({TR("Loaded program file {1}"), {path}});
 }
 
 void Workbench::OpenLast() {
@@ -105,7 +105,7 @@ void Workbench::OpenLast() {
   if (path.empty() || document.Load(path)) {
     document.New(services.texts.Translator());
   } else {
-    Say({"Loaded program file {1}", {path}});
+    Say({TR("Loaded program file {1}"), {path}});
     document.ShowMode(
         static_cast<std::size_t>(std::max(0, qor::ParseInteger(services.settings.Get(SettingLastMode)) - 1)));
   }
@@ -127,7 +127,7 @@ bool Workbench::SaveTo(const std::string& path) {
     return false;
   }
   services.settings.Set(TCBase::SettingLastOpenFile, path);
-  Say({"Saved program {1}", {path}});
+  Say({TR("Saved program {1}"), {path}});
   return true;
 }
 
@@ -142,7 +142,7 @@ int Workbench::DemoSeconds() const {
 
 void Workbench::SetDemoSeconds(int seconds) {
   services.settings.Set(TCBase::SettingDemoSpeed, std::to_string(seconds));
-  Say({"Demo playback speed set to {1} seconds", {seconds}});
+  Say({TR("Demo playback speed set to {1} seconds"), {seconds}});
   view.Refresh();
 }
 
@@ -182,7 +182,7 @@ std::vector<qor::Sentence> Workbench::RemarksOn(const TCBase::Mode& mode) const 
   if (!picked.empty()) return TCBase::RemarksOn(mode, TCBase::ModelsOf(picked));
   const int steps = TCBase::StepCount(mode);
   for (const int limit : {TCBase::MaxModeSteps, TCBase::MaxModeStepsEarlier}) {
-    if (steps > limit) return {{"More than {1} steps", {limit}}};
+    if (steps > limit) return {{TR("More than {1} steps"), {limit}}};
   }
   return {};
 }
@@ -191,7 +191,7 @@ std::vector<qor::Sentence> Workbench::RemarksOn(const TCBase::Mode& mode) const 
 
 void Workbench::StartJob(JobKind kind, const std::function<void(TCBase::Worker&)>& start) {
   if (services.worker.IsBusy()) {
-    Say({"This job begins when the one before it has ended.", {}});
+    Say(TR("This job begins when the one before it has ended."));
   } else {
     devices.ForgetOutcomes();
     stop_.Forget();
@@ -204,7 +204,7 @@ void Workbench::StartJob(JobKind kind, const std::function<void(TCBase::Worker&)
 
 qor::Sentence Workbench::Activity() const {
   using Stage = TCBase::DeviceOutcome::Stage;
-  if (endingWith_) return {"The window closes when the job has ended.", {}};
+  if (endingWith_) return TR("The window closes when the job has ended.");
   if (!runningJob_) return {};
   for (const TCBase::DeviceOutcome& device : runningJob_->devices) {
     if (device.stage != Stage::Connecting && device.stage != Stage::Working) continue;
@@ -258,8 +258,8 @@ bool Workbench::MayWaitForJobs() {
     return true;
   }
   const Answer answer = dialogs.Ask(
-      {Text({"A job is still running.", {}}),
-       Text({"Stop it now? With No the window closes as soon as the job has ended.", {}}), true, Answer::No});
+      {Text(TR("A job is still running.")),
+       Text(TR("Stop it now? With No the window closes as soon as the job has ended.")), true, Answer::No});
   if (answer == Answer::Yes) CancelJobs();
   return answer != Answer::Cancel;
 }

@@ -104,17 +104,17 @@ DeviceOutcome DemoDevice(const DeviceInfo& info, const Program::ModeListView& mo
   qor::Log& log = job.device.log;
   const std::unique_ptr<DeviceBase> device = CreateDevice(info, job.device);
   if (const auto failed = Connect(*device, info, log)) return *failed;
-  log.Message("Demo started");
+  log.Message(TR("Demo started"));
   const Mode& mode = modes.Current();
   device->DemoStart(mode.name);
   Playback playback(*device, mode, time, job);
-  job.working({"Playing", {}});
-  log.Message("Playing whole day in {1} seconds", {time.seconds});
+  job.working(TR("Playing"));
+  log.Message(TR("Playing whole day in {1} seconds"), {time.seconds});
   const bool isWhole = playback.Play();
   device->DemoFinish();
   job.control.demoState = JobControl::NoDemo;
   job.control.demoSecond = JobControl::NoSecond;
-  log.Message("Demo finished");
+  log.Message(TR("Demo finished"));
   if (device->FailedTransactions() > 0) return {info, Stage::Incomplete, LostPackets(*device)};
   return {info, isWhole ? Stage::Done : Stage::Cancelled, {}};
 }

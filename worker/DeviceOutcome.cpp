@@ -8,15 +8,15 @@ using Stage = DeviceOutcome::Stage;
 
 qor::Sentence StageSentence(Stage stage) {
   switch (stage) {
-    case Stage::Waiting: return {"Waiting", {}};
-    case Stage::Connecting: return {"Connecting", {}};
+    case Stage::Waiting: return TR("Waiting");
+    case Stage::Connecting: return TR("Connecting");
     case Stage::Working: return {};
-    case Stage::Done: return {"Done", {}};
-    case Stage::NotReached: return {"Not reached", {}};
-    case Stage::NotConnected: return {"Not connected", {}};
-    case Stage::Failed: return {"Failed", {}};
-    case Stage::Incomplete: return {"Incomplete", {}};
-    case Stage::Cancelled: return {"Stopped", {}};
+    case Stage::Done: return TR("Done");
+    case Stage::NotReached: return TR("Not reached");
+    case Stage::NotConnected: return TR("Not connected");
+    case Stage::Failed: return TR("Failed");
+    case Stage::Incomplete: return TR("Incomplete");
+    case Stage::Cancelled: return TR("Stopped");
   }
   return {};
 }
@@ -38,7 +38,7 @@ void LogOutcome(const DeviceOutcome& outcome, qor::Log& log) {
 
 std::optional<DeviceOutcome> Connect(DeviceBase& device, const DeviceInfo& info, qor::Log& log) {
   if (device.OpenAlone(LockNameOf(info))) return std::nullopt;
-  log.Message("Connect error");
+  log.Message(TR("Connect error"));
   const OpenFailure& failure = device.OpenFault();
   return DeviceOutcome{info, Stage::NotConnected, failure.text, failure.denial};
 }
@@ -50,8 +50,8 @@ qor::Sentence WithReason(qor::Sentence sentence, const DeviceBase& device) {
 
 qor::Sentence LostPackets(const DeviceBase& device) {
   const int count = device.FailedTransactions();
-  if (count == 1) return WithReason({"a packet did not get through", {}}, device);
-  return WithReason({"{1} packets did not get through", {count}}, device);
+  if (count == 1) return WithReason(TR("a packet did not get through"), device);
+  return WithReason({TR("{1} packets did not get through"), {count}}, device);
 }
 
 }  // namespace TCBase

@@ -60,15 +60,15 @@ void SortByName(std::vector<DeviceInfo>& devices) {
 
 void NameAfterHost(DeviceInfo& device, const DeviceContext& context) {
   const std::string text = device.name;
-  context.log.Message("Trying to find hostname for {1}...", {text});
+  context.log.Message(TR("Trying to find hostname for {1}..."), {text});
   std::string host;
   if (const auto address = platform::ParseIPv4(text)) {
     host = context.network.HostNameOf(*address, HostNameMilliseconds);
   }
   if (host.empty()) {
-    context.log.Message("Hostname not found, using {1}", {text});
+    context.log.Message(TR("Hostname not found, using {1}"), {text});
   } else {
-    context.log.Message("Found hostname {1}", {host});
+    context.log.Message(TR("Found hostname {1}"), {host});
     device.name = host;
   }
 }

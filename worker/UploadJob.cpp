@@ -22,15 +22,15 @@ ModesResult UploadModes(DeviceBase& device, const DeviceInfo& info, const Progra
   ModesResult result;
   for (std::size_t index = 0; index < modes.Size(); ++index) {
     const Mode& mode = modes[index];
-    const qor::Sentence working = {"Mode {1} of {2}", {index + 1, modes.Size()}};
+    const qor::Sentence working = {TR("Mode {1} of {2}"), {index + 1, modes.Size()}};
     job.working(working);
     device.OnProgress([&job, working](std::size_t step, std::size_t steps) {
-      job.working({working.english, working.arguments, {{"step {1} of {2}", {step, steps}}}});
+      job.working({working.english, working.arguments, {{TR("step {1} of {2}"), {step, steps}}}});
     });
     const std::vector<ModeSample> samples = SamplesFor(info.kind, mode, log);
-    log.Message("Uploading mode: {1}", {mode.name});
+    log.Message(TR("Uploading mode: {1}"), {mode.name});
     if (!device.UploadMode(static_cast<int>(index), mode.name, samples)) {
-      log.Message("Upload error");
+      log.Message(TR("Upload error"));
       result.refused += (result.refused.empty() ? "'" : ", '") + mode.name + "'";
     }
     job.device.clock.Sleep(ModePauseMilliseconds);
@@ -46,7 +46,7 @@ ModesResult UploadModes(DeviceBase& device, const DeviceInfo& info, const Progra
 DeviceOutcome OutcomeOf(const DeviceBase& device, const DeviceInfo& info, const ModesResult& modes) {
   const int lost = device.FailedTransactions();
   if (!modes.refused.empty()) {
-    qor::Sentence refused = {"modes not taken: {1}", {modes.refused}};
+    qor::Sentence refused = {TR("modes not taken: {1}"), {modes.refused}};
     if (lost > 0) refused.reasons.push_back(LostPackets(device));
     return {info, Stage::Failed, refused};
   }
@@ -73,14 +73,14 @@ DeviceOutcome Upload(DeviceBase& device, const DeviceInfo& info, const Program::
                      const JobContext& job) {
   qor::Log& log = job.device.log;
   if (const auto failed = Connect(device, info, log)) return *failed;
-  log.Message("Uploading started");
+  log.Message(TR("Uploading started"));
   job.control.Take();  // a command that was meant for an earlier job
   job.control.demoState = JobControl::NoDemo;
   job.control.demoSecond = JobControl::NoSecond;
   device.UploadStart();
   const ModesResult modesResult = UploadModes(device, info, modes, job);
   device.UploadFinish();
-  log.Message("Uploading finished");
+  log.Message(TR("Uploading finished"));
   return OutcomeOf(device, info, modesResult);
 }
 

@@ -31,10 +31,10 @@ bool UsbPresenceMonitor::Probe() {
   const bool isOpen = device->Open();
   const double seconds = opening.Elapsed();
   if (isOpen && seconds > SlowOpenSeconds) {
-    context_.log.Message(
-        "Connecting to a device took {1} ms. This usually points to a USB communication error. Please try to "
-        "disconnect and reconnect the USB device again.",
-        {static_cast<std::int64_t>(seconds * 1000)});
+    context_.log.Message(TR("Connecting to a device took {1} ms. This usually points to a USB communication "
+                            "error. Please try to "
+                            "disconnect and reconnect the USB device again."),
+                         {static_cast<std::int64_t>(seconds * 1000)});
   }
   return isOpen;
 }

@@ -20,22 +20,22 @@ bool IsProtected(std::int32_t security) {
 DeviceOutcome Send(const DeviceInfo& info, const WiFiSettings& settings, const DeviceContext& context) {
   const std::unique_ptr<DeviceBase> device = CreateDevice(info, context);
   if (const auto failed = Connect(*device, info, context.log)) return *failed;
-  context.log.Message("Setting up WiFi");
+  context.log.Message(TR("Setting up WiFi"));
   // A security that is not known sends nothing and is fine: there are controllers that need no more.
   if (settings.security == WiFiSettings::Open) {
     if (!device->Transact(TC421::Packet_SetWiFi_Open(settings.ssid), AnyReply)) {
-      context.log.Message("Error setting open WiFi");
-      return {info, Stage::Failed, WithReason({"the network's name did not get through", {}}, *device)};
+      context.log.Message(TR("Error setting open WiFi"));
+      return {info, Stage::Failed, WithReason(TR("the network's name did not get through"), *device)};
     }
   } else if (IsProtected(settings.security)) {
     const TC421::Packet_SetWiFi_SSID ssid(settings.ssid, settings.security, settings.encryption);
     if (!device->Transact(ssid, AnyReply)) {
-      context.log.Message("Error setting WiFi SSID");
-      return {info, Stage::Failed, WithReason({"the network's name did not get through", {}}, *device)};
+      context.log.Message(TR("Error setting WiFi SSID"));
+      return {info, Stage::Failed, WithReason(TR("the network's name did not get through"), *device)};
     }
     if (!device->Transact(TC421::Packet_SetWiFi_Password(settings.password), AnyReply)) {
-      context.log.Message("Error setting WiFi password");
-      return {info, Stage::Failed, WithReason({"the password did not get through", {}}, *device)};
+      context.log.Message(TR("Error setting WiFi password"));
+      return {info, Stage::Failed, WithReason(TR("the password did not get through"), *device)};
     }
   }
   return {info, Stage::Done, {}};

@@ -48,7 +48,7 @@ void Worker::DropQueued() {
   }
   if (dropped.empty()) return;
   unfinishedJobs_ -= static_cast<int>(dropped.size());
-  context_.log.Message("Dropped {1} job(s) that waited", {dropped.size()});
+  context_.log.Message(TR("Dropped {1} job(s) that waited"), {dropped.size()});
 }
 
 void Worker::StartUpload(std::vector<DeviceInfo> devices, Program::ModeListView modes) {
@@ -155,15 +155,15 @@ void Worker::ForEachSelectedDevice(const std::vector<DeviceInfo>& devices, const
   control_.Take();  // a command that was meant for an earlier job
   for (std::size_t i = 0; i < selected.size(); ++i) {
     const DeviceInfo& device = selected[i];
-    context_.log.Message("Configuring device {1}", {device.name});
+    context_.log.Message(TR("Configuring device {1}"), {device.name});
     const DeviceOutcome outcome = Visit(i, device, job);
     SetOutcome(i, outcome);
     LogOutcome(outcome, context_.log);
     if (control_.TakeStop()) {
-      context_.log.Message("Cancelled!");
+      context_.log.Message(TR("Cancelled!"));
       break;
     }
-    context_.log.Message("Finished configuring device {1}", {device.name});
+    context_.log.Message(TR("Finished configuring device {1}"), {device.name});
   }
   End();
 }
@@ -200,11 +200,12 @@ void Worker::End() {
 }
 
 void Worker::NetworkScan(void* window, std::uint32_t message) {
-  context_.log.Message("Searching for network devices...");
+  context_.log.Message(TR("Searching for network devices..."));
   std::vector<DeviceInfo> found;
   const std::optional<OpenFailure> failure = ScanNetwork(found, ScanSeconds, context_);
-  context_.log.Message("Found {1} device(s)", {found.size()});
-  if (failure) context_.log.Failure({"The network could not be searched to the end", {}, {failure->text}});
+  context_.log.Message(TR("Found {1} device(s)"), {found.size()});
+  if (failure)
+    context_.log.Failure({TR("The network could not be searched to the end"), {}, {failure->text}});
   for (DeviceInfo& device : found) NameAfterHost(device, context_);
   SortByName(found);
   {
@@ -222,7 +223,7 @@ void Worker::SetOutcome(std::size_t index, const DeviceOutcome& outcome) {
 }
 
 void Worker::ReportPresence(DeviceKind kind, bool isConnected) {
-  context_.log.Message(isConnected ? "{1} Device connected" : "{1} Device disconnected",
+  context_.log.Message(isConnected ? TR("{1} Device connected") : TR("{1} Device disconnected"),
                        {DeviceOfKind(kind).name});
   const std::uint32_t message = notifyMessage_;
   if (message != 0) platform::PostWindowMessage(notifyWindow_, message, 0, isConnected ? 1 : 0);

@@ -79,7 +79,7 @@ position PositionAt(std::string_view text, std::size_t offset) {
 }
 
 Sentence error::Told() const {
-  return {"line {1}, column {2}", {where.line, where.column}, {reason}};
+  return {TR("line {1}, column {2}"), {where.line, where.column}, {reason}};
 }
 
 reader::reader(std::string_view text, observer& target)
@@ -100,29 +100,29 @@ void reader::Fail(const char* where, Sentence reason) const {
 }
 
 void reader::FailAtEnd() const {
-  if (open_.empty()) Fail(end_, {"the file ends before its first element is complete", {}});
-  Fail(end_, {"the file ends inside <{1}>; it may have been cut off", {Shown(open_.back())}});
+  if (open_.empty()) Fail(end_, TR("the file ends before its first element is complete"));
+  Fail(end_, {TR("the file ends inside <{1}>; it may have been cut off"), {Shown(open_.back())}});
 }
 
 void reader::CheckBytes() const {
-  if (text_.empty()) Fail(at_, {"the file is empty", {}});
-  if (text_.size() > MaxBytes) Fail(at_, {"the file is larger than {1} MiB", {MaxBytes >> 20}});
+  if (text_.empty()) Fail(at_, TR("the file is empty"));
+  if (text_.size() > MaxBytes) Fail(at_, {TR("the file is larger than {1} MiB"), {MaxBytes >> 20}});
   const std::size_t broken = win::FindBrokenUtf8(text_);
-  if (broken != std::string_view::npos) Fail(at_ + broken, {"this is not UTF-8 text", {}});
+  if (broken != std::string_view::npos) Fail(at_ + broken, TR("this is not UTF-8 text"));
   if (const void* zero = std::memchr(at_, '\0', text_.size())) {
-    Fail(static_cast<const char*>(zero), {"there is a zero byte, which no text file holds", {}});
+    Fail(static_cast<const char*>(zero), TR("there is a zero byte, which no text file holds"));
   }
 }
 
 void reader::ReadDocument() {
   if (StartsWith(ByteOrderMark)) at_ += ByteOrderMark.size();
   SkipMisc(true);
-  if (at_ == end_) Fail(at_, {"there is no XML element in the file", {}});
-  if (*at_ != '<') Fail(at_, {"this is not XML: an element was expected here", {}});
+  if (at_ == end_) Fail(at_, TR("there is no XML element in the file"));
+  if (*at_ != '<') Fail(at_, TR("this is not XML: an element was expected here"));
   ReadStartTag();
   ReadContent();
   SkipMisc(false);
-  if (at_ != end_) Fail(at_, {"there is text after the end of the root element", {}});
+  if (at_ != end_) Fail(at_, TR("there is text after the end of the root element"));
 }
 
 bool reader::StartsWith(std::string_view word) const {
@@ -141,9 +141,9 @@ void reader::SkipMisc(bool allowDoctype) {
   while (true) {
     SkipBlanks();
     if (StartsWith("<!--")) {
-      SkipThrough("-->", "this comment does not end");
+      SkipThrough("-->", TR("this comment does not end"));
     } else if (StartsWith("<?")) {
-      SkipThrough("?>", "this processing instruction does not end");
+      SkipThrough("?>", TR("this processing instruction does not end"));
     } else if (allowDoctype && StartsWith("<!DOCTYPE")) {
       SkipDoctype();
       allowDoctype = false;
@@ -162,21 +162,21 @@ void reader::SkipDoctype() {
     } else if (*at_ == '"' || *at_ == '\'') {
       quote = *at_;
     } else if (*at_ == '[') {
-      Fail(at_, {"a DOCTYPE with declarations of its own is not accepted", {}});
+      Fail(at_, TR("a DOCTYPE with declarations of its own is not accepted"));
     } else if (*at_ == '>') {
       ++at_;
       return;
     }
   }
-  Fail(start, {"this DOCTYPE does not end", {}});
+  Fail(start, TR("this DOCTYPE does not end"));
 }
 
-void reader::SkipThrough(std::string_view terminator, const char* fault) {
+void reader::SkipThrough(std::string_view terminator, English fault) {
   const char* start = at_;
   const std::string_view rest(at_, static_cast<std::size_t>(end_ - at_));
   // "<!-->" is no whole comment: the end is looked for behind the four or two characters of the beginning.
   const std::size_t found = rest.find(terminator, terminator.size() == 3 ? 4 : 2);
-  if (found == std::string_view::npos) Fail(start, {fault, {}});
+  if (found == std::string_view::npos) Fail(start, fault);
   at_ += found + terminator.size();
 }
 
@@ -186,10 +186,10 @@ void reader::ReadContent() {
     if (end_ - at_ < 2) FailAtEnd();
     switch (at_[1]) {
       case '/': ReadEndTag(); break;
-      case '?': SkipThrough("?>", "this processing instruction does not end"); break;
+      case '?': SkipThrough("?>", TR("this processing instruction does not end")); break;
       case '!':
         if (StartsWith("<!--")) {
-          SkipThrough("-->", "this comment does not end");
+          SkipThrough("-->", TR("this comment does not end"));
         } else {
           ReadCData();
         }
@@ -199,22 +199,22 @@ void reader::ReadContent() {
   }
 }
 
-void reader::FailForName(const char* where, const char* fault) const {
+void reader::FailForName(const char* where, English fault) const {
   if (where == end_) FailAtEnd();
-  Fail(where, {fault, {}});
+  Fail(where, fault);
 }
 
 // ReadName and the other functions that run for every tag are inline.
-inline std::string_view reader::ReadName(const char* at, const char* fault) const {
+inline std::string_view reader::ReadName(const char* at, English fault) const {
   if (at == end_ || !Is(*at, NameStart)) FailForName(at, fault);
   return {at, static_cast<std::size_t>(EndOfRun(NamePart, at + 1, end_) - at)};
 }
 
 inline void reader::ReadStartTag() {
   const char* start = at_;
-  const std::string_view name = ReadName(start + 1, "an element's name was expected here");
+  const std::string_view name = ReadName(start + 1, TR("an element's name was expected here"));
   at_ = name.data() + name.size();
-  if (open_.size() == MaxDepth) Fail(start, {"elements are nested more than {1} deep", {MaxDepth}});
+  if (open_.size() == MaxDepth) Fail(start, {TR("elements are nested more than {1} deep"), {MaxDepth}});
   open_.push_back(name);
   target_.StartElement(name);
   ReadAttributes();
@@ -227,15 +227,15 @@ inline void reader::ReadStartTag() {
 
 /// Reads the attribute at `at`; returns the position behind it.
 const char* reader::ReadAttribute(const char* at) {
-  const std::string_view name = ReadName(at, "an attribute's name was expected here");
+  const std::string_view name = ReadName(at, TR("an attribute's name was expected here"));
   attributeNames_.push_back(name);
   at = EndOfRun(Blank, at + name.size(), end_);
   if (at == end_) FailAtEnd();
-  if (*at != '=') Fail(at, {"'=' and a value were expected after '{1}'", {Shown(name)}});
+  if (*at != '=') Fail(at, {TR("'=' and a value were expected after '{1}'"), {Shown(name)}});
   at = EndOfRun(Blank, at + 1, end_);
   if (at == end_) FailAtEnd();
   const char quote = *at;
-  if (quote != '\'' && quote != '"') Fail(at, {"the value of '{1}' must stand in quotes", {Shown(name)}});
+  if (quote != '\'' && quote != '"') Fail(at, {TR("the value of '{1}' must stand in quotes"), {Shown(name)}});
 
   const char* start = ++at;
   bool hasReference = false;
@@ -244,7 +244,7 @@ const char* reader::ReadAttribute(const char* at) {
     if (at == end_) FailAtEnd();
     if (*at == quote) break;
     if (*at == '<') {
-      Fail(at, {"'<' inside the value of '{1}': its closing quote is missing", {Shown(name)}});
+      Fail(at, {TR("'<' inside the value of '{1}': its closing quote is missing"), {Shown(name)}});
     }
     hasReference |= *at == '&';
     ++at;
@@ -267,7 +267,7 @@ inline void reader::ReadAttributes() {
       if (at + 1 == end_) FailAtEnd();
       if (at[1] == '>') break;
     }
-    if (at == blanks) Fail(at, {"a blank, '>' or '/>' was expected here", {}});
+    if (at == blanks) Fail(at, TR("a blank, '>' or '/>' was expected here"));
     at = ReadAttribute(at);
   }
   at_ = at;
@@ -300,7 +300,7 @@ void reader::CheckManyAttributeNames() {
 }
 
 void reader::RefuseSecond(std::string_view name) const {
-  Fail(name.data(), {"the attribute '{1}' stands here for the second time", {Shown(name)}});
+  Fail(name.data(), {TR("the attribute '{1}' stands here for the second time"), {Shown(name)}});
 }
 
 inline void reader::ReadEndTag() {
@@ -322,22 +322,22 @@ void reader::ReadUnusualEndTag() {
   const char* start = at_;
   at_ += 2;
   if (at_ == end_) FailAtEnd();
-  const std::string_view name = ReadName(at_, "an element's name was expected here");
+  const std::string_view name = ReadName(at_, TR("an element's name was expected here"));
   at_ += name.size();
   SkipBlanks();
   if (at_ == end_) FailAtEnd();
-  if (*at_ != '>') Fail(at_, {"'>' was expected after '</{1}'", {Shown(name)}});
+  if (*at_ != '>') Fail(at_, {TR("'>' was expected after '</{1}'"), {Shown(name)}});
   if (name != open_.back()) {
-    Fail(start, {"</{1}> does not close <{2}>", {Shown(name), Shown(open_.back())}});
+    Fail(start, {TR("</{1}> does not close <{2}>"), {Shown(name), Shown(open_.back())}});
   }
   ++at_;
 }
 
 void reader::ReadCData() {
   constexpr std::string_view Open = "<![CDATA[";
-  if (!StartsWith(Open)) Fail(at_, {"'<!' is followed by neither a comment nor a CDATA section", {}});
+  if (!StartsWith(Open)) Fail(at_, TR("'<!' is followed by neither a comment nor a CDATA section"));
   const char* start = at_ + Open.size();
-  SkipThrough("]]>", "this CDATA section does not end");
+  SkipThrough("]]>", TR("this CDATA section does not end"));
   target_.Text(std::string_view(start, static_cast<std::size_t>(at_ - 3 - start)));
 }
 
@@ -371,7 +371,7 @@ const char* reader::DecodeReference(const char* ampersand, const char* rawEnd) {
   constexpr std::ptrdiff_t Longest = 16;
   const char* limit = ampersand + std::min(rawEnd - ampersand, Longest);
   const char* semicolon = std::find(ampersand, limit, ';');
-  if (semicolon == limit) Fail(ampersand, {"'&' begins no entity here; a plain one is written '&amp;'", {}});
+  if (semicolon == limit) Fail(ampersand, TR("'&' begins no entity here; a plain one is written '&amp;'"));
   const std::string_view name(ampersand + 1, static_cast<std::size_t>(semicolon - ampersand - 1));
   if (name.starts_with('#')) {
     win::AppendUtf8(CharacterReference(name.substr(1), ampersand), decoded_);
@@ -379,7 +379,7 @@ const char* reader::DecodeReference(const char* ampersand, const char* rawEnd) {
   }
   const auto entity = std::find_if(std::begin(Entities), std::end(Entities),
                                    [&](const Entity& candidate) { return candidate.name == name; });
-  if (entity == std::end(Entities)) Fail(ampersand, {"the entity '&{1};' is not known", {name}});
+  if (entity == std::end(Entities)) Fail(ampersand, {TR("the entity '&{1};' is not known"), {name}});
   decoded_ += entity->character;
   return semicolon + 1;
 }
@@ -392,7 +392,7 @@ char32_t reader::CharacterReference(std::string_view digits, const char* ampersa
   const auto [next, failed] = std::from_chars(digits.data(), digitsEnd, number, isHex ? 16 : 10);
   const bool isSurrogate = number >= 0xD800 && number <= 0xDFFF;
   if (failed != std::errc{} || next != digitsEnd || number == 0 || number > 0x10FFFF || isSurrogate) {
-    Fail(ampersand, {"this reference stands for no character", {}});
+    Fail(ampersand, TR("this reference stands for no character"));
   }
   return number;
 }

@@ -53,7 +53,7 @@ class reader {
   void ReadDocument();
   void SkipMisc(bool allowDoctype);
   void SkipDoctype();
-  void SkipThrough(std::string_view terminator, const char* fault);
+  void SkipThrough(std::string_view terminator, English fault);
   void ReadContent();
   void ReadStartTag();
   void ReadAttributes();
@@ -62,7 +62,7 @@ class reader {
   void ReadUnusualEndTag();
   void ReadCData();
   void ReadText();
-  std::string_view ReadName(const char* at, const char* fault) const;
+  std::string_view ReadName(const char* at, English fault) const;
   std::string_view Decode(std::string_view raw);
   const char* DecodeReference(const char* ampersand, const char* rawEnd);
   char32_t CharacterReference(std::string_view digits, const char* ampersand) const;
@@ -73,7 +73,7 @@ class reader {
   bool SkipBlanks();
   [[noreturn]] void Fail(const char* where, Sentence reason) const;
   [[noreturn]] void FailAtEnd() const;
-  [[noreturn]] void FailForName(const char* where, const char* fault) const;
+  [[noreturn]] void FailForName(const char* where, English fault) const;
 
   std::string_view text_;
   observer& target_;

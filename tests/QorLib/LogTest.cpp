@@ -13,7 +13,7 @@ using Texts = std::vector<std::string>;
 TEST(Log, TranslatesThenFormatsMessages) {
   test::TestLog log;
   log.SetTranslation([](std::string_view english) { return "(" + std::string(english) + ")"; });
-  log.Message("{1} of {2}", {"{2}", 3});
+  log.Message(TR("{1} of {2}"), {"{2}", 3});
   EXPECT_EQ(log.Texts(), Texts{"({2} of 3)"});
 }
 
@@ -26,7 +26,7 @@ TEST(Log, KeepsATraceOnlyWhileTracing) {
   log.OnLine([&notices] { ++notices; });
   log.Trace("hid_write:", "A");
   EXPECT_EQ(notices, 1) << "the rows come with their line";
-  log.Message("done");
+  log.Message(TR("done"));
   const std::string row = "0000  41                                                  A\n";
   const std::vector<qor::Log::Line> lines = log.TakeLines();
   EXPECT_EQ(lines, (std::vector<qor::Log::Line>{{qor::Log::Kind::Trace, "9:05:07:042 hid_write:"},
@@ -40,7 +40,7 @@ TEST(Log, LosesNoLineOfSeveralThreads) {
   std::atomic<int> notices = 0;
   log.OnLine([&] { ++notices; });
   const auto write = [&log] {
-    for (int i = 0; i < 500; ++i) log.Message("line {1}", {i});
+    for (int i = 0; i < 500; ++i) log.Message(TR("line {1}"), {i});
   };
   std::thread other(write);
   write();

@@ -172,7 +172,7 @@ TEST(SurplusAnswers, WithoutEndFailThePacket) {
   controller.clock.Sleep(1000);
   EXPECT_FALSE(controller.Send(1));
   EXPECT_EQ(controller.sendings[1], 0);
-  EXPECT_EQ(controller.device->LastFailure().english, "answers that belong to no packet do not end");
+  EXPECT_EQ(controller.device->LastFailure().english, TR("answers that belong to no packet do not end"));
 }
 
 TEST(SurplusAnswers, AreWaitedForBeforeTheNextJob) {

@@ -42,7 +42,7 @@ TEST_F(USBDevice, OpensOnlyItsModelAndClosesIt) {
   EXPECT_EQ(log.Texts(), Texts{});
   hid.isDenied = true;
   EXPECT_FALSE(device.Open());
-  EXPECT_EQ(device.OpenFault().text.english, "no permission to open it");
+  EXPECT_EQ(device.OpenFault().text.english, TR("no permission to open it"));
   EXPECT_EQ(device.OpenFault().denial, TCBase::Denial::NoPermission);
 }
 

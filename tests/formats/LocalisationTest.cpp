@@ -80,7 +80,7 @@ TEST_F(LocalisationTest, TranslatesOrLeavesEnglish) {
   EXPECT_EQ(texts.Translate("a<b\r\nc'"), "a<b\r\nc'");
   EXPECT_EQ(Texts(texts.SetLanguage("sk")),
             (std::vector<std::string>{"Language set to Slovak", "translated by A. B.!"}));
-  EXPECT_EQ(texts.Translator()("a<b\r\nc'"), "d");
+  EXPECT_EQ(texts.Translator()(TR("a<b\r\nc'")), "d");
   EXPECT_EQ(texts.CurrentLanguage(), "sk");
   EXPECT_EQ(Texts(texts.SetLanguage("xx")), (std::vector<std::string>{"Language set to English"}));
   EXPECT_EQ(texts.CurrentLanguage(), "en");
@@ -173,7 +173,7 @@ TEST_F(LocalisationTest, BlamesTheXmlOnlyForItself) {
             folder.File("t.xml") +
                 " is no file of translations: line 1, column 1: <localisation> with <strings> was "
                 "expected here, as an exported file has them");
-  EXPECT_EQ(texts.Test(folder.File("missing.xml")).message.english, "{1} could not be read");
+  EXPECT_EQ(texts.Test(folder.File("missing.xml")).message.english, TR("{1} could not be read"));
 }
 
 TEST_F(LocalisationTest, TakesBackWhatItExports) {

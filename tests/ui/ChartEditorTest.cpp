@@ -83,7 +83,7 @@ TEST_F(ChartEditor, AddsAStepInTheSelectedChannelAndSelectsTheOthersFirst) {
   EXPECT_EQ(Steps(), "08:00 0, 12:00 40*, 22:00 0");
   EXPECT_EQ(log.Texts(), (Texts{"Added new step 12:00 40. Current number of steps: 3", "Step 12:00 40"}));
   ASSERT_EQ(editor.Hint().size(), 2u);
-  EXPECT_EQ(editor.Hint()[0].english, "Press DELETE or BACKSPACE to remove the selected step.");
+  EXPECT_EQ(editor.Hint()[0].english, TR("Press DELETE or BACKSPACE to remove the selected step."));
   Click(At(12, 0, 40, 3));
   EXPECT_EQ(Steps(3), "08:00 0, 22:00 0") << "the press selected the channel only";
   EXPECT_EQ(editor.SelectedChannel(), 3u);
@@ -103,7 +103,7 @@ TEST_F(ChartEditor, RefusesTheFortyNinthStepAndWarnsOfTheTwentyFirst) {
   int hints = 0;
   for (int step = 0; step < 47; ++step) {
     Click(At(step / 2, step % 2 * 30 + 15, 50));
-    if (editor.Hint()[0].english.starts_with("The previous model ORVANTA")) ++hints;
+    if (std::string_view(editor.Hint()[0].english).starts_with("The previous model ORVANTA")) ++hints;
   }
   EXPECT_EQ(hints, 1);
   EXPECT_EQ(TCBase::StepCount(document.Mode()), 48);

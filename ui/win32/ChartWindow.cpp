@@ -160,8 +160,8 @@ ChartScene ChartWindow::MakeScene() const {
   content.selection = selection_.Value();
   content.hasFocus = GetFocus() == window_;
   content.palette = palette_;
-  content.fade = translate("fade");
-  content.jump = translate("jump");
+  content.fade = translate(TR("fade"));
+  content.jump = translate(TR("jump"));
   content.demoSecond = workbench_.DemoSecond();
   return MakeChartScene(content, Geometry());
 }

@@ -105,7 +105,7 @@ void Ctrls::SettingsChanged(UINT message) {
 
 void Ctrls::Translate() {
   const auto translate = context_.workbench.services.texts.Translator();
-  ShowText(zoomLabel_, translate("Zoom"));
+  ShowText(zoomLabel_, translate(TR("Zoom")));
   demo_.Translate();
   devices_.Translate();
   modes_.Translate();
@@ -121,9 +121,9 @@ void Ctrls::AddTips() {
   const auto translate = context_.workbench.services.texts.Translator();
   pauseTip_ = demo_.PauseTip();
   ShowTip(demo_.PauseButton(), translate(pauseTip_));
-  ShowTip(devices_.ScanButton(), translate("Scan WiFi devices"));
-  ShowTip(modes_.UpButton(), translate("Move up"));
-  ShowTip(modes_.DownButton(), translate("Move down"));
+  ShowTip(devices_.ScanButton(), translate(TR("Scan WiFi devices")));
+  ShowTip(modes_.UpButton(), translate(TR("Move up")));
+  ShowTip(modes_.DownButton(), translate(TR("Move down")));
 }
 
 void Ctrls::ShowTip(HWND control, const std::string& text) {

@@ -61,7 +61,7 @@ class Ctrls {
   PowerPanel power_;
   LogPane log_;
   HWND tips_ = nullptr;
-  std::string pauseTip_;  // in English
+  qor::English pauseTip_{""};
   StackLayout chartRows_;
   RECT logArea_{};  // of the hint and the log below it
   bool hasLogo_ = true;

@@ -32,12 +32,12 @@ void Append(HMENU menu, const CommandRow& row, Workbench& workbench) {
     case CommandRow::Kind::Separator: AppendMenuW(menu, MF_SEPARATOR, 0, nullptr); return;
     case CommandRow::Kind::Submenu:
       AppendMenuW(menu, MF_POPUP | MF_STRING, reinterpret_cast<UINT_PTR>(BuildMenu(workbench, row.submenu)),
-                  ItemText(translate(WithoutMnemonic(row.text))).c_str());
+                  ItemText(MenuText(row.text, translate)).c_str());
       return;
     case CommandRow::Kind::Command:
-      AppendMenuW(menu, MF_STRING, static_cast<UINT_PTR>(row.number),
-                  (ItemText(translate(WithoutMnemonic(row.text)) + row.suffix) + KeyOf(row.number, translate))
-                      .c_str());
+      AppendMenuW(
+          menu, MF_STRING, static_cast<UINT_PTR>(row.number),
+          (ItemText(MenuText(row.text, translate) + row.suffix) + KeyOf(row.number, translate)).c_str());
       return;
   }
 }
@@ -86,7 +86,7 @@ HMENU BuildMenuBar(Workbench& workbench) {
   const HMENU bar = CreateMenu();
   for (const MenuTitle& title : MenuBar()) {
     AppendMenuW(bar, MF_POPUP | MF_STRING, reinterpret_cast<UINT_PTR>(BuildMenu(workbench, title.menu)),
-                ItemText(translate(WithoutMnemonic(title.text))).c_str());
+                ItemText(MenuText(title.text, translate)).c_str());
   }
   EnableMenus(bar, workbench.Conditions());
   return bar;

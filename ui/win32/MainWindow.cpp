@@ -230,7 +230,7 @@ void MainWindow::RefreshHint() {
   for (const qor::Sentence& sentence : workbench_.editor.Hint()) {
     text += (text.empty() ? "" : " ") + workbench_.Text(sentence);
   }
-  ctrls_->ShowHint(text.empty() ? "" : workbench_.Text({"Hint: {1}", {text}}));
+  ctrls_->ShowHint(text.empty() ? "" : workbench_.Text({TR("Hint: {1}"), {text}}));
 }
 
 void MainWindow::RedrawChart() {

@@ -98,8 +98,8 @@ int Loop(MainWindow& window, const Keys& keys) {
 }
 
 void LogProgram(Workbench& bench) {
-  bench.Say({"Loaded program contains {1} modes", {bench.document.Program().modes.size()}});
-  bench.Say({"Mode {1} steps count: {2}",
+  bench.Say({TR("Loaded program contains {1} modes"), {bench.document.Program().modes.size()}});
+  bench.Say({TR("Mode {1} steps count: {2}"),
              {bench.document.CurrentMode() + 1, TCBase::StepCount(bench.document.Mode())}});
 }
 
@@ -139,7 +139,7 @@ int RunWindow(HINSTANCE instance, int show) {
   if (!window.Create(arguments.renderer)) {
     const std::string text =
         qor::Sentence{
-            "The window could not be made", {}, {qor::Verbatim(platform::ErrorOf(GetLastError()).text)}}
+            TR("The window could not be made"), {}, {qor::Verbatim(platform::ErrorOf(GetLastError()).text)}}
             .In(texts.Translator());
     MessageBoxW(nullptr, qor::win::WideFromUtf8(text).c_str(), L"Halvex", MB_OK | MB_ICONERROR);
     return 0;

@@ -9,10 +9,11 @@ void ControllerPage::Build(HWND dialog, StackLayout& rows, const qor::Translate&
     choices.push_back(ControllerText(controller, translate));
   }
   rows.Add({Paragraph(
-      dialog, translate("Connect the TC421 to this computer by USB. Or hold its Wi-Fi button until its light "
-                        "blinks, join the controller's own network with this computer and choose \"Scan WiFi "
-                        "devices\" before this set-up."))});
-  const Cell label = Caption(dialog, translate("Device"));
+      dialog,
+      translate(TR("Connect the TC421 to this computer by USB. Or hold its Wi-Fi button until its light "
+                   "blinks, join the controller's own network with this computer and choose \"Scan WiFi "
+                   "devices\" before this set-up.")))});
+  const Cell label = Caption(dialog, translate(TR("Device")));
   const Cell controllersCell = ComboBox(dialog, choices, wizard_.ControllerIndex());
   controllers_ = controllersCell.control;
   rows.Add({label, controllersCell}, Gap::Wide);

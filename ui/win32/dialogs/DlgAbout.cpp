@@ -7,17 +7,18 @@
 namespace UX {
 
 void DlgAbout::Build(const qor::Translate& translate) {
-  SetText(Window(), translate("About ..."));
+  SetText(Window(), translate(TR("About ...")));
   StackLayout& rows = AddPage();
   rows.Add({PlainText(Window(), TCBase::TC420DisplayName, Face::Title)});
   rows.Add({PlainText(Window(), "Halvex " + facts_.version, Face::Bold)}, Gap::Close);
   rows.Add({Paragraph(
-      Window(), translate("Editor for the day-long light programs of TC420 and TC421 LED controllers."))});
+      Window(),
+      translate(TR("Editor for the day-long light programs of TC420 and TC421 LED controllers.")))});
   rows.Add({Paragraph(Window(), "MIT License")});
   if (!facts_.translator.empty()) {
-    rows.Add({Paragraph(Window(), qor::Format(translate("translated by {1}!"), {facts_.translator}))});
+    rows.Add({Paragraph(Window(), qor::Format(translate(TR("translated by {1}!")), {facts_.translator}))});
   }
-  AddButton(IDCANCEL, translate("Close"), true);
+  AddButton(IDCANCEL, translate(TR("Close")), true);
 }
 
 }  // namespace UX

@@ -162,8 +162,8 @@ HWND DlgBase::AddButton(int id, std::string_view text, bool isDefault) {
 }
 
 void DlgBase::AddOkAndCancel(const qor::Translate& translate) {
-  AddButton(IDOK, translate("OK"), true);
-  AddButton(IDCANCEL, translate("Cancel"));
+  AddButton(IDOK, translate(TR("OK")), true);
+  AddButton(IDCANCEL, translate(TR("Cancel")));
 }
 
 void DlgBase::SetFonts() {

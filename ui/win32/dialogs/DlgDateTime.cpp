@@ -17,9 +17,9 @@ namespace {
 void DlgDateTime::Build(const qor::Translate& translate) {
   const ::SYSTEMTIME time = {time_.wYear, time_.wMonth,  time_.wDayOfWeek, time_.wDay,
                              time_.wHour, time_.wMinute, time_.wSecond,    0};
-  SetText(Window(), translate("Set custom date and time"));
+  SetText(Window(), translate(TR("Set custom date and time")));
   StackLayout& rows = AddPage();
-  rows.Add({Paragraph(Window(), translate("Enter date and time"))});
+  rows.Add({Paragraph(Window(), translate(TR("Enter date and time")))});
   const Cell date = DatePicker(Window(), time);
   const Cell timeOfDay = TimePicker(Window(), time);
   rows.Add({date, timeOfDay}, Gap::Close);

@@ -7,10 +7,10 @@ void DlgModeName::Build(const qor::Translate& translate) {
   constexpr int DescriptionLines = 5;
   SetText(Window(), request_.title);
   StackLayout& rows = AddPage();
-  rows.Add({Paragraph(Window(), translate("Mode name"))});
+  rows.Add({Paragraph(Window(), translate(TR("Mode name")))});
   const Cell name = LineEdit(Window(), request_.name);
   rows.Add({name}, Gap::Close);
-  rows.Add({Paragraph(Window(), translate("Mode description"))});
+  rows.Add({Paragraph(Window(), translate(TR("Mode description")))});
   const Cell description = TextEdit(Window(), request_.description, DescriptionLines);
   rows.Add({description}, Gap::Close);
   name_ = name.control;

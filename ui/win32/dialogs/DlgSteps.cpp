@@ -32,8 +32,8 @@ void DlgSteps::Build(const qor::Translate& translate) {
   constexpr int OddityLines = 3;
   SetText(Window(), request_.title);
   StackLayout& rows = AddPage();
-  rows.Add({Paragraph(Window(), translate("Enter steps in this format:"))});
-  rows.Add({PlainText(Window(), translate("hh:mm value [J]"), Face::Fixed)}, Gap::Close);
+  rows.Add({Paragraph(Window(), translate(TR("Enter steps in this format:")))});
+  rows.Add({PlainText(Window(), translate(TR("hh:mm value [J]")), Face::Fixed)}, Gap::Close);
   Cell text = TextEdit(Window(), Fitting(request_.text), Lines);
   text.face = Face::Fixed;
   Cell examples = PlainText(Window(), Examples, Face::Fixed);
@@ -58,7 +58,7 @@ void DlgSteps::OnCommand(HWND control, int notification) {
 void DlgSteps::ShowCount() {
   const qor::Translate& translate = Translator();
   const TCBase::StepsReading reading = TCBase::ReadStepsText(TextOf(text_));
-  SetText(count_, qor::Format(translate("Text contains {1} steps"), {reading.steps.size()}));
+  SetText(count_, qor::Format(translate(TR("Text contains {1} steps")), {reading.steps.size()}));
   SetText(oddities_, RemarksText(reading.remarks, translate));
 }
 

@@ -36,11 +36,11 @@ DlgTC421_Config::DlgTC421_Config(qor::Translate translate, WiFiSetup setup)
       wizardPages_{&controllerPage_, &networkPage_, &passwordPage_, &sendPage_} {}
 
 void DlgTC421_Config::Build(const qor::Translate& translate) {
-  SetText(Window(), translate("Setup TC421 WiFi"));
+  SetText(Window(), translate(TR("Setup TC421 WiFi")));
   for (WizardPage* const page : wizardPages_) page->Build(Window(), AddPage(), translate);
-  back_ = AddButton(BackId, translate("Back"));
-  next_ = AddButton(NextId, translate("Next"), true);
-  cancel_ = AddButton(IDCANCEL, translate("Cancel"));
+  back_ = AddButton(BackId, translate(TR("Back")));
+  next_ = AddButton(NextId, translate(TR("Next")), true);
+  cancel_ = AddButton(IDCANCEL, translate(TR("Cancel")));
   UpdateButtons();
 }
 
@@ -87,8 +87,8 @@ void DlgTC421_Config::GoOn() {
 void DlgTC421_Config::ShowCurrentPage() {
   const qor::Translate& translate = Translator();
   Page().OnShow();
-  SetText(next_, wizard_.Page() == WiFiPage::Send ? translate("Send") : translate("Next"));
-  SetText(cancel_, translate("Cancel"));
+  SetText(next_, wizard_.Page() == WiFiPage::Send ? translate(TR("Send")) : translate(TR("Next")));
+  SetText(cancel_, translate(TR("Cancel")));
   LayOut();
   ShowPage(static_cast<std::size_t>(wizard_.Page()));
   UpdateButtons();  // in the end, as the focus must not stand on a button that is switched off
@@ -102,7 +102,7 @@ void DlgTC421_Config::UpdateButtons() {
 
 void DlgTC421_Config::Send() {
   const qor::Translate& translate = Translator();
-  sendPage_.Tell(translate("Setting up WiFi"));
+  sendPage_.Tell(translate(TR("Setting up WiFi")));
   isSending_ = true;
   UpdateButtons();
   PaintNow(Window());
@@ -113,7 +113,7 @@ void DlgTC421_Config::Send() {
   sendPage_.Tell(OutcomeText(outcome, translate));
   isSending_ = false;
   UpdateButtons();
-  if (outcome.IsDone()) SetText(cancel_, translate("Close"));
+  if (outcome.IsDone()) SetText(cancel_, translate(TR("Close")));
   LayOut();
   Focus(outcome.IsDone() ? cancel_ : next_);
 }

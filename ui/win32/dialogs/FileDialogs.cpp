@@ -23,13 +23,13 @@ struct KindOfFile {
 
 KindOfFile KindOf(FileKind kind, const qor::Translate& translate) {
   switch (kind) {
-    case FileKind::Program: return {translate("XML Program"), L"XML"};
-    case FileKind::TMF: return {translate("TMF PLed File"), L"TMF"};
-    case FileKind::LMF: return {translate("LMF LEDControl File"), L"LMF"};
-    case FileKind::RAW: return {translate("RAW Channel File"), L"RAW"};
+    case FileKind::Program: return {translate(TR("XML Program")), L"XML"};
+    case FileKind::TMF: return {translate(TR("TMF PLed File")), L"TMF"};
+    case FileKind::LMF: return {translate(TR("LMF LEDControl File")), L"LMF"};
+    case FileKind::RAW: return {translate(TR("RAW Channel File")), L"RAW"};
     case FileKind::Translation: break;
   }
-  return {translate("XML Files"), L"XML"};
+  return {translate(TR("XML Files")), L"XML"};
 }
 
 /// One entry of the list of filters: its name and its pattern, each with a zero behind it.
@@ -42,7 +42,7 @@ class FileDialog {
  public:
   FileDialog(HWND owner, FileKind kind, const qor::Translate& translate) : path_(PathRoom) {
     const KindOfFile file = KindOf(kind, translate);
-    filters_ = Filter(file.name, L"*." + file.ending) + Filter(translate("All Files"), L"*.*");
+    filters_ = Filter(file.name, L"*." + file.ending) + Filter(translate(TR("All Files")), L"*.*");
     ending_ = file.ending;
     dialog_.lStructSize = sizeof dialog_;
     dialog_.hwndOwner = owner;

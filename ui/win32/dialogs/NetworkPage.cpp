@@ -24,13 +24,14 @@ void NetworkPage::Build(HWND dialog, StackLayout& rows, const qor::Translate& tr
   constexpr int ListLines = 7;
   constexpr int TroubleLines = 2;
   rows.Add({Paragraph(
-      dialog, translate("Choose the network for the controller. Type its name if it is not in the list."))});
-  const Cell list =
-      ReportList(dialog, {translate("Network name"), translate("Signal"), translate("Security")}, ListLines);
+      dialog,
+      translate(TR("Choose the network for the controller. Type its name if it is not in the list.")))});
+  const Cell list = ReportList(
+      dialog, {translate(TR("Network name")), translate(TR("Signal")), translate(TR("Security"))}, ListLines);
   list_ = list.control;
   rows.Add({list});
   const Cell trouble = Paragraph(dialog, {}, TroubleLines);
-  const Cell refresh = PushButton(dialog, translate("Refresh"));
+  const Cell refresh = PushButton(dialog, translate(TR("Refresh")));
   trouble_ = trouble.control;
   refresh_ = refresh.control;
   rows.Add({trouble, refresh});
@@ -41,11 +42,11 @@ void NetworkPage::BuildEntry(HWND dialog, StackLayout& rows, const qor::Translat
   constexpr int RemarkLines = 2;
   std::vector<std::string> choices;
   for (const WiFiSecurity security : Securities) choices.push_back(SecurityText(security, translate));
-  const Cell nameLabel = Caption(dialog, translate("Network name"));
+  const Cell nameLabel = Caption(dialog, translate(TR("Network name")));
   const Cell name = LineEdit(dialog, {});
-  const Cell securityLabel = Caption(dialog, translate("Security"));
+  const Cell securityLabel = Caption(dialog, translate(TR("Security")));
   const Cell security = ComboBox(dialog, choices, static_cast<std::size_t>(ChoiceOf(wizard_.Security())));
-  const Cell encryptionLabel = Caption(dialog, translate("Encryption number"));
+  const Cell encryptionLabel = Caption(dialog, translate(TR("Encryption number")));
   const Cell encryption = LineEdit(dialog, "0", ES_NUMBER);
   const Cell remark = Paragraph(dialog, {}, RemarkLines);
   rows.Add({nameLabel, name});

@@ -18,7 +18,7 @@ void PasswordPage::Build(HWND dialog, StackLayout& rows, const qor::Translate& t
   constexpr int RemarkLines = 2;
   const Cell label = Paragraph(dialog, {});
   const Cell password = LineEdit(dialog, {}, ES_PASSWORD);
-  const Cell show = CheckBox(dialog, translate("Show password"));
+  const Cell show = CheckBox(dialog, translate(TR("Show password")));
   const Cell remark = Paragraph(dialog, {}, RemarkLines);
   rows.Add({label});
   rows.Add({password}, Gap::Close);
@@ -34,7 +34,7 @@ void PasswordPage::Build(HWND dialog, StackLayout& rows, const qor::Translate& t
 
 void PasswordPage::OnShow() {
   const qor::Translate& translate = translate_;
-  SetText(label_, qor::Format(translate("Password for the network {1}"), {wizard_.Settings().ssid}));
+  SetText(label_, qor::Format(translate(TR("Password for the network {1}")), {wizard_.Settings().ssid}));
   TakePassword();
 }
 

@@ -16,9 +16,9 @@ HWND AddFact(HWND dialog, StackLayout& rows, const std::string& what) {
 
 void SendPage::Build(HWND dialog, StackLayout& rows, const qor::Translate& translate) {
   constexpr int StateLines = 7;
-  controller_ = AddFact(dialog, rows, translate("Device"));
-  network_ = AddFact(dialog, rows, translate("Network name"));
-  security_ = AddFact(dialog, rows, translate("Security"));
+  controller_ = AddFact(dialog, rows, translate(TR("Device")));
+  network_ = AddFact(dialog, rows, translate(TR("Network name")));
+  security_ = AddFact(dialog, rows, translate(TR("Security")));
   const Cell state = Paragraph(dialog, {}, StateLines);
   rows.Add({state}, Gap::Wide);
   state_ = state.control;

@@ -36,9 +36,9 @@ DemoPanel::DemoPanel(const PanelContext& context)
 
 void DemoPanel::Translate() {
   const auto translate = context_.workbench.services.texts.Translator();
-  ShowText(play_, std::string(Play) + " " + translate("Play demo"));
+  ShowText(play_, std::string(Play) + " " + translate(TR("Play demo")));
   ShowText(pause_, Pause);
-  ShowText(stop_, std::string(Stop) + " " + translate("Stop demo"));
+  ShowText(stop_, std::string(Stop) + " " + translate(TR("Stop demo")));
 }
 
 void DemoPanel::Refresh() {
@@ -47,13 +47,13 @@ void DemoPanel::Refresh() {
   const auto second = workbench.DemoSecond();
   ShowText(time_, second ? TCBase::TimeOfDayText(*second) : "");
   ShowText(status_, workbench.IsDemoRunning()
-                        ? workbench.Text({"Playing whole day in {1} seconds", {workbench.DemoSeconds()}})
-                        : translate("No demo is playing"));
+                        ? workbench.Text({TR("Playing whole day in {1} seconds"), {workbench.DemoSeconds()}})
+                        : translate(TR("No demo is playing")));
   ShowText(pause_, IsPaused(workbench) ? Play : Pause);
 }
 
-const char* DemoPanel::PauseTip() const {
-  return IsPaused(context_.workbench) ? "Resume demo" : "Pause demo";
+qor::English DemoPanel::PauseTip() const {
+  return IsPaused(context_.workbench) ? TR("Resume demo") : TR("Pause demo");
 }
 
 bool DemoPanel::ShowHint(const std::string& hint) {

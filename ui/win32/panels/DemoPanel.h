@@ -20,7 +20,7 @@ class DemoPanel {
   void LayOut(const RECT& area) const;
   HWND PauseButton() const { return pause_; }
   /// What the button does now, in English.
-  const char* PauseTip() const;
+  qor::English PauseTip() const;
   HWND Time() const { return time_; }
 
  private:

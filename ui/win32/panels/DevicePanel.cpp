@@ -21,12 +21,12 @@ DevicePanel::DevicePanel(const PanelContext& context)
 
 void DevicePanel::Translate() {
   const auto translate = context_.workbench.services.texts.Translator();
-  ShowText(heading_, translate("Devices"));
-  ShowText(scan_, translate("Scan"));
-  ShowText(addEmulator_, translate("Add emulator"));
-  ShowText(upload_, translate("Upload program"));
+  ShowText(heading_, translate(TR("Devices")));
+  ShowText(scan_, translate(TR("Scan")));
+  ShowText(addEmulator_, translate(TR("Add emulator")));
+  ShowText(upload_, translate(TR("Upload program")));
   if (!isWorking_) leastWidth_ = rows_.LeastWidth(context_.fonts);
-  if (isWorking_) ShowText(upload_, translate("Cancel"));
+  if (isWorking_) ShowText(upload_, translate(TR("Cancel")));
 }
 
 void DevicePanel::Refresh() {
@@ -65,7 +65,9 @@ CheckRow DevicePanel::RowOf(const TCBase::DeviceInfo& device) const {
   switch (RouteOf(device)) {
     case DeviceRoute::Usb: row.info = "USB"; break;
     case DeviceRoute::Network: row.info = platform::AddressText(device.address); break;
-    case DeviceRoute::Emulator: row.info = context_.workbench.services.texts.Translator()("emulator"); break;
+    case DeviceRoute::Emulator:
+      row.info = context_.workbench.services.texts.Translator()(TR("emulator"));
+      break;
   }
   const TCBase::DeviceOutcome* outcome = context_.workbench.devices.LastOutcome(device);
   if (outcome != nullptr) AddOutcome(*outcome, row);

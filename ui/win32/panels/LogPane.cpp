@@ -88,7 +88,8 @@ void LogPane::ShowMenu(POINT at) {
     ClientToScreen(window_, &at);
   }
   const HMENU menu = CreatePopupMenu();
-  const std::wstring copy = qor::win::WideFromUtf8(context_.workbench.services.texts.Translator()("Copy"));
+  const std::wstring copy =
+      qor::win::WideFromUtf8(context_.workbench.services.texts.Translator()(TR("Copy")));
   AppendMenuW(menu, MF_STRING, 1, copy.c_str());
   if (TrackPopupMenu(menu, TPM_RETURNCMD, at.x, at.y, 0, context_.window, nullptr) == 1) {
     SendMessageW(window_, WM_COPY, 0, 0);

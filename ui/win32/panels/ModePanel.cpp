@@ -65,12 +65,12 @@ ModePanel::ModePanel(const PanelContext& context)
 
 void ModePanel::Translate() {
   const auto translate = context_.workbench.services.texts.Translator();
-  ShowText(heading_, translate("Modes"));
-  ShowText(add_, translate("Add"));
-  ShowText(copy_, translate("Copy"));
-  ShowText(rename_, translate("Rename"));
-  ShowText(delete_, translate("Delete"));
-  ShowText(descriptionHeading_, translate("Mode description"));
+  ShowText(heading_, translate(TR("Modes")));
+  ShowText(add_, translate(TR("Add")));
+  ShowText(copy_, translate(TR("Copy")));
+  ShowText(rename_, translate(TR("Rename")));
+  ShowText(delete_, translate(TR("Delete")));
+  ShowText(descriptionHeading_, translate(TR("Mode description")));
 }
 
 void ModePanel::Refresh() {
@@ -93,7 +93,7 @@ CheckRow ModePanel::RowOf(std::size_t mode) const {
   const TCBase::Mode& shown = workbench.document.Program().modes[mode];
   const int steps = TCBase::StepCount(shown);
   CheckRow row{workbench.document.IsUploaded(mode), shown.name, "", "", CheckRow::Tone::Usual};
-  row.info = workbench.Text({"{1} steps", {steps}});
+  row.info = workbench.Text({TR("{1} steps"), {steps}});
   for (const qor::Sentence& remark : workbench.RemarksOn(shown)) {
     row.tip += (row.tip.empty() ? "" : "\n") + workbench.Text(remark);
   }

@@ -58,7 +58,7 @@ void PowerPanel::Register(HINSTANCE instance) {
 }
 
 void PowerPanel::Translate() {
-  ShowText(heading_, context_.workbench.services.texts.Translator()("Channel power"));
+  ShowText(heading_, context_.workbench.services.texts.Translator()(TR("Channel power")));
 }
 
 void PowerPanel::Refresh() {
