@@ -1,6 +1,6 @@
 # SPDX-License-Identifier: MIT
 # shellcheck shell=dash
-# The cases in the order of their run; check.py knows what each must leave behind.
+# The cases in the order of their run; test_usb.py knows what each must leave behind.
 
 cases='upload two_reports unplugged refused devices equals interrupted monitor tc421 both_models tc421_demo'
 program=/home/user/presets.xml

@@ -1,10 +1,6 @@
 # SPDX-License-Identifier: MIT
 """The frames that a TC421 must get over the network, computed from the presets' tables."""
-import pathlib
-import sys
-
-sys.path.append(str(pathlib.Path(__file__).parent.parent / 'usb'))
-from frames import PRESETS, percent_at, samples, text
+from tc420 import PRESETS, percent_at, samples, text
 
 
 def frame(command, sub, payload=b'', identity='', length=None):

@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-"""The frames that an upload of the built-in presets must put on the wire, computed from the presets' tables."""
+"""The frames that a TC420 must get from an upload of the presets, computed from their tables."""
 from fractions import Fraction
 
 DAY = 24 * 60
@@ -36,19 +36,19 @@ def text(name, width):
     return name.encode()[:width].ljust(width, b'\0')
 
 
-def tc420(command, payload=b''):
-    frame = bytes([0x55, 0xAA, command, 0, len(payload)]) + payload.ljust(56, b'\0')
-    return frame + bytes([sum(frame) % 256, 0x0D, 0x0A])
+def frame(command, payload=b''):
+    summed = bytes([0x55, 0xAA, command, 0, len(payload)]) + payload.ljust(56, b'\0')
+    return summed + bytes([sum(summed) % 256, 0x0D, 0x0A])
 
 
-def tc420_mode(bank):
+def mode(bank):
     name, channels = PRESETS[bank]
     table = samples(channels)
     no_jumps = bytes([0])
-    return [tc420(0x12, bytes([bank, len(table)]) + text(name, 8)),
-            *(tc420(0x13, bytes(sample) + no_jumps) for sample in table),
-            tc420(0x01)]
+    return [frame(0x12, bytes([bank, len(table)]) + text(name, 8)),
+            *(frame(0x13, bytes(sample) + no_jumps) for sample in table),
+            frame(0x01)]
 
 
-TC420_CLOSE = [tc420(0x02)]
-TC420_UPLOAD = tc420_mode(0) + tc420_mode(1) + TC420_CLOSE
+CLOSE = frame(0x02)
+UPLOAD = [*mode(0), *mode(1), CLOSE]
