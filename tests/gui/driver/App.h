@@ -5,31 +5,20 @@
 
 #include <string>
 
-#include "chart/ChartGeometry.h"
-#include "tests/gui/driver/Probe.h"
+#include "tests/gui/driver/Check.h"
+#include "tests/gui/driver/Desktop.h"
 
 namespace gui {
 
-/// What all cases share; set once.
-struct Rig {
-  std::string program;   // the path of the program under test
-  std::string renderer;  // by which it draws where a case does not say it
-  std::string folder;    // a new one for this run
-};
-Rig& TheRig();
+/// The path of the program under test.
+inline std::string program;
 
 /// The program under test while a case works with it. What is left of it is ended with the object.
 class App {
  public:
-  struct Start {
-    std::string folder;    // of settings, below the rig's; made when missing
-    std::string settings;  // elements within <config>, for a first start
-    std::string arguments;
-    bool isQuiet = true;  // whether no question comes before the window is ready
-  };
-  explicit App(const Start& start);
-  /// With a folder of the case's name.
-  explicit App(const std::string& folder) : App(Start{folder, "", "", true}) {}
+  /// Starts it with its settings in a folder of that name, made when missing, and waits until it is ready or
+  /// asks something.
+  explicit App(const std::string& folder, const std::string& arguments = "");
   ~App();
   App(const App&) = delete;
   App& operator=(const App&) = delete;
@@ -37,58 +26,41 @@ class App {
   HWND Window() const { return window_; }
   /// By the number of a control or of a button's command.
   HWND Control(int id) const;
-  HWND Chart() const;
-  HWND Log() const;
-  std::string Title() const;
-  std::string LogText() const;
-  /// Waits for a part of a line in the log pane.
-  void AwaitLog(const std::string& part) const;
+  /// Waits until the control has that text in its own.
+  void Await(int id, const std::string& part) const;
+  /// Waits for the rows of a list, as the probe writes them, with that text in them.
+  void AwaitRows(int id, const std::string& part) const;
+  void AwaitTitle(const std::string& title) const;
   /// Waits until the program has taken what was sent to it.
   void Settle() const;
 
+  /// Clicks on the middle of a control.
+  void Press(int id) const;
   /// Posts a menu's command, as one that is chosen comes.
   void Run(int command) const;
-  /// The dialog or message box in front; waits for it.
-  HWND Dialog() const;
+  /// The dialog or message box in front, if there is one; the other one waits for it.
   HWND FindDialog() const;
+  HWND Dialog() const;
   /// Presses a button of the dialog in front, by its number, and waits until the dialog is gone.
   void Answer(int button) const;
-  /// The text of a message box that comes up.
-  std::string Question() const;
-  /// Enters a path into the file dialog that comes up.
-  void ChooseFile(const std::string& path) const;
+  /// Waits for a message box with that caption and text, and answers it.
+  void AnswerTo(const std::string& question, int button) const;
 
-  /// The items of all menus, as the probe writes them.
-  std::string MenuText() const;
-  void Drop(const std::string& path) const;
-
-  /// As the chart stands on the screen.
-  UX::ChartGeometry Geometry() const;
+  /// Of the whole day.
   POINT ChartPoint(std::size_t channel, int minuteOfDay, float percent) const;
-  /// The steps of the first mode, as its row in the list says.
-  std::string StepsShown() const;
-  /// Adds the emulator; as the only device it is picked at once.
-  void PickEmulator() const;
-
-  /// Whether a label of the window begins so.
-  bool ShowsText(const std::string& beginning) const;
 
   bool IsRunning() const;
-  std::size_t PrivateBytes() const;
-  /// Closes the window, dropping what was changed, and expects the program to end well.
-  void Close();
+  std::size_t PrivateKilobytes() const;
+  /// Asks the window to close, as its frame does.
+  void AskToClose() const;
+  /// Waits for the end, which must be a good one.
+  void AwaitEnd() const;
+  /// Closes the window, dropping what was changed.
+  void Close() const;
   /// As a crash ends it.
-  void Kill();
-  /// Waits for the end; the exit code.
-  DWORD AwaitEnd(DWORD milliseconds = 10000) const;
   std::string FileIn(const std::string& name) const { return folder_ + "\\" + name; }
 
  private:
-  void Launch(const std::string& arguments);
-  void ComeToFront() const;
-  void SetProbe();
-  probe::Answer& Ask(probe::Question question) const;
-
   std::string folder_;
   PROCESS_INFORMATION process_{};
   HWND window_ = nullptr;
@@ -97,6 +69,5 @@ class App {
 
 /// A file's bytes; empty when there is none.
 std::string BytesOf(const std::string& path);
-void WriteBytes(const std::string& path, const std::string& bytes);
 
 }  // namespace gui

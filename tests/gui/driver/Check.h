@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <functional>
+#include <sstream>
 #include <string>
 
 /// How cases say what must hold.
@@ -19,38 +20,24 @@ inline void Expect(bool holds, const std::string& why) {
 }
 
 template <typename Value>
-std::string InWords(const Value& value) {
-  if constexpr (std::is_convertible_v<Value, std::string>) {
-    return '"' + std::string(value) + '"';
-  } else {
-    return std::to_string(value);
-  }
-}
-
-template <typename Actual, typename Expected>
-void ExpectEqual(const std::string& what, const Actual& actual, const Expected& expected) {
-  if (!(actual == expected)) {
-    throw Failure{what + " is " + InWords(actual) + " instead of " + InWords(expected)};
-  }
+void ExpectEqual(const std::string& what, const Value& actual, const std::type_identity_t<Value>& expected) {
+  std::ostringstream why;
+  why << what << " is \"" << actual << "\" instead of \"" << expected << '"';
+  Expect(actual == expected, why.str());
 }
 
 inline bool Contains(const std::string& text, const std::string& part) {
   return text.find(part) != std::string::npos;
 }
 
-/// Waits until something holds; whether it came to that.
-inline bool HoldsWithin(DWORD milliseconds, const std::function<bool()>& holds) {
-  const ULONGLONG end = GetTickCount64() + milliseconds;
+/// Waits until something holds. `what` is how the sentence "never: ..." goes on.
+inline void Until(const std::string& what, const std::function<bool()>& holds) {
+  constexpr ULONGLONG PatienceMilliseconds = 20000;
+  const ULONGLONG end = GetTickCount64() + PatienceMilliseconds;
   while (!holds()) {
-    if (GetTickCount64() > end) return false;
+    Expect(GetTickCount64() < end, "never: " + what);
     Sleep(10);
   }
-  return true;
-}
-
-/// `what` is how the sentence "never: ..." goes on.
-inline void Until(const std::string& what, const std::function<bool()>& holds, DWORD milliseconds = 8000) {
-  Expect(HoldsWithin(milliseconds, holds), "never: " + what);
 }
 
 }  // namespace gui

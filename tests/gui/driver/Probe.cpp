@@ -3,78 +3,65 @@
 
 #include <shlobj.h>
 
-#include <cstring>
-#include <cwchar>
+#include <string>
 
+#include <commctrl.h>  // after windows.h
+
+namespace probe {
 namespace {
 
-using probe::Answer;
-using probe::Question;
-
-constexpr std::size_t TextRoom = sizeof(Answer::text) / sizeof(wchar_t);
-
-void Append(Answer& answer, const wchar_t* text) {
-  const std::size_t used = wcslen(answer.text), length = wcslen(text);
-  if (used + length < TextRoom) wmemcpy(answer.text + used, text, length + 1);
+std::wstring ItemsOf(HMENU menu) {
+  std::wstring lines;
+  for (int position = 0; position < GetMenuItemCount(menu); ++position) {
+    const auto item = static_cast<UINT>(position);
+    wchar_t name[256] = L"";
+    GetMenuStringW(menu, item, name, static_cast<int>(std::size(name)), MF_BYPOSITION);
+    const UINT state = GetMenuState(menu, item, MF_BYPOSITION);
+    if ((state & MF_GRAYED) != 0) lines += L'G';
+    if ((state & MF_CHECKED) != 0) lines += L'C';
+    lines += std::wstring(L" ") + name + L'\n';
+    if (const HMENU below = GetSubMenu(menu, position)) lines += ItemsOf(below);
+  }
+  return lines;
 }
 
-void WriteMenu(HMENU menu, Answer& answer) {
-  for (UINT position = 0; position < static_cast<UINT>(GetMenuItemCount(menu)); ++position) {
-    wchar_t text[256] = L"";
-    GetMenuStringW(menu, position, text, 256, MF_BYPOSITION);
-    const UINT state = GetMenuState(menu, position, MF_BYPOSITION);
-    if ((state & MF_GRAYED) != 0) Append(answer, L"G");
-    if ((state & MF_CHECKED) != 0) Append(answer, L"C");
-    Append(answer, L" ");
-    Append(answer, text);
-    Append(answer, L"\n");
-    if (const HMENU below = GetSubMenu(menu, static_cast<int>(position))) WriteMenu(below, answer);
+std::wstring RowsOf(HWND list) {
+  std::wstring lines;
+  for (int row = 0; row < ListView_GetItemCount(list); ++row) {
+    wchar_t name[256] = L"", info[256] = L"";
+    ListView_GetItemText(list, row, 0, name, static_cast<int>(std::size(name)));
+    ListView_GetItemText(list, row, 1, info, static_cast<int>(std::size(info)));
+    lines += std::wstring(name) + L": " + info + L'\n';
   }
+  return lines;
 }
 
 /// What Explorer hands over; the program frees it.
-void PostDrop(HWND window, const wchar_t* path) {
-  const std::size_t bytes = (wcslen(path) + 2) * sizeof(wchar_t);  // the list ends with an empty name
-  const HGLOBAL drop = GlobalAlloc(GHND, sizeof(DROPFILES) + bytes);
-  auto* files = static_cast<DROPFILES*>(GlobalLock(drop));
-  files->pFiles = sizeof(DROPFILES);
+void PostDrop(HWND window) {
+  auto* const files = static_cast<DROPFILES*>(GlobalAlloc(GPTR, sizeof(DROPFILES) + sizeof text));
+  files->pFiles = sizeof *files;
   files->fWide = TRUE;
-  memcpy(files + 1, path, bytes - sizeof(wchar_t));
-  GlobalUnlock(drop);
-  PostMessageW(window, WM_DROPFILES, reinterpret_cast<WPARAM>(drop), 0);
+  lstrcpyW(reinterpret_cast<wchar_t*>(files + 1), text);
+  PostMessageW(window, WM_DROPFILES, reinterpret_cast<WPARAM>(files), 0);
 }
 
-void Reply(HWND window, Question question, Answer& answer) {
-  switch (question) {
-    case Question::Menu:
-      answer.text[0] = L'\0';
-      WriteMenu(GetMenu(window), answer);
-      break;
-    case Question::Rest:
-      answer.isAtRest = HIWORD(GetQueueStatus(QS_INPUT | QS_POSTMESSAGE | QS_PAINT)) == 0;
-      break;
-    case Question::Drop: PostDrop(window, answer.text); break;
-  }
-  answer.isAnswered = true;
-}
-
-void OnQuestion(HWND window, Question question) {
-  const HANDLE mapping = OpenFileMappingW(FILE_MAP_WRITE, FALSE, probe::MappingName);
-  if (mapping == nullptr) return;
-  if (void* view = MapViewOfFile(mapping, FILE_MAP_WRITE, 0, 0, sizeof(Answer))) {
-    Reply(window, question, *static_cast<Answer*>(view));
-    UnmapViewOfFile(view);
-  }
-  CloseHandle(mapping);
+void Write(const std::wstring& answer) {
+  lstrcpynW(text, answer.c_str(), static_cast<int>(std::size(text)));
 }
 
 }  // namespace
 
-extern "C" __declspec(dllexport) LRESULT CALLBACK ProbeHook(int code, WPARAM wParam, LPARAM lParam) {
-  static const UINT message = RegisterWindowMessageW(probe::MessageName);
+wchar_t text[16384] __attribute__((section("shared"), shared)) = L"?";
+
+LRESULT CALLBACK Hook(int code, WPARAM wParam, LPARAM lParam) {
+  static const UINT message = RegisterWindowMessageW(MessageName);
   const auto* sent = reinterpret_cast<const CWPSTRUCT*>(lParam);
   if (code == HC_ACTION && sent->message == message) {
-    OnQuestion(sent->hwnd, static_cast<Question>(sent->wParam));
+    if (sent->wParam == Menus) Write(ItemsOf(GetMenu(sent->hwnd)));
+    if (sent->wParam == Rows) Write(RowsOf(sent->hwnd));
+    if (sent->wParam == Drop) PostDrop(sent->hwnd);
   }
   return CallNextHookEx(nullptr, code, wParam, lParam);
 }
+
+}  // namespace probe

@@ -3,25 +3,21 @@
 
 #include <windows.h>
 
-/// What the driver asks of the library that the program under test loads: things that only its own process
-/// knows. A question is a registered message to the program's window, the answer stands in a named mapping.
+/// A library that is hooked into the program under test, for what only its own process knows. It is asked by
+/// a message of this name to one of the program's windows.
 namespace probe {
 
-inline constexpr const wchar_t* MessageName = L"HalvexProbeQuestion";
-inline constexpr const wchar_t* MappingName = L"HalvexProbeAnswer";
-inline constexpr const wchar_t* LibraryName = L"gui_probe.dll";
-inline constexpr const char* HookName = "ProbeHook";
+inline constexpr const wchar_t* MessageName = L"HalvexProbe";
 
-enum class Question : WPARAM {
-  Menu,  // `text` becomes a line for each item: marks, of "G" (greyed) and "C" (checked), a blank, the text
-  Rest,  // whether nothing waits for the program to take it
-  Drop,  // `text` is the path of a file; posts its being dropped on the window
+enum Question : WPARAM {
+  Menus,  // of the window: a line for each item, of "G" (greyed), "C" (checked), a blank, its text
+  Rows,   // of the list: a line for each, with both columns, as in "Normal: 12 steps"
+  Drop,   // lets the file whose path is in `text` fall on the window
 };
 
-struct Answer {
-  bool isAnswered;
-  bool isAtRest;
-  wchar_t text[32768];
-};
+/// The answer; all processes share it.
+PROBE extern wchar_t text[16384];
+/// For WH_CALLWNDPROC.
+PROBE LRESULT CALLBACK Hook(int code, WPARAM wParam, LPARAM lParam);
 
 }  // namespace probe

@@ -4,16 +4,15 @@
 
 #include "tests/gui/driver/App.h"
 #include "tests/gui/driver/Cases.h"
-#include "tests/gui/driver/Check.h"
-#include "tests/gui/driver/Controls.h"
-#include "tests/gui/driver/Input.h"
 #include "ui/CommandTable.h"
+#include "ui/win32/panels/Panel.h"
 
 namespace gui {
 namespace {
 
-/// Says where it is, and waits for the end of the input.
+/// When animations have come to their ends, says where it is, and waits for the end of the input.
 void TellPlace(HWND window) {
+  Sleep(700);
   RECT place{};
   GetWindowRect(window, &place);
   std::cout << "shown " << place.right - place.left << 'x' << place.bottom - place.top << '+' << place.left
@@ -25,26 +24,25 @@ void TellPlace(HWND window) {
 
 void ShowSample(const std::string& arguments) {
   constexpr int Morning = 600, Afternoon = 870;
-  App app({"sample", "<demo_speed>300</demo_speed>", arguments, true});
-  app.PickEmulator();
+  const App app("sample", arguments);
+  app.Run(UX::command::SlowDemo);
+  app.Press(UX::command::AddEmulator);
   Click(app.ChartPoint(0, Morning, 80));
   app.Run(UX::command::PlayDemo);
-  app.AwaitLog("Playing whole day");
+  app.Await(UX::LogId, "Playing whole day");
   app.Settle();
   Click(app.ChartPoint(0, Afternoon, 20));
   MoveMouse(app.ChartPoint(0, Morning, 80));
-  Sleep(700);  // animations come to their ends
   TellPlace(app.Window());
 }
 
 void ShowWiFiSample() {
   constexpr int NextButton = 11;
-  App app({"sample", "", "", true});
+  const App app("sample");
   app.Run(UX::command::SetUpWiFi);
   const HWND dialog = app.Dialog();
-  SendMessageW(dialog, WM_COMMAND, NextButton, 0);
-  Type(L"Reef");
-  Sleep(300);
+  Send(dialog, WM_COMMAND, NextButton);
+  Type("Reef");
   TellPlace(dialog);
 }
 

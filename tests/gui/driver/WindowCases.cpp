@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-// The window itself: what it draws, its keyboard, its log, its resources.
+// The window itself: its keyboard, its log, what it is made of and what it draws, and how it ends.
+#include <cstdlib>
 #include <set>
+#include <vector>
 
 #include "tests/gui/driver/App.h"
 #include "tests/gui/driver/Cases.h"
-#include "tests/gui/driver/Check.h"
-#include "tests/gui/driver/Controls.h"
-#include "tests/gui/driver/Input.h"
 #include "ui/CommandTable.h"
 #include "ui/win32/ResourceIds.h"
 #include "ui/win32/panels/Panel.h"
@@ -15,119 +14,124 @@ namespace gui {
 namespace {
 
 HWND FocusOf(const App& app) {
+  app.Settle();
   GUITHREADINFO info{};
   info.cbSize = sizeof info;
   GetGUIThreadInfo(GetWindowThreadProcessId(app.Window(), nullptr), &info);
   return info.hwndFocus;
 }
 
-/// The controls that Tab can reach.
-std::set<HWND> TabStops(const App& app) {
-  std::set<HWND> stops;
-  for (HWND child = GetWindow(app.Window(), GW_CHILD); child != nullptr;
-       child = GetWindow(child, GW_HWNDNEXT)) {
-    const bool isStop = (GetWindowLongW(child, GWL_STYLE) & WS_TABSTOP) != 0;
-    if (isStop && IsWindowVisible(child) && IsWindowEnabled(child)) stops.insert(child);
+/// What nothing at the start would tell of.
+void HasResources() {
+  const HMODULE file = LoadLibraryExA(program.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
+  const auto has = [file](int name, const wchar_t* type) {
+    return FindResourceW(file, MAKEINTRESOURCEW(name), type);
+  };
+  Expect(has(IDI_HALVEX, RT_GROUP_ICON) && has(IDI_SMALL, RT_GROUP_ICON) && has(IDP_LOGO, L"PNG"),
+         "a picture is missing");
+  for (const char* part : {"Microsoft.Windows.Common-Controls", "PerMonitorV2", "longPathAware"}) {
+    Expect(Contains(BytesOf(program), part), std::string("the manifest lacks ") + part);
   }
-  return stops;
 }
 
-void ReachesAllByTab() {
-  App app("tabs");
-  const std::set<HWND> stops = TabStops(app);
-  std::set<HWND> seen;
-  while (seen.insert(FocusOf(app)).second) {
+/// In one round all controls that can be reached, beginning and ending in the chart.
+void ReachAllByTab(const App& app) {
+  int stops = 0;
+  HWND next = app.Control(UX::ChartId);
+  do {
+    next = GetNextDlgTabItem(app.Window(), next, FALSE);
     Key(VK_TAB);
-    app.Settle();
-  }
-  Expect(stops.size() >= 16 && seen == stops,
-         "Tab comes to " + std::to_string(seen.size()) + " of " + std::to_string(stops.size()) + " controls");
-  Expect(FocusOf(app) == app.Chart(), "Tab does not come round to the chart");
+    ExpectEqual("the control that Tab comes to", GetDlgCtrlID(FocusOf(app)), GetDlgCtrlID(next));
+    ++stops;
+  } while (next != app.Control(UX::ChartId));
+  Expect(stops >= 16, "Tab comes to " + std::to_string(stops) + " controls");
   Key(VK_TAB, VK_SHIFT);
-  app.Settle();
-  ExpectEqual("the control before the first", GetDlgCtrlID(FocusOf(app)), static_cast<int>(UX::LogId));
-  app.Close();
+  Expect(FocusOf(app) == app.Control(UX::LogId), "Shift and Tab do not go back to the log");
 }
 
-/// Who has scrolled up to read stays there; who is at the end sees the new lines.
-void LeavesTheReaderAlone() {
-  App app("log");
-  const HWND log = app.Log();
-  const auto firstLine = [log] { return static_cast<int>(SendMessageW(log, EM_GETFIRSTVISIBLELINE, 0, 0)); };
-  for (int i = 0; i < 3; ++i) app.Run(UX::command::ProgramInfo);
-  app.Settle();
-  const int end = firstLine();
+/// Who has scrolled up to read stays there; who is at the end sees the new lines, also with the focus in the
+/// log, in which Tab selects nothing.
+void LeaveTheReaderAlone(const App& app) {
+  const HWND log = app.Control(UX::LogId);
+  const auto lineAfterNews = [&] {
+    app.Run(UX::command::ProgramInfo);
+    return Send(log, EM_GETFIRSTVISIBLELINE);
+  };
+  lineAfterNews();
+  lineAfterNews();
+  const LRESULT end = lineAfterNews();
   Expect(end > 20, "the end is not in sight: line " + std::to_string(end));
-  SendMessageW(log, WM_VSCROLL, SB_TOP, 0);
-  for (int i = 0; i < 5; ++i) SendMessageW(log, WM_VSCROLL, SB_LINEDOWN, 0);
-  const int reading = firstLine();
+  Send(log, WM_VSCROLL, SB_TOP);
+  for (int i = 0; i < 5; ++i) Send(log, WM_VSCROLL, SB_LINEDOWN);
+  const LRESULT reading = Send(log, EM_GETFIRSTVISIBLELINE);
+  ExpectEqual("the first line in sight", lineAfterNews(), reading);
   Expect(reading < 10, "the log does not scroll");
-  app.Run(UX::command::ProgramInfo);
-  app.Settle();
-  ExpectEqual("the first line in sight", firstLine(), reading);
-  SendMessageW(log, WM_VSCROLL, SB_BOTTOM, 0);
-  app.Run(UX::command::ProgramInfo);
-  app.Settle();
-  const int followed = firstLine();
-  Expect(followed > end, "the log does not follow");
-  Key(VK_TAB, VK_SHIFT);  // into the log, in which that selects nothing
-  Key(VK_ESCAPE);
-  app.Run(UX::command::ProgramInfo);
-  app.Settle();
-  Expect(firstLine() > followed, "the log does not follow after Tab and Esc");
-  app.Close();
+  Send(log, WM_VSCROLL, SB_BOTTOM);
+  Expect(lineAfterNews() > end + 10, "the log does not follow");
 }
 
-/// In another size than at the start.
-Picture ChartBy(const char* renderer) {
-  App app({std::string("renderer-") + renderer, "", std::string("--renderer ") + renderer, true});
+/// Some of the chart's pixels, in another size than at the start.
+std::vector<COLORREF> ChartBy(const std::string& renderer) {
+  constexpr int Step = 4, Width = 160, Height = 120;  // pixels from one to the next, and how many
+  const App app("renderers", "--renderer " + renderer);
   MoveMouse(OnScreen(app.Window(), 2, 2));
   SetWindowPos(app.Window(), nullptr, 0, 0, 1000, 740, SWP_NOMOVE | SWP_NOZORDER);
   app.Settle();
   Sleep(300);
-  Picture picture = PictureOf(app.Chart());
+  std::vector<COLORREF> pixels;
+  const HDC screen = GetDC(nullptr);
+  const POINT corner = OnScreen(app.Control(UX::ChartId), 0, 0);
+  for (int i = 0; i < Width * Height; ++i) {
+    pixels.push_back(GetPixel(screen, corner.x + i % Width * Step, corner.y + i / Width * Step));
+  }
+  ReleaseDC(nullptr, screen);
   app.Close();
-  return picture;
+  return pixels;
 }
-
-void DrawsTheSameByBothRenderers() {
-  const Picture dx = ChartBy("dx"), gdi = ChartBy("gdi");
-  Expect(std::set(gdi.begin(), gdi.end()).size() > 10, "GDI+ draws nothing");
-  const double difference = MeanDifference(dx, gdi);
-  Expect(difference < 0.02, "the pictures differ by " + std::to_string(difference));
-}
-
-std::string BytesIn(HMODULE module, int name, const wchar_t* type) {
-  const HRSRC place = FindResourceW(module, MAKEINTRESOURCEW(name), type);
-  if (place == nullptr) return {};
-  const auto* bytes = static_cast<const char*>(LockResource(LoadResource(module, place)));
-  return {bytes, SizeofResource(module, place)};
-}
-
-void HasResources() {
-  const HMODULE module = LoadLibraryExA(TheRig().program.c_str(), nullptr, LOAD_LIBRARY_AS_DATAFILE);
-  for (const int icon : {IDI_HALVEX, IDI_SMALL}) {
-    Expect(!BytesIn(module, icon, RT_GROUP_ICON).empty(), "an icon is missing");
-  }
-  Expect(BytesIn(module, IDP_LOGO, L"PNG").starts_with("\x89PNG"), "no logo");
-  const std::string manifest = BytesIn(module, 1, RT_MANIFEST);
-  for (const char* part : {"Microsoft.Windows.Common-Controls", "PerMonitorV2", "longPathAware"}) {
-    Expect(Contains(manifest, part), std::string("the manifest lacks ") + part);
-  }
-  FreeLibrary(module);
-}
-
-constexpr Case Cases[] = {
-    {"window.tab", ReachesAllByTab},
-    {"window.log", LeavesTheReaderAlone},
-    {"window.renderers", DrawsTheSameByBothRenderers},
-    {"window.resources", HasResources},
-};
 
 }  // namespace
 
-std::span<const Case> WindowCases() {
-  return Cases;
+void UseTheWindow() {
+  const App app("window");
+  HasResources();
+  ReachAllByTab(app);
+  LeaveTheReaderAlone(app);
+  app.Press(UX::command::AddEmulator);
+  app.Press(UX::command::PlayDemo);
+  app.Await(UX::LogId, "Playing whole day");
+  app.AskToClose();
+  app.AwaitEnd();
+  Expect(Contains(BytesOf(app.FileIn("TC42xLog.txt")), "Demo finished"), "the demo was not ended");
+}
+
+void CompareRenderers() {
+  const std::vector<COLORREF> dx = ChartBy("dx"), gdi = ChartBy("gdi");
+  Expect(std::set(gdi.begin(), gdi.end()).size() > 10, "GDI+ draws nothing");
+  int difference = 0;  // of one colour
+  for (std::size_t i = 0; i < dx.size(); ++i) difference += std::abs(GetGValue(dx[i]) - GetGValue(gdi[i]));
+  const double mean = difference / (255.0 * static_cast<double>(dx.size()));
+  Expect(mean < 0.02, "the pictures differ by " + std::to_string(mean));
+}
+
+/// A kill in the middle of an edit leaves a copy, which the next start offers. Before that it opens the file
+/// that it is given.
+void RecoverAfterAKill() {
+  std::string copy;
+  {
+    const App app("killed");
+    copy = app.FileIn("HalvexRecovery.xml");
+    Click(app.ChartPoint(0, 840, 20));
+    Click(app.ChartPoint(0, 840, 20));
+    Until("a copy is kept", [&] { return !BytesOf(copy).empty(); });
+  }
+  const App app("killed", '"' + copy + '"');
+  app.Await(UX::LogId, "Loaded program file " + copy);
+  app.AnswerTo("Program modified: Halvex was not closed properly. Open the changes that were not saved?",
+               IDYES);
+  app.AwaitTitle("Orvanta 24 - New program");
+  app.AwaitRows(UX::ModeListId, "Normal: 13 steps");
+  app.Close();
+  ExpectEqual("the copy", BytesOf(copy), "");
 }
 
 }  // namespace gui
