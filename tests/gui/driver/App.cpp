@@ -72,10 +72,6 @@ void App::Await(int id, const std::string& part) const {
         [&] { return Contains(TextOf(Control(id)), part); });
 }
 
-void App::AwaitRows(int id, const std::string& part) const {
-  Until("a list has \"" + part + '"', [&] { return Contains(Ask(Control(id), probe::Rows), part); });
-}
-
 void App::AwaitTitle(const std::string& title) const {
   Until("the title is " + title, [&] { return TextOf(window_) == title; });
 }

@@ -28,8 +28,6 @@ class App {
   HWND Control(int id) const;
   /// Waits until the control has that text in its own.
   void Await(int id, const std::string& part) const;
-  /// Waits for the rows of a list, as the probe writes them, with that text in them.
-  void AwaitRows(int id, const std::string& part) const;
   void AwaitTitle(const std::string& title) const;
   /// Waits until the program has taken what was sent to it.
   void Settle() const;
@@ -57,7 +55,6 @@ class App {
   void AwaitEnd() const;
   /// Closes the window, dropping what was changed.
   void Close() const;
-  /// As a crash ends it.
   std::string FileIn(const std::string& name) const { return folder_ + "\\" + name; }
 
  private:

@@ -53,16 +53,16 @@ void WorkOnModes(const App& app) {
   app.AnswerTo("Rename: A mode needs a name.", IDOK);
   Type("Reef");
   Key(VK_RETURN);
-  app.AwaitRows(UX::ModeListId, "Reef: ");
+  app.Await(UX::ModeListId, "Reef: ");
   ClickInRow(modes, 1, CheckBox);
   app.Press(command::CopyMode);
   app.Answer(IDOK);
-  Until("the mode is copied", [=] { return std::ranges::count(Ask(modes, probe::Rows), '\n') == 3; });
+  Until("the mode is copied", [=] { return std::ranges::count(TextOf(modes), '\n') == 3; });
   ClickInRow(modes, 2, Name);
   Key(VK_DELETE);
   ClickInRow(modes, 0, Name);
   app.Await(UX::DescriptionId, "afternoon");
-  ExpectEqual("the rows", std::ranges::count(Ask(modes, probe::Rows), '\n'), 2);
+  ExpectEqual("the rows", std::ranges::count(TextOf(modes), '\n'), 2);
 }
 
 /// A mode without a mark is not uploaded.
@@ -74,7 +74,7 @@ void Upload(const App& app) {
   app.Await(UX::LogId, "Uploading finished");
   const std::string log = TextOf(app.Control(UX::LogId));
   Expect(Contains(log, "Uploading mode: Normal") && !Contains(log, "Uploading mode: Reef"), log);
-  app.AwaitRows(UX::DeviceListId, "Done");
+  app.Await(UX::DeviceListId, "Done");
 }
 
 void PlayDemo(const App& app) {
@@ -90,7 +90,7 @@ void PlayDemo(const App& app) {
   Click(app.ChartPoint(0, 1203, 50));  // not a new step, but the evening in the demo
   const HWND time = GetWindow(app.Control(command::StopDemo), GW_HWNDNEXT);
   Until("the demo shows 20:0x", [=] { return TextOf(time).starts_with("20:0"); });
-  app.AwaitRows(UX::ModeListId, "Normal: 12 steps");
+  app.Await(UX::ModeListId, "Normal: 12 steps");
   app.Press(command::StopDemo);
   app.Await(UX::LogId, "Demo finished");
   Until("the demo is over",
@@ -126,7 +126,7 @@ void SpendADay() {
     app.AwaitEnd();
   }
   const App app("day");
-  app.AwaitRows(UX::ModeListId, "Reef: ");
+  app.Await(UX::ModeListId, "Reef: ");
   ExpectMenu(app, {"C Deutsch"});
   GetWindowRect(app.Window(), &after);
   Expect(EqualRect(&after, &place) && place.left == 120 && place.right == 920 && place.bottom == 790,

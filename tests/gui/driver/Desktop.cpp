@@ -82,19 +82,16 @@ LRESULT Send(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   return static_cast<LRESULT>(result);
 }
 
-std::string TextOf(HWND control) {
-  std::wstring text(static_cast<std::size_t>(Send(control, WM_GETTEXTLENGTH)) + 1, L'\0');
-  text.resize(static_cast<std::size_t>(
-      Send(control, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
-  std::string utf8 = qor::win::Utf8FromWide(text);
-  std::erase(utf8, '\r');
-  return utf8;
-}
-
 std::string Ask(HWND window, probe::Question question) {
   static const UINT message = RegisterWindowMessageW(probe::MessageName);
   Send(window, message, question);
   return qor::win::Utf8FromWide(probe::text);
+}
+
+std::string TextOf(HWND control) {
+  std::string text = Ask(control, probe::Text);
+  std::erase(text, '\r');
+  return text;
 }
 
 void ClickInRow(HWND list, int row, int x) {

@@ -31,10 +31,10 @@ POINT Within(HWND window, double across, double down);
 
 /// Sends a message, which the window must answer.
 LRESULT Send(HWND window, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
-/// What the control holds, in UTF-8; lines end with LF.
-std::string TextOf(HWND control);
 /// By the probe in the window's process.
 std::string Ask(HWND window, probe::Question question);
+/// What the control holds; lines end with LF.
+std::string TextOf(HWND control);
 /// So many pixels from the left, in a list that is not scrolled.
 void ClickInRow(HWND list, int row, int x);
 

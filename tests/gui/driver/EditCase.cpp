@@ -15,7 +15,7 @@ namespace {
 void WorkByMouse(const App& app) {
   Click(app.ChartPoint(1, 900, 70));
   Click(app.ChartPoint(1, 900, 70));
-  app.AwaitRows(UX::ModeListId, "Normal: 13 steps");
+  app.Await(UX::ModeListId, "Normal: 13 steps");
   Drag(app.ChartPoint(1, 900, 70), app.ChartPoint(1, 960, 20));
   Click(app.ChartPoint(1, 960, 20));
   Key(VK_DELETE);
@@ -70,7 +70,7 @@ void MoveTheView(const App& app) {
   Keys({VK_BACK, VK_HOME, VK_DELETE, VK_END, VK_NEXT, VK_ESCAPE});
   ExpectView(app, "1260 +180, zoom 21");
   ExpectEqual("the description", TextOf(app.Control(UX::DescriptionId)), "b j");
-  app.AwaitRows(UX::ModeListId, "Normal: 12 steps");
+  app.Await(UX::ModeListId, "Normal: 12 steps");
 }
 
 }  // namespace

@@ -25,15 +25,17 @@ std::wstring ItemsOf(HMENU menu) {
   return lines;
 }
 
-std::wstring RowsOf(HWND list) {
-  std::wstring lines;
-  for (int row = 0; row < ListView_GetItemCount(list); ++row) {
+std::wstring TextOf(HWND control) {
+  std::wstring content(std::size(text), L'\0');
+  content.resize(static_cast<std::size_t>(
+      SendMessageW(control, WM_GETTEXT, content.size(), reinterpret_cast<LPARAM>(content.data()))));
+  for (int row = 0; row < ListView_GetItemCount(control); ++row) {
     wchar_t name[256] = L"", info[256] = L"";
-    ListView_GetItemText(list, row, 0, name, static_cast<int>(std::size(name)));
-    ListView_GetItemText(list, row, 1, info, static_cast<int>(std::size(info)));
-    lines += std::wstring(name) + L": " + info + L'\n';
+    ListView_GetItemText(control, row, 0, name, static_cast<int>(std::size(name)));
+    ListView_GetItemText(control, row, 1, info, static_cast<int>(std::size(info)));
+    content += std::wstring(name) + L": " + info + L'\n';
   }
-  return lines;
+  return content;
 }
 
 /// What Explorer hands over; the program frees it.
@@ -58,7 +60,7 @@ LRESULT CALLBACK Hook(int code, WPARAM wParam, LPARAM lParam) {
   const auto* sent = reinterpret_cast<const CWPSTRUCT*>(lParam);
   if (code == HC_ACTION && sent->message == message) {
     if (sent->wParam == Menus) Write(ItemsOf(GetMenu(sent->hwnd)));
-    if (sent->wParam == Rows) Write(RowsOf(sent->hwnd));
+    if (sent->wParam == Text) Write(TextOf(sent->hwnd));
     if (sent->wParam == Drop) PostDrop(sent->hwnd);
   }
   return CallNextHookEx(nullptr, code, wParam, lParam);

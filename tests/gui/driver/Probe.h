@@ -11,7 +11,7 @@ inline constexpr const wchar_t* MessageName = L"HalvexProbe";
 
 enum Question : WPARAM {
   Menus,  // of the window: a line for each item, of "G" (greyed), "C" (checked), a blank, its text
-  Rows,   // of the list: a line for each, with both columns, as in "Normal: 12 steps"
+  Text,   // of a control; of a list a line for each row, with both columns, as in "Normal: 12 steps"
   Drop,   // lets the file whose path is in `text` fall on the window
 };
 

@@ -129,7 +129,7 @@ void RecoverAfterAKill() {
   app.AnswerTo("Program modified: Halvex was not closed properly. Open the changes that were not saved?",
                IDYES);
   app.AwaitTitle("Orvanta 24 - New program");
-  app.AwaitRows(UX::ModeListId, "Normal: 13 steps");
+  app.Await(UX::ModeListId, "Normal: 13 steps");
   app.Close();
   ExpectEqual("the copy", BytesOf(copy), "");
 }
