@@ -37,10 +37,14 @@ class Monkey {
 
   void Play(int seconds) {
     const ULONGLONG end = GetTickCount64() + static_cast<ULONGLONG>(seconds) * 1000;
-    for (; GetTickCount64() < end; ++actions_) {
-      Act();
-      CloseDialogs();
-      Expect(app_.IsRunning(), "the program is gone; kinds, commands, panels, keys:\n" + story_);
+    try {
+      for (; GetTickCount64() < end; ++actions_) {
+        Act();
+        CloseDialogs();
+        Expect(app_.IsRunning(), "the program is gone");
+      }
+    } catch (const Failure& failure) {
+      throw Failure{failure.why + ", after these kinds, commands, panels, keys:\n" + story_};
     }
   }
   /// What is measured must not depend on what was done last.
@@ -100,7 +104,7 @@ class Monkey {
     Sleep(20);
     Send(app_.Window(), WM_NULL);
     for (int tries = 1; const HWND dialog = app_.FindDialog(); ++tries) {
-      Expect(tries < MostTries, "a dialog does not close; kinds, commands, panels, keys:\n" + story_);
+      Expect(tries < MostTries, "a dialog does not close");
       Key(Below(2) == 0 || GetDlgItem(dialog, NameOfFile) != nullptr ? VK_ESCAPE : VK_RETURN);
       Sleep(100);
       if (tries % 2 == 1) continue;
