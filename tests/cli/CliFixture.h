@@ -50,11 +50,21 @@ class Cli : public testing::Test {
     return status;
   }
 
-  std::string NewProgram() {
-    const std::string path = folder.File("a.xml");
-    EXPECT_EQ(Run({"new", path}), cli::Done) << err;
-    return path;
+  /// The same with the words of a line; ./ is the test's folder.
+  int Halvex(const std::string& line) {
+    std::vector<std::string> words;
+    std::istringstream stream(line);
+    for (std::string word; stream >> word;)
+      words.push_back(word.starts_with("./") ? folder.File(word.substr(2)) : word);
+    return Run(words);
   }
+
+  std::string NewProgram() {
+    EXPECT_EQ(Halvex("new ./a.xml"), cli::Done) << err;
+    return folder.File("a.xml");
+  }
+  std::string Contents(const std::string& name) const { return test::Contents(folder.File(name)); }
+  void Write(const std::string& name, const std::string& bytes) { test::Write(folder.File(name), bytes); }
 
   test::FakeHid hid;
   test::VirtualClock clock;
