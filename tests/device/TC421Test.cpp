@@ -87,3 +87,32 @@ TEST_F(TC421Device, TakesSilenceForAFailure) {
   EXPECT_EQ(Sent().substr(9), "\x06\x01\x01\x06\x02\x01\x03\x08\x00"s);
   EXPECT_EQ(device.FailedTransactions(), 6) << "but what was lost is counted";
 }
+
+TEST_F(TC421Device, WaitsForSecondAnswersOnceOneWasSeen) {
+  hid.clock = &clock;
+  hid.answer = [](const std::string&) { return Texts(2, ReplyWith("")); };
+  TC421::USBDevice device(context);
+  ASSERT_TRUE(device.Open());
+  EXPECT_TRUE(device.ClearAll());
+  const std::int64_t start = clock.Milliseconds();
+  hid.answer = [&](const std::string&) {
+    EXPECT_GE(clock.Milliseconds() - start, 20);
+    return Texts{ReplyWith("")};
+  };
+  EXPECT_TRUE(device.ClearAll());
+}
+
+TEST_F(TC421Device, SendsNothingWhileAnswersDoNotEnd) {
+  hid.clock = &clock;
+  hid.answer = [this](const std::string&) {
+    for (int i = 0; i < 100; ++i) hid.Deliver(ReplyWith(""), i * 150);
+    return Texts();
+  };
+  TC421::USBDevice device(context);
+  ASSERT_TRUE(device.Open());
+  EXPECT_TRUE(device.ClearAll());
+  clock.Sleep(1000);
+  EXPECT_FALSE(device.ClearAll());
+  EXPECT_EQ(hid.Frames().size(), 1u);
+  EXPECT_EQ(device.LastFailure().english, "answers that belong to no packet do not end");
+}

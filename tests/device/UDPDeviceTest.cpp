@@ -70,6 +70,27 @@ TEST_F(UDPDevice, AsksAgainUntilItIsAnswered) {
   EXPECT_EQ(device.FailedTransactions(), 0);
 }
 
+TEST_F(UDPDevice, TakesNoLateAnswerForTheNextPackets) {
+  Answer([this] {
+    if (network.sent.size() == 1) network.Deliver(Controller, reply, 2100);
+    if (network.sent.size() == 2) network.Deliver(Controller, reply);
+  });
+  ASSERT_TRUE(device.Open());
+  EXPECT_TRUE(device.ClearAll()) << "by the answer to the second sending";
+  EXPECT_FALSE(device.ClearAll()) << "it was lost, three times";
+}
+
+TEST_F(UDPDevice, WaitsForLateAnswersBeforeTheNextJob) {
+  Answer([this] { network.Deliver(Controller, reply, network.sent.size() == 1 ? 2100 : 50); });
+  const std::int64_t start = clock.Milliseconds();
+  {
+    TC421::UDPDevice other(context, TCBase::NetworkDevice("Reef", platform::ParseIPv4(Controller).value()));
+    ASSERT_TRUE(other.Open());
+    EXPECT_TRUE(other.ClearAll());
+  }
+  EXPECT_GT(clock.Milliseconds() - start, 2100);
+}
+
 TEST_F(UDPDevice, PassesOverStrangersAndOtherSizes) {
   log.SetTracing(true);
   Answer([this] {
