@@ -32,6 +32,10 @@ class UploadJob : public testing::Test {
   TCBase::DeviceOutcome Upload(TCBase::DeviceKind kind) {
     return TCBase::UploadDevice(TCBase::DeviceOfKind(kind), TCBase::Program::ModeListView(program), job);
   }
+  TCBase::DeviceOutcome UploadTo(TC420::Mock& device) {
+    return TCBase::Upload(device, TCBase::DeviceOfKind(TCBase::DeviceKind::Emulator),
+                          TCBase::Program::ModeListView(program), job);
+  }
 
   test::FakeHid hid;
   test::VirtualClock clock;
@@ -71,9 +75,7 @@ TEST_F(UploadJob, KeepsGoingAfterAModeIsRefused) {
   modes(3);
   program.modes[1].name.clear();
   TC420::Mock device(job.device);
-  const TCBase::DeviceOutcome outcome =
-      TCBase::Upload(device, TCBase::DeviceOfKind(TCBase::DeviceKind::Emulator),
-                     TCBase::Program::ModeListView(program), job);
+  const TCBase::DeviceOutcome outcome = UploadTo(device);
   EXPECT_EQ(outcome.stage, Stage::Failed);
   EXPECT_EQ(outcome.detail.In(qor::InEnglish), "modes not taken: ''");
   EXPECT_EQ(log.Texts(), (Texts{"Uploading started", "Uploading mode: A", "Uploading mode: ", "Upload error",
@@ -99,22 +101,15 @@ TEST_F(UploadJob, NeverCallsAnUnpluggedUploadDone) {
 
 TEST_F(UploadJob, StopsAfterTheModeInHand) {
   modes(5);
-  struct Stopper : TC420::Mock {
-    Stopper(const TCBase::DeviceContext& context, TCBase::JobControl& jobControl)
-        : Mock(context), control(jobControl) {}
-    bool UploadMode(int bank, const std::string& name,
-                    const std::vector<TCBase::ModeSample>& samples) override {
-      control.Post(TCBase::JobControl::Stop);
-      return Mock::UploadMode(bank, name, samples);
-    }
-    TCBase::JobControl& control;
-  } stopper(job.device, control);
-  const TCBase::DeviceOutcome outcome =
-      TCBase::Upload(stopper, TCBase::DeviceOfKind(TCBase::DeviceKind::Emulator),
-                     TCBase::Program::ModeListView(program), job);
-  EXPECT_EQ(outcome.stage, Stage::Cancelled);
-  EXPECT_EQ(log.Texts(), (Texts{"Uploading started", "Uploading mode: A", "Uploading finished"}));
-  EXPECT_EQ(stopper.Written().back()[2], 0x02);
+  Texts texts;
+  log.OnLine([&] {
+    texts.push_back(log.Texts().at(0));
+    if (texts.back() == "Uploading mode: A") control.Post(TCBase::JobControl::Stop);
+  });
+  TC420::Mock device(job.device);
+  EXPECT_EQ(UploadTo(device).stage, Stage::Cancelled);
+  EXPECT_EQ(texts, (Texts{"Uploading started", "Uploading mode: A", "Uploading finished"}));
+  EXPECT_EQ(device.Written().back()[2], 0x02);
   EXPECT_TRUE(control.TakeStop()) << "passed on to the loop over the devices";
 }
 
