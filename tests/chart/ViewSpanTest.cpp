@@ -30,6 +30,9 @@ TEST(ViewSpan, ZoomsFromItsStartAndStaysInTheDay) {
   EXPECT_EQ(TextOf(view), "00:00-24:00");
   view.ZoomTo(99);
   EXPECT_EQ(TextOf(view), "00:00-02:00");
+  view = {};
+  view.ZoomAround(12 * 3600, -12);
+  EXPECT_EQ(TextOf(view), "06:00-18:00") << "noon stays in the middle";
 }
 
 TEST(ViewSpan, ScrollsWithinTheDay) {
