@@ -5,26 +5,17 @@
 #include "device/TC420/Device.h"
 #include "device/TC420/Mock.h"
 #include "device/TC421/Devices.h"
-#include "tests/support/FakeHid.h"
-#include "tests/support/FakeNetwork.h"
-#include "tests/support/TestLog.h"
-#include "tests/support/VirtualClock.h"
+#include "tests/support/DeviceTest.h"
 
-using Texts = std::vector<std::string>;
+using test::Texts;
 
 namespace {
 
-class DeviceTest : public testing::Test {
+class DeviceTest : public test::DeviceTest {
  protected:
-  test::FakeHid hid;
-  test::VirtualClock clock;
-  test::TestLog log;
-  test::FakeNetwork network{clock};
-  TCBase::DeviceContext context{clock, log, network};
   std::vector<TCBase::ModeSample> samples = std::vector<TCBase::ModeSample>(3);
 };
 
-using CreateDevice = DeviceTest;
 using Emulator = DeviceTest;
 using TC420Device = DeviceTest;
 
@@ -36,18 +27,6 @@ std::string Commands(const std::vector<std::string>& images) {
 }
 
 }  // namespace
-
-TEST_F(CreateDevice, KnowsAllKinds) {
-  const auto create = [this](auto kind) {
-    return TCBase::CreateDevice(TCBase::DeviceOfKind(static_cast<TCBase::DeviceKind>(kind)), context);
-  };
-  const auto tc420 = create(1);
-  EXPECT_TRUE(dynamic_cast<TC420::Device*>(tc420.get()) && !dynamic_cast<TC420::Mock*>(tc420.get()));
-  EXPECT_TRUE(dynamic_cast<TC420::Mock*>(create(2).get()));
-  EXPECT_TRUE(dynamic_cast<TC421::USBDevice*>(create(3).get()));
-  EXPECT_TRUE(dynamic_cast<TC421::UDPDevice*>(create(4).get()));
-  EXPECT_TRUE(dynamic_cast<TC420::Mock*>(create(77).get()));
-}
 
 TEST(SameDevice, IsTheSameKindAtTheSameAddress) {
   const auto at = [](const char* address, std::uint16_t port) {

@@ -3,12 +3,9 @@
 
 #include "device/TC421/Devices.h"
 #include "device/TC421/Reply.h"
-#include "tests/support/FakeHid.h"
-#include "tests/support/FakeNetwork.h"
-#include "tests/support/TestLog.h"
-#include "tests/support/VirtualClock.h"
+#include "tests/support/DeviceTest.h"
 
-using Texts = std::vector<std::string>;
+using test::Texts;
 using namespace std::string_literals;
 
 namespace {
@@ -19,7 +16,7 @@ std::string ReplyWith(std::string text) {
   return reply;
 }
 
-class TC421Device : public testing::Test {
+class TC421Device : public test::DeviceTest {
  protected:
   TC421Device() {
     hid.plugged = TCBase::TC421UsbId;
@@ -33,11 +30,6 @@ class TC421Device : public testing::Test {
     return sent;
   }
 
-  test::FakeHid hid;
-  test::VirtualClock clock;
-  test::TestLog log;
-  test::FakeNetwork network{clock};
-  TCBase::DeviceContext context{clock, log, network};
   std::vector<TCBase::ModeSample> samples = std::vector<TCBase::ModeSample>(3);
 };
 

@@ -5,33 +5,26 @@
 
 #include "device/TC420/Device.h"
 #include "device/TC420/Packets.h"
-#include "tests/support/FakeHid.h"
-#include "tests/support/FakeNetwork.h"
-#include "tests/support/TestLog.h"
-#include "tests/support/VirtualClock.h"
+#include "tests/support/DeviceTest.h"
 
-using Texts = std::vector<std::string>;
+using test::Texts;
 
 namespace {
 
-class USBDevice : public testing::Test {
+class USBDevice : public test::DeviceTest {
  protected:
   USBDevice() { hid.plugged = TCBase::TC420UsbId; }
 
   bool SendStop() { return device.Transact(TC420::Packet_ModeStop(), -1); }
 
-  test::FakeHid hid;
-  test::VirtualClock clock;
-  test::TestLog log;
-  test::FakeNetwork network{clock};
-  TC420::Device device{{clock, log, network}};
+  TC420::Device device{context};
 };
 
 }  // namespace
 
 TEST_F(USBDevice, OpensOnlyItsModelAndClosesIt) {
   {
-    TC420::Device other{{clock, log, network}};
+    TC420::Device other{context};
     EXPECT_TRUE(other.Open());
     EXPECT_EQ(hid.OpenHandles(), 1);
   }

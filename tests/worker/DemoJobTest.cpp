@@ -8,18 +8,15 @@
 
 #include "model/Presets.h"
 #include "tests/support/Curves.h"
-#include "tests/support/FakeHid.h"
-#include "tests/support/FakeNetwork.h"
-#include "tests/support/TestLog.h"
-#include "tests/support/VirtualClock.h"
+#include "tests/support/DeviceTest.h"
 
-using Texts = std::vector<std::string>;
+using test::Texts;
 using Stage = TCBase::DeviceOutcome::Stage;
 
 namespace {
 
 /// Plays on a TC421 on the USB that answers at once, so that a packet takes no time but the poll behind it.
-class DemoJob : public testing::Test {
+class DemoJob : public test::DeviceTest {
  protected:
   struct Frame {
     std::int64_t milliseconds;  // since the demo began to play
@@ -52,12 +49,8 @@ class DemoJob : public testing::Test {
     };
   }
 
-  test::FakeHid hid;
-  test::VirtualClock clock;
-  test::TestLog log;
-  test::FakeNetwork network{clock};
   TCBase::JobControl control;
-  TCBase::JobContext job{{clock, log, network}, control};
+  TCBase::JobContext job{context, control};
   TCBase::Program program = TCBase::NewProgram(qor::InEnglish);
   std::int64_t start = 0;
   std::vector<Frame> frames;

@@ -7,17 +7,14 @@
 
 #include "device/TC420/Mock.h"
 #include "model/Presets.h"
-#include "tests/support/FakeHid.h"
-#include "tests/support/FakeNetwork.h"
-#include "tests/support/TestLog.h"
-#include "tests/support/VirtualClock.h"
+#include "tests/support/DeviceTest.h"
 
-using Texts = std::vector<std::string>;
+using test::Texts;
 using Stage = TCBase::DeviceOutcome::Stage;
 
 namespace {
 
-class UploadJob : public testing::Test {
+class UploadJob : public test::DeviceTest {
  protected:
   UploadJob() { modes(2); }
 
@@ -37,12 +34,8 @@ class UploadJob : public testing::Test {
                           TCBase::Program::ModeListView(program), job);
   }
 
-  test::FakeHid hid;
-  test::VirtualClock clock;
-  test::TestLog log;
-  test::FakeNetwork network{clock};
   TCBase::JobControl control;
-  TCBase::JobContext job{{clock, log, network}, control};
+  TCBase::JobContext job{context, control};
   TCBase::Program program;
 };
 
@@ -54,21 +47,6 @@ TEST_F(UploadJob, WritesItsLinesAndWaitsAfterEachMode) {
   EXPECT_EQ(log.Texts(),
             (Texts{"Uploading started", "Uploading mode: A", "Uploading mode: B", "Uploading finished"}));
   EXPECT_EQ(clock.Milliseconds() - start, 1000) << "no time beyond the pauses";
-}
-
-TEST_F(UploadJob, TakesOnASilentControllerNothingBeyondItsWaits) {
-  hid.plugged = TCBase::TC420UsbId;
-  const std::int64_t start = clock.Milliseconds();
-  EXPECT_TRUE(Upload(TCBase::DeviceKind::TC420).IsDone());
-  EXPECT_EQ(hid.Frames().size(), 19u);
-  EXPECT_EQ(clock.Milliseconds() - start, 19 * 800 + 2 * 500);
-}
-
-TEST_F(UploadJob, ReportsADeviceThatIsNotThere) {
-  const TCBase::DeviceOutcome outcome = Upload(TCBase::DeviceKind::TC420);
-  EXPECT_EQ(outcome.stage, Stage::NotConnected);
-  EXPECT_EQ(outcome.detail.In(qor::InEnglish), "no TC420 is plugged in");
-  EXPECT_EQ(log.Texts(), Texts{"Connect error"});
 }
 
 TEST_F(UploadJob, KeepsGoingAfterAModeIsRefused) {

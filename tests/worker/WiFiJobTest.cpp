@@ -3,16 +3,14 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/FakeNetwork.h"
-#include "tests/support/TestLog.h"
-#include "tests/support/VirtualClock.h"
+#include "tests/support/DeviceTest.h"
 
-using Texts = std::vector<std::string>;
+using test::Texts;
 using Stage = TCBase::DeviceOutcome::Stage;
 
 namespace {
 
-class WiFiJob : public testing::Test {
+class WiFiJob : public test::DeviceTest {
  protected:
   WiFiJob() {
     network.onSend = [this](const test::FakeNetwork::Datagram& sent) {
@@ -24,12 +22,9 @@ class WiFiJob : public testing::Test {
   TCBase::DeviceOutcome SetUp(std::int32_t security) {
     kinds.clear();
     const TCBase::DeviceInfo info = TCBase::NetworkDevice("Reef", platform::ParseIPv4("10.0.0.7").value());
-    return TCBase::SetupWiFi(info, {"net", "secret", 5, security}, {clock, log, network});
+    return TCBase::SetupWiFi(info, {"net", "secret", 5, security}, context);
   }
 
-  test::VirtualClock clock;
-  test::TestLog log;
-  test::FakeNetwork network{clock};
   char ignored = 0;   // what is not answered
   std::string kinds;  // what was sent: name 1, password 2, open network 3
 };
@@ -45,23 +40,16 @@ TEST_F(WiFiJob, SendsWhatTheNetworksSecurityNeeds) {
 }
 
 TEST_F(WiFiJob, EndsAtTheFirstPacketThatIsNotTaken) {
-  struct Case {
-    char unanswered;
-    std::int32_t security;
-    const char* sent;
-    const char* line;
-    const char* outcome;
-  };
-  for (const Case& c : {Case{3, 0, "\3\3\3", "Error setting open WiFi",
-                             "Reef: Failed: the network's name did not get through: no answer"},
-                        Case{1, 1, "\1\1\1", "Error setting WiFi SSID",
-                             "Reef: Failed: the network's name did not get through: no answer"},
-                        Case{2, 2, "\1\2\2\2", "Error setting WiFi password",
-                             "Reef: Failed: the password did not get through: no answer"}}) {
-    ignored = c.unanswered;
-    EXPECT_EQ(SetUp(c.security).stage, Stage::Failed);
-    EXPECT_EQ(kinds, c.sent);
-    EXPECT_EQ(log.Texts(), (Texts{"Setting up WiFi", c.line, c.outcome}));
+  for (const auto& [security, sent, line, lost] :
+       {std::tuple{0, "\3\3\3", "Error setting open WiFi", "network's name"},
+        {1, "\1\1\1", "Error setting WiFi SSID", "network's name"},
+        {2, "\1\2\2\2", "Error setting WiFi password", "password"}}) {
+    ignored = std::string(sent).back();
+    EXPECT_EQ(SetUp(security).stage, Stage::Failed);
+    EXPECT_EQ(kinds, sent);
+    EXPECT_EQ(log.Texts(),
+              (Texts{"Setting up WiFi", line,
+                     std::string("Reef: Failed: the ") + lost + " did not get through: no answer"}));
   }
   network.isPortTaken = true;
   EXPECT_EQ(SetUp(0).denial, TCBase::Denial::InUse);

@@ -11,16 +11,13 @@
 
 #include "model/Presets.h"
 #include "platform/WindowMessage.h"
-#include "tests/support/FakeHid.h"
-#include "tests/support/FakeNetwork.h"
-#include "tests/support/TestLog.h"
-#include "tests/support/VirtualClock.h"
+#include "tests/support/DeviceTest.h"
 
-using Texts = std::vector<std::string>;
+using test::Texts;
 
 namespace {
 
-class WorkerTest : public testing::Test {
+class WorkerTest : public test::DeviceTest {
  protected:
   static void WaitFor(TCBase::Worker& worker) {
     while (worker.IsBusy()) std::this_thread::yield();
@@ -49,12 +46,6 @@ class WorkerTest : public testing::Test {
     program.modes.resize(1);
     return program;
   }
-
-  test::FakeHid hid;
-  test::VirtualClock clock;
-  test::TestLog log;
-  test::FakeNetwork network{clock};
-  TCBase::DeviceContext context{clock, log, network};
 };
 
 class Worker : public WorkerTest {
@@ -94,10 +85,6 @@ TEST_F(Worker, VisitsTheSelectedDevicesOnly) {
   devices[1].selected = false;
   worker.StartUpload(devices, TCBase::Program::ModeListView(OneMode()));
   Wait();
-  EXPECT_EQ(log.Texts(), (Texts{"Configuring device E1", "Uploading started", "Uploading mode: Normal",
-                                "Uploading finished", "Finished configuring device E1",
-                                "Configuring device E3", "Uploading started", "Uploading mode: Normal",
-                                "Uploading finished", "Finished configuring device E3"}));
   EXPECT_EQ(Ended(), (Texts{"1", "E1: Done", "E3: Done"}));
 }
 
@@ -145,13 +132,6 @@ TEST_F(Worker, KeepsTheOutcomesOfEachJobAndTellsHowFarItIs) {
   EXPECT_TRUE(isDropped);
   EXPECT_EQ(Ended(), (Texts{"3", "E1: Done", "E2: Done"}));
   EXPECT_FALSE(worker.RunningJob());
-}
-
-TEST_F(Worker, DropsAStopThatWasMeantForNothing) {
-  worker.Control().Post(TCBase::JobControl::Stop);
-  worker.StartUpload(Emulators(1), TCBase::Program::ModeListView(OneMode()));
-  Wait();
-  EXPECT_EQ(log.Texts().back(), "Finished configuring device E1");
 }
 
 TEST_F(Worker, SurvivesAJobThatThrows) {
