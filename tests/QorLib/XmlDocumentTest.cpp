@@ -88,21 +88,20 @@ TEST(XmlDocument, HandsOverTheRootsChildrenOneByOne) {
 }
 
 TEST(XmlDocument, ReadsIntegersAsTheyAreWritten) {
-  const struct {
-    const char* text;
-    int number;
-  } cases[] = {{"12", 12},
-               {"-5", -5},
-               {"12abc", 12},
-               {"", 0},
-               {"-", 0},
-               {"+5", 0},
-               {" 5", 0},
-               {"007", 7},
-               {"99999999999", 2147483647},
-               {"-99999999999", -2147483647 - 1},
-               {"2147483647", 2147483647},
-               {"-2147483648", -2147483647 - 1},
-               {"99999999999999999999999999", 2147483647}};
-  for (const auto& one : cases) EXPECT_EQ(qor::ParseInteger(one.text), one.number) << one.text;
+  constexpr int Least = -2147483647 - 1, Most = 2147483647;
+  for (const auto& [text, number] : {std::pair{"12", 12},
+                                     {"-5", -5},
+                                     {"12abc", 12},
+                                     {"", 0},
+                                     {"-", 0},
+                                     {"+5", 0},
+                                     {" 5", 0},
+                                     {"007", 7},
+                                     {"2147483647", Most},
+                                     {"99999999999", Most},
+                                     {"99999999999999999999999999", Most},
+                                     {"-2147483648", Least},
+                                     {"-99999999999", Least}}) {
+    EXPECT_EQ(qor::ParseInteger(text), number) << text;
+  }
 }

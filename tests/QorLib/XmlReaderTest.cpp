@@ -48,10 +48,7 @@ TEST(XmlReader, KeepsWhiteSpace) {
 }
 
 TEST(XmlReader, SaysWhatIsWrongAndWhere) {
-  const struct {
-    const char* xml;
-    const char* message;
-  } cases[] = {
+  const std::pair<const char*, const char*> cases[] = {
       {"", "line 1, column 1: the file is empty"},
       {" \n", "line 2, column 1: there is no XML element in the file"},
       {"halvex", "line 1, column 1: this is not XML: an element was expected here"},
@@ -78,7 +75,7 @@ TEST(XmlReader, SaysWhatIsWrongAndWhere) {
       {"<a>\n\xFF</a>", "line 2, column 1: this is not UTF-8 text"},
       {"\xEF\xBB\xBF<1/>", "line 1, column 2: an element's name was expected here"},
   };
-  for (const auto& bad : cases) EXPECT_EQ(Events(bad.xml), bad.message) << bad.xml;
+  for (const auto& [xml, message] : cases) EXPECT_EQ(Events(xml), message) << xml;
   EXPECT_EQ(Events({"<a>\0</a>", 8}), "line 1, column 4: there is a zero byte, which no text file holds");
 }
 

@@ -4,8 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <atomic>
-#include <thread>
 
 #include "platform/Resources.h"
 #include "tests/support/TempFolder.h"
@@ -184,22 +182,6 @@ TEST_F(LocalisationTest, TakesBackWhatItExports) {
   const TranslationTest again = TestBytes(Exported());
   EXPECT_TRUE(again.isWhole);
   EXPECT_EQ(again.remarks.size(), 1u) << "what was not found before is spoken of";
-}
-
-TEST_F(LocalisationTest, ServesSeveralThreads) {
-  std::atomic<bool> isRunning = true;
-  std::thread reader([&] {
-    while (isRunning) {
-      const std::string_view text = texts.Translate("Mode {1}");
-      EXPECT_TRUE(text == "Mode {1}" || text == "Modus {1}" || text == "{1}. mod") << text;
-    }
-  });
-  for (int i = 0; i < 50; ++i) {
-    texts.SetLanguage(i % 2 == 0 ? "de" : "sk");
-    TestBytes(File("<string id='Mode {1}'><sk>{1}. mod</sk></string>"));
-  }
-  isRunning = false;
-  reader.join();
 }
 
 // The built-in table

@@ -103,20 +103,10 @@ TEST(Channel, NormalizesWithinTheRange) {
 }
 
 TEST(Step, ClampsTimeAndValue) {
-  const struct {
-    TCBase::Step step;
-    const char* clamped;
-  } cases[] = {
-      {{25, 0, 120}, "23:59 100"},    {{-1, 0, -3}, "00:00 0"},
-      {{0, 90, 79.5f}, "01:30 79.5"}, {{2147483647, 2147483647, 1}, "23:59 1"},
-      {{23, 59, 100}, "23:59 100"},
-  };
-  for (const auto& one : cases) {
-    TCBase::Channel channel;
-    channel.steps = {one.step};
-    channel.steps[0].Clamp();
-    EXPECT_EQ(Drawn(channel), one.clamped);
-  }
+  TCBase::Channel channel;
+  channel.steps = {{25, 0, 120}, {-1, 0, -3}, {0, 90, 79.5f}, {2147483647, 2147483647, 1}, {23, 59, 100}};
+  for (TCBase::Step& step : channel.steps) step.Clamp();
+  EXPECT_EQ(Drawn(channel), "23:59 100, 00:00 0, 01:30 79.5, 23:59 1, 23:59 100");
 }
 
 TEST(Step, TruncatesToWholePercents) {
