@@ -216,7 +216,7 @@ TEST_F(Cli, NamesTheFileInOneLineWhateverItIsFor) {
       {"bad.xml", "align ./bad.xml --minutes 5 -o ./out.xml"},
       {"bad.xml", "add-step ./bad.xml --at 8:00 -o ./out.xml"},
       {"bad.xml", "packets ./bad.xml --model tc420"},
-      {"bad.xml", "chart ./bad.xml -o ./out.svg"},
+      {"bad.xml", "chart ./bad.xml --force -o ./out.svg"},
       {"bad.xml", "upload ./bad.xml --device emulator"},
       {"out.xml", "new ./no/out.xml"},
       {"out.xml", "convert ./a.xml ./no/out.xml"},
@@ -243,6 +243,8 @@ TEST_F(Cli, WarnsOfLongModesAndPrintsNoControlCharacters) {
   EXPECT_EQ(Halvex("upload ./long.xml --device emulator"), cli::Done);
   EXPECT_EQ(err.substr(0, err.find('\n')), "halvex: warning: Mode 'A..B': 49 steps are over the limit of 48");
   EXPECT_NE(out.find("Uploading mode: A..B\n"), std::string::npos);
+  EXPECT_EQ(Halvex("packets ./long.xml --model tc420"), cli::Done);
+  EXPECT_EQ(LineCount(out), 1u + 49 + 1 + 1) << "as it is";
   EXPECT_EQ(Halvex("info ./long.xml"), cli::Done);
   EXPECT_TRUE(out.starts_with("Mode 1: A..B, 49 steps:\n  49 steps are over the limit of 48\n")) << out;
 }

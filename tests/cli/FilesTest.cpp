@@ -51,6 +51,7 @@ TEST_F(CliFiles, ConvertsAmongAllFormats) {
   Output("convert ./a.xml ./a.raw");
   EXPECT_EQ(err, "halvex: warning: " + folder.File("a.raw") +
                      ": only the mode 'Normal' is written, since RAW files hold one (see --mode)\n");
+  Output("convert ./a.xml ./a.raw --mode 2 --force");
   in = Contents("a.xml");
   EXPECT_EQ(Output("convert - - --to raw --mode 2"), std::string(432000, '\x64'));
   in = "08:00 1\n20:00 2";

@@ -35,7 +35,7 @@ class Overfull : public TC420::Packet {
 
 TEST(Packets, CutAndBoundWhatTheyAreGiven) {
   const TC421::Route usb = {{}, true};
-  const TCBase::ModeSample sample{7, 5, {0, -40, 250, 75, 100}, {1, 1, 0, 0, 1}};
+  const TCBase::ModeSample sample{7, 5, {0, -40, 101, 75, 100}, {1, 1, 0, 0, 1}};
   ExpectPacket(TC420::Packet_ModeInit(63, 300, "Nightfall 12"),
                "Packet_ModeInit(Bank=63, Length=300, Name=Nightfal)", "\x3F\x2CNightfal");
   ExpectPacket(TC421::Packet_ModeInit(usb, 63, 300, "Nightfall 12"),

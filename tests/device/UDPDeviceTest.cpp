@@ -65,6 +65,22 @@ TEST_F(UDPDevice, TakesNoLateAnswerForTheNextPackets) {
   EXPECT_FALSE(device.ClearAll()) << "it was lost, three times";
 }
 
+TEST_F(UDPDevice, WaitsForSecondAnswersOnceOneWasSeen) {
+  const auto timeToSend = [this] {
+    const std::int64_t start = clock.Milliseconds();
+    EXPECT_TRUE(device.ClearAll());
+    return clock.Milliseconds() - start;
+  };
+  Answer([this] { network.Deliver(Controller, reply); });
+  ASSERT_TRUE(device.Open());
+  timeToSend();
+  network.Deliver("192.168.1.21", reply);
+  EXPECT_LT(timeToSend(), 100) << "a stranger's is none";
+  network.Deliver(Controller, reply, 300);
+  clock.Advance(400);
+  EXPECT_GT(timeToSend(), 400);
+}
+
 TEST_F(UDPDevice, WaitsForLateAnswersBeforeTheNextJob) {
   Answer([this] { network.Deliver(Controller, reply, network.sent.size() == 1 ? 2100 : 50); });
   const std::int64_t start = clock.Milliseconds();

@@ -90,6 +90,7 @@ TEST_F(Workbench, AsksBeforeAChangedProgramIsDropped) {
   Run(command::AddMode);
   RunTyping("Night", command::AddMode);
   RunAnswering(UX::Answer::No, command::New);
+  Run(command::Undo);
   EXPECT_EQ(ModeNames(), (Texts{"Normal", "AlwaysOn"}));
   EXPECT_EQ(bench.document.Title(qor::InEnglish), "Orvanta 24 - New program");
 }
