@@ -88,20 +88,6 @@ TEST(TmfFile, RefusesOtherSizesAndStopsAt48Steps) {
   EXPECT_EQ(mode.channels[4].steps.size(), 48u) << "equal times stay";
 }
 
-TEST(TmfFile, CarriesTheSampleTable) {
-  std::mt19937 random(3);
-  for (int i = 0; i < 200; ++i) {
-    const Mode mode = RandomMode(random, 9, true);
-    const std::string bytes = ExportTMF(mode);
-    EXPECT_EQ(bytes.size(), 12 + 56 * SampleTable(mode).size());
-    if (bytes.size() == 12) continue;
-    Mode read;
-    ASSERT_EQ(Message(ImportTMF(bytes, read)), "") << i;
-    ASSERT_EQ(SampleTable(read), SampleTable(mode)) << i;
-    ASSERT_EQ(ExportTMF(read), bytes) << i;
-  }
-}
-
 TEST(LmfFile, SwapsTheDigitsOfEachValue) {
   Mode mode;
   mode.channels[0] = Curve({{0, 0, 100}, {0, 30, 80.9f}, {1, 0, 7, true}, {23, 0, 120}});

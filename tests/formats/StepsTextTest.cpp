@@ -65,13 +65,3 @@ TEST(StepsText, NamesLinesThatGiveAnotherStepOrNone) {
   EXPECT_FALSE(TCBase::RefusalToEdit(std::string(2048, '1')));
   EXPECT_TRUE(TCBase::RefusalToEdit(std::string(2049, '1')));
 }
-
-TEST(StepsText, CarriesWholePercents) {
-  std::mt19937 random(6);
-  for (int i = 0; i < 200; ++i) {
-    TCBase::Channel channel = test::RandomCurve(random, 60, random() % 2 == 0);
-    const std::vector<Step> read = TCBase::ReadStepsText(TCBase::WriteStepsText(channel.steps)).steps;
-    for (Step& step : channel.steps) step.value = static_cast<float>(TCBase::WholePercent(step.value));
-    ASSERT_EQ(read, channel.steps) << i;
-  }
-}

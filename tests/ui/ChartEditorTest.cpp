@@ -194,17 +194,6 @@ TEST_F(ChartEditor, MovesOnlyTheStepThatWasPressed) {
   EXPECT_FALSE(view.isCaptured);
 }
 
-TEST_F(ChartEditor, EndsADragThatSomethingElseComesInto) {
-  SetCurve(Curve({{8, 0, 0}, {12, 0, 50}, {22, 0, 0}}));
-  editor.ButtonDown(At(12, 0, 50));
-  editor.MouseMove(At(15, 0, 70));
-  editor.EndRun();
-  EXPECT_TRUE(Undo());
-  editor.MouseMove(At(18, 0, 70));
-  EXPECT_EQ(Steps(), "08:00 0, 12:00 50*, 22:00 0");
-  EXPECT_FALSE(view.isCaptured);
-}
-
 TEST_F(ChartEditor, LeavesOneStepOnAMinuteWhenAMoveEnds) {
   SetCurve(Curve({{8, 0, 0}, {12, 0, 50}, {22, 0, 0}}));
   Drag(At(8, 0, 0), At(12, 0, 80));
