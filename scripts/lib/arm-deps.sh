@@ -18,7 +18,7 @@ symbols='mkdir "$1/DEBIAN" && for deb in "$1"/var/cache/apt/archives/*.deb; do
   dpkg-deb --info "$deb" symbols 2>/dev/null || true
 done >"$1/DEBIAN/symbols"'
 if ! env $(apt_proxy) mmdebstrap --mode=chrootless --variant=extract --architectures="$arch" \
-  --include=libhidapi-dev,libgtest-dev,libexpat1-dev,libstdc++6,libcli11-dev,nlohmann-json3-dev \
+  --include=libhidapi-dev,libgtest-dev,libstdc++6,libcli11-dev,nlohmann-json3-dev \
   --extract-hook="$symbols" "$(debian_codename)" "$root" "$(debian_mirror)" >"$root.log" 2>&1; then
   tail -n 20 "$root.log" >&2
   rm -rf "$root"

@@ -3,7 +3,7 @@
 . scripts/lib/packages.sh
 
 native_packages=(g++ cmake ninja-build pkg-config libhidapi-dev libcli11-dev nlohmann-json3-dev)
-test_packages=(libgtest-dev libexpat1-dev python3)
+test_packages=(libgtest-dev python3)
 arm_packages=(g++-aarch64-linux-gnu g++-arm-linux-gnueabihf qemu-user-static dpkg-dev)
 windows_packages=(g++-mingw-w64-x86-64-posix googletest libstb-dev wine wine64)
 

@@ -53,6 +53,7 @@ TEST(XmlReader, SaysWhatIsWrongAndWhere) {
       {" \n", "line 2, column 1: there is no XML element in the file"},
       {"halvex", "line 1, column 1: this is not XML: an element was expected here"},
       {"<a>\n  <b>\n</a>", "line 3, column 1: </a> does not close <b>"},
+      {"<a></b>", "line 1, column 4: </b> does not close <a>"},
       {"<a><b>", "line 1, column 7: the file ends inside <b>; it may have been cut off"},
       {"<a", "line 1, column 3: the file ends inside <a>; it may have been cut off"},
       {"<a b='1", "line 1, column 8: the file ends inside <a>; it may have been cut off"},
