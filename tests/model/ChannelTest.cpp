@@ -7,7 +7,6 @@
 #include <limits>
 
 #include "model/Power.h"
-#include "model/Program.h"
 #include "tests/support/Curves.h"
 
 using test::Curve;
@@ -123,18 +122,6 @@ TEST(Step, IsEqualInWhatAUserSees) {
   for (const TCBase::Step& other : {TCBase::Step{9, 30, 1}, {8, 31, 1}, {8, 30, 1.5f}, {8, 30, 1, true}}) {
     EXPECT_FALSE(step == other);
   }
-}
-
-TEST(ModeListView, IsACopyOfTheChosenModes) {
-  TCBase::Program program;
-  program.modes.resize(3);
-  program.modes[0].name = "a";
-  program.modes[2].name = "c";
-  const TCBase::Program::ModeListView view(program, {2, 0});
-  program.modes.clear();
-  ASSERT_EQ(view.Size(), 2u);
-  EXPECT_EQ(view[0].name, "c");
-  EXPECT_EQ(view[1].name, "a");
 }
 
 TEST(Channel, HasThePowerThatItWasGiven) {

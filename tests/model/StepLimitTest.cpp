@@ -93,18 +93,3 @@ TEST(RemoveRedundantSteps, KeepsTheCurve) {
   EXPECT_EQ(mode.channels[0], Curve({{0, 0, 0}, {12, 0, 50}}));
   EXPECT_EQ(mode.channels[2].steps.size(), 3u);
 }
-
-TEST(Resampling, TakesAStepEveryHalfHour) {
-  TCBase::Mode source;
-  source.name = "Reef";
-  source.description = "d";
-  source.channels[4] = Curve({{8, 10, 0, true}, {20, 0, 99.5f, true}});
-  const TCBase::Mode target = TCBase::ResampleAt30Minutes(source);
-  EXPECT_EQ(target.name + target.description, "Reefd");
-  ASSERT_EQ(target.channels[0].steps.size(), 48u);
-  const std::vector<TCBase::Step>& steps = target.channels[4].steps;
-  EXPECT_EQ(steps[16], (TCBase::Step{8, 0, 99}));
-  EXPECT_EQ(steps[17], (TCBase::Step{8, 30, 0}));
-  EXPECT_EQ(steps[47], (TCBase::Step{23, 30, 99}));
-  EXPECT_NE(steps[0].id, steps[1].id);
-}
