@@ -61,16 +61,6 @@ TEST_F(ChartScene, DrawsFadesAcrossMidnightAndHoldsUntilTheNextStep) {
   EXPECT_EQ(CurveIn(0), "0 0, 1440 0, ");
 }
 
-TEST_F(ChartScene, ShowsThePartOfTheDayThatIsInView) {
-  UX::ViewSpan view;
-  view.ZoomTo(18);
-  view.ScrollTo(9 * 60);
-  chart = {744, 520, view};
-  program.modes[0].channels[0] = Curve({{6, 0, 0}, {12, 0, 100}, {18, 0, 100, true}});
-  EXPECT_EQ(CurveIn(0), "540 50, 720 100, 900 100, ");
-  EXPECT_EQ(All<UX::Mark>(Make().lanes[0]).size(), 1u);
-}
-
 TEST_F(ChartScene, MarksNoStepThatIsNotThere) {
   content.selectedStep = UX::StepIndex{1, 99};
   EXPECT_TRUE(All<UX::Label>(Make().lanes[1]).empty());

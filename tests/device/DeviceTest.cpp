@@ -83,14 +83,3 @@ TEST_F(TC420Device, GoesOnAfterALostStepButRemembersIt) {
   EXPECT_EQ(hid.Frames().size(), 5u);
   EXPECT_EQ(device.FailedTransactions(), 1);
 }
-
-TEST_F(TC420Device, StopsAModeWhoseBeginningFails) {
-  hid.plugged = TCBase::TC420UsbId;
-  hid.unplugAfter = 0;
-  TC420::Device device(context);
-  ASSERT_TRUE(device.Open());
-  EXPECT_FALSE(device.UploadMode(0, "Reef", samples));
-  EXPECT_EQ(device.FailedTransactions(), 1);
-  EXPECT_TRUE(device.UploadFinish()) << "its result is not passed on";
-  EXPECT_EQ(device.FailedTransactions(), 2);
-}

@@ -10,7 +10,6 @@
 #include "formats/TmfFile.h"
 #include "model/ModeSample.h"
 #include "model/Presets.h"
-#include "model/StepLimit.h"
 #include "tests/support/Curves.h"
 
 namespace {
@@ -119,18 +118,6 @@ TEST(LmfFile, ReadsHalfHoursAndDropsWhatChangesNothing) {
               "- Invalid file format: an LMF file has 960 bytes, this one has " + std::to_string(size));
   }
   EXPECT_EQ(untouched, Mode());
-}
-
-TEST(LmfFile, CarriesHalfHoursAndNothingElse) {
-  std::mt19937 random(4);
-  for (int i = 0; i < 100; ++i) {
-    const Mode mode = RandomMode(random, 20, true);
-    Mode read;
-    ASSERT_EQ(Message(ImportLMF(ExportLMF(mode), read)), "");
-    Mode expected = ResampleAt30Minutes(mode);
-    RemoveRedundantSteps(expected);
-    ASSERT_EQ(read.channels, expected.channels) << i;
-  }
 }
 
 TEST(FileFormats, SayWhatTheyDoNotCarry) {

@@ -157,16 +157,6 @@ TEST_F(ChartEditor, KeepsADraggedStepInTheVisiblePartOfTheDay) {
   EXPECT_EQ(Steps(), "08:00 0*, 22:00 0");
 }
 
-TEST_F(ChartEditor, KeepsTheSelectedStepWhenOthersComeBeforeIt) {
-  Click(At(22, 0, 0));
-  document.Change({}, [](UX::Content& content) {
-    return TCBase::AddEndpointStep(content.Mode(), TCBase::Endpoint::Start);
-  });
-  EXPECT_EQ(Steps(), "00:00 0, 08:00 0, 22:00 0*");
-  editor.Key(ChartKey::Delete, 0);
-  EXPECT_EQ(Steps(), "00:00 0, 08:00 0*");
-}
-
 TEST_F(ChartEditor, PutsEverythingBackWhenADragIsCancelled) {
   editor.ButtonDown(At(8, 0, 0));
   editor.MouseMove(At(15, 0, 70));

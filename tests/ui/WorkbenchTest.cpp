@@ -155,19 +155,6 @@ TEST_F(Workbench, OffersWhatACrashLeftBehind) {
   EXPECT_EQ(folder.FileNames().size(), 2u) << "declined";
 }
 
-TEST_F(Workbench, ImportsAFileAsAModeOfItsOwn) {
-  test::Write(folder.File("Reef.TMF"), TCBase::ExportTMF(bench.document.Mode()));
-  UX::OpenFile(bench, folder.File("Reef.TMF"));
-  EXPECT_EQ(ModeNames(), (Texts{"Normal", "AlwaysOn", "Reef"}));
-  EXPECT_EQ(bench.document.CurrentMode(), 2u);
-  EXPECT_EQ(TCBase::StepCount(bench.document.Mode()), 12);
-  Run(command::Undo);
-  EXPECT_EQ(ModeNames(), (Texts{"Normal", "AlwaysOn"}));
-  EXPECT_EQ(bench.document.CurrentMode(), 0u);
-  Run(command::Redo);
-  EXPECT_EQ(ModeNames().size(), 3u);
-}
-
 TEST_F(Workbench, EditsTheSelectedChannel) {
   Run(command::CopySteps);
   EXPECT_TRUE(log.Texts().empty()) << "no channel is selected";
@@ -333,8 +320,13 @@ TEST_F(Workbench, UploadsTheCheckedModesAndKeepsTheResult) {
   EXPECT_EQ(LastSeen(), "Modes: Please check a mode in the list first.");
 }
 
-TEST_F(Workbench, ImportsDuringADemoWithoutShowingIt) {
+TEST_F(Workbench, ShowsAnImportedModeUnlessADemoPlays) {
   test::Write(folder.File("day.tmf"), TCBase::ExportTMF(bench.document.Mode()));
+  UX::OpenFile(bench, folder.File("day.tmf"));
+  EXPECT_EQ(bench.document.CurrentMode(), 2u);
+  Run(command::Undo);
+  EXPECT_EQ(ModeNames(), (Texts{"Normal", "AlwaysOn"}));
+  EXPECT_EQ(bench.document.CurrentMode(), 0u);
   Run(command::AddEmulator, command::PlayDemo);
   UX::OpenFile(bench, folder.File("day.tmf"));
   EXPECT_EQ(ModeNames(), (Texts{"Normal", "AlwaysOn", "day"}));
