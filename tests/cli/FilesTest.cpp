@@ -2,6 +2,7 @@
 // What can be done to programs without a device: formats, edits, languages.
 #include <gtest/gtest.h>
 
+#include "QorLib/Format.h"
 #include "formats/Settings.h"
 #include "tests/cli/CliFixture.h"
 #include "tests/support/TestLog.h"
@@ -158,15 +159,11 @@ TEST_F(CliFiles, TreatsAllThatWriteAlike) {
   Write("steps.txt", "08:00 0\n20:00 90");
   Write("day.txt", Output("table ./a.xml"));
   Write("photo.xml", "precious");
-  for (const auto& [name, rest] : {std::pair{"optimize ", " --tc421"},
-                                   {"align ", " --minutes 7"},
-                                   {"add-step ", " --at 12:34"},
-                                   {"steps ", " --channel 2 --set ./steps.txt"},
-                                   {"table ", " --set ./day.txt --mode 2"}}) {
-    const auto run = [&, command = std::string(name), options = std::string(rest)](const std::string& files) {
-      return Halvex(command + files + options);
-    };
-    SCOPED_TRACE(name);
+  for (const char* command :
+       {"optimize {1} --tc421", "align {1} --minutes 7", "add-step {1} --at 12:34",
+        "steps {1} --channel 2 --set ./steps.txt", "table {1} --set ./day.txt --mode 2"}) {
+    const auto run = [&](const char* files) { return Halvex(qor::Format(command, {files})); };
+    SCOPED_TRACE(command);
     EXPECT_EQ(run("./a.xml"), cli::WrongUsage);
     EXPECT_EQ(run("./a.xml -o ./photo.xml --force"), cli::FileFailed);
     EXPECT_EQ(Contents("photo.xml"), "precious") << "no program is never replaced by one";
