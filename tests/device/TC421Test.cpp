@@ -106,5 +106,5 @@ TEST_F(TC421Device, SendsNothingWhileAnswersDoNotEnd) {
   clock.Sleep(1000);
   EXPECT_FALSE(device.ClearAll());
   EXPECT_EQ(hid.Frames().size(), 1u);
-  EXPECT_EQ(device.LastFailure().english, "answers that belong to no packet do not end");
+  EXPECT_EQ(device.LastFailure().english, TR("answers that belong to no packet do not end"));
 }
