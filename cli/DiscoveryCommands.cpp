@@ -17,17 +17,17 @@
 namespace cli {
 namespace {
 
-constexpr std::uint32_t PollMilliseconds = 20;
+constexpr std::uint32_t WaitMilliseconds = 20;
 
 /// What was found, and whether some of it could not be looked at: permission was missing, or somebody else
 /// had the way to it.
-struct Findings {
+struct Discovery {
   Json devices = Json::array();
   bool isUsbDenied = false;
   std::optional<ExitStatus> searchFailed;
 };
 
-void FindOnUsb(Findings& findings, Invocation& invocation) {
+void FindOnUsb(Discovery& findings, Invocation& invocation) {
   const std::vector<UsbController> plugged = PluggedIn();
   for (const UsbController& controller : plugged) {
     const TCBase::DeviceInfo info = TCBase::DeviceOfKind(controller.kind);
@@ -47,12 +47,12 @@ void FindOnUsb(Findings& findings, Invocation& invocation) {
   WarnOfEquals(plugged, invocation);
 }
 
-void FindOnNetwork(Findings& findings, int waitSeconds, Invocation& invocation) {
+void FindOnNetwork(Discovery& findings, int waitSeconds, Invocation& invocation) {
   TCBase::Worker worker(ContextOf(invocation, waitSeconds), TCBase::Worker::UsbWatch::Off);
   worker.StartNetworkScan(nullptr);
   while (worker.IsBusy()) {
     invocation.printer.Print();
-    invocation.environment.clock.Sleep(PollMilliseconds);
+    invocation.environment.clock.Sleep(WaitMilliseconds);
   }
   invocation.printer.Print();
   for (const TCBase::DeviceInfo& info : worker.NetworkDevices()) {
@@ -83,7 +83,7 @@ void PrintLines(const Json& devices, std::ostream& out) {
 
 ExitStatus RunDevices(const DevicesOptions& options, Invocation& invocation) {
   invocation.printer.KeepStandardOutputFree();
-  Findings findings;
+  Discovery findings;
   FindOnUsb(findings, invocation);
   if (options.scan) FindOnNetwork(findings, options.waitSeconds, invocation);
   std::ostream& out = invocation.environment.out;
@@ -109,7 +109,7 @@ ExitStatus RunMonitor(Invocation& invocation) {
   const TCBase::Worker worker(ContextOf(invocation), TCBase::Worker::UsbWatch::On);
   while (!environment.isInterrupted() && environment.out) {
     invocation.printer.Print();
-    environment.clock.Sleep(PollMilliseconds);
+    environment.clock.Sleep(WaitMilliseconds);
   }
   return Done;
 }

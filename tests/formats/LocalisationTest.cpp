@@ -30,7 +30,7 @@ const std::string SmallTable =
     "  </strings>\r\n"
     "</localisation>\r\n";
 
-std::vector<std::string> Texts(const std::vector<qor::Sentence>& sentences) {
+std::vector<std::string> TextsOf(const std::vector<qor::Sentence>& sentences) {
   std::vector<std::string> texts;
   for (const qor::Sentence& sentence : sentences) texts.push_back(sentence.In(qor::InEnglish));
   return texts;
@@ -48,7 +48,7 @@ class LocalisationTest : public testing::Test {
     const TranslationTest result = TestBytes(bytes);
     EXPECT_TRUE(result.isLoaded && !result.isWhole);
     EXPECT_EQ(result.caption.In(qor::InEnglish), "Invalid Translation File");
-    return Texts(result.remarks);
+    return TextsOf(result.remarks);
   }
   /// Why nothing was taken of the bytes.
   std::string RefusalOf(const std::string& bytes) {
@@ -73,14 +73,14 @@ class LocalisationTest : public testing::Test {
 
 TEST_F(LocalisationTest, TranslatesOrLeavesEnglish) {
   EXPECT_EQ(texts.Translate("Mode {1}"), "Mode {1}");
-  EXPECT_EQ(Texts(texts.SetLanguage("de")), (std::vector<std::string>{"Language set to Deutsch"}));
+  EXPECT_EQ(TextsOf(texts.SetLanguage("de")), (std::vector<std::string>{"Language set to Deutsch"}));
   EXPECT_EQ(texts.Translate("Mode {1}"), "Modus {1}");
   EXPECT_EQ(texts.Translate("a<b\r\nc'"), "a<b\r\nc'");
-  EXPECT_EQ(Texts(texts.SetLanguage("sk")),
+  EXPECT_EQ(TextsOf(texts.SetLanguage("sk")),
             (std::vector<std::string>{"Language set to Slovak", "translated by A. B.!"}));
   EXPECT_EQ(texts.Translator()(TR("a<b\r\nc'")), "d");
   EXPECT_EQ(texts.CurrentLanguage(), "sk");
-  EXPECT_EQ(Texts(texts.SetLanguage("xx")), (std::vector<std::string>{"Language set to English"}));
+  EXPECT_EQ(TextsOf(texts.SetLanguage("xx")), (std::vector<std::string>{"Language set to English"}));
   EXPECT_EQ(texts.CurrentLanguage(), "en");
 }
 
@@ -122,7 +122,7 @@ TEST_F(LocalisationTest, MergesATranslatorsFile) {
   EXPECT_EQ(result.remarks.size(), 1u) << "the unknown one";
   EXPECT_EQ(result.message.In(qor::InEnglish),
             "Translation file " + folder.File("t.xml") + " loaded successfully!");
-  EXPECT_EQ(Texts(texts.SetLanguage("de")).back(), "translated by C. D.!");
+  EXPECT_EQ(TextsOf(texts.SetLanguage("de")).back(), "translated by C. D.!");
   EXPECT_EQ(texts.Translate("Mode {1}"), "Modus {1}") << "an empty text changes nothing";
   EXPECT_EQ(texts.Translate("a<b\r\nc'"), "e\r\nf");
   EXPECT_EQ(texts.Translate("unknown"), "unknown");
@@ -177,7 +177,7 @@ TEST_F(LocalisationTest, BlamesTheXmlOnlyForItself) {
 TEST_F(LocalisationTest, TakesBackWhatItExports) {
   for (const char* text : {"", "new", "Mode {1}"}) texts.Translate(text);
   EXPECT_EQ(Exported().find("<string id=''"), std::string::npos) << "an empty text is none";
-  EXPECT_EQ(Texts(TestBytes(File("<string id='unknown'><de>g</de></string>")).remarks),
+  EXPECT_EQ(TextsOf(TestBytes(File("<string id='unknown'><de>g</de></string>")).remarks),
             std::vector<std::string>{"line 3, column 1: the program has no text 'unknown'"});
   const TranslationTest again = TestBytes(Exported());
   EXPECT_TRUE(again.isWhole);

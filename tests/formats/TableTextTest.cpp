@@ -6,9 +6,10 @@
 #include "tests/support/Curves.h"
 
 using test::Curve;
-using Texts = std::vector<std::string>;
 
 namespace {
+
+using Texts = std::vector<std::string>;
 
 Texts FaultsOf(std::string_view text) {
   Texts faults;
