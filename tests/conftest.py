@@ -8,7 +8,7 @@ import sys
 
 import pytest
 
-from runs import skip
+from runs import skip, start_wine
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 sys.path.append(str(ROOT / 'scripts/lib'))
@@ -58,4 +58,7 @@ def apart():
 
 @pytest.fixture(scope='session')
 def program(pytestconfig):
-    return words_of(pytestconfig)
+    words = words_of(pytestconfig)
+    if words[0] == 'wine':
+        start_wine()
+    return words

@@ -12,6 +12,12 @@ def skip(reason):
     (pytest.fail if os.environ.get('CI') == 'true' else pytest.skip)(reason)
 
 
+def start_wine(start=subprocess.Popen, **options):
+    """Wine's services begin with its first program, and would hold its pipes open."""
+    nothing = {'stdin': subprocess.DEVNULL, 'stdout': subprocess.DEVNULL, 'stderr': subprocess.DEVNULL}
+    start(['wine', 'cmd', '/c', 'exit'], **nothing, **options).wait()
+
+
 class Run:
     """What a run of a program left: status, out and err as lines, seconds."""
 

@@ -2,6 +2,7 @@
 """The networks of test_network.py: one for each worker, for one test at a time."""
 import collections
 import contextlib
+import functools
 import os
 import pathlib
 import subprocess
@@ -9,7 +10,7 @@ import subprocess
 import pytest
 
 from lab import HOME, Lab, ip
-from runs import Run
+from runs import Run, start_wine
 
 ADDRESSES = '10.77.0.11', '10.77.0.12', '10.77.0.13'
 Heard = collections.namedtuple('Heard', 'ms sender verdict packet frame')
@@ -101,7 +102,7 @@ def wine_environment(program, lab, tmp_path_factory):
         registry.unlink()
         registry.write_bytes(content)
     environment = {'WINEPREFIX': str(prefix)}
-    lab.start(HOME, ['wineboot'], stderr=subprocess.DEVNULL, env={**os.environ, **environment}).wait()
+    start_wine(functools.partial(lab.start, HOME), env={**os.environ, **environment})
     yield environment
     subprocess.run(['rm', '-rf', prefix], check=True)
 
