@@ -88,7 +88,7 @@ class Network:
 
 
 @pytest.fixture(scope='session')
-def wine_environment(program, lab, tmp_path_factory):
+def wine_environment(program, lab):
     """A wineserver owns the sockets of its programs, so each network has one, and each wineserver a prefix. Only the
     registry is written to; all else is linked."""
     if program[0] != 'wine':
